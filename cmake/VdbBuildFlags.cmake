@@ -1,0 +1,28 @@
+# What every target of this project is compiled with. Nothing of it is installed or handed on to hosts.
+add_library(vdbBuildFlags INTERFACE)
+target_compile_features(vdbBuildFlags INTERFACE cxx_std_20)
+target_compile_definitions(vdbBuildFlags INTERFACE
+  QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(vdbBuildFlags INTERFACE
+    -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override>
+    $<$<BOOL:${KVVENUEDATABASE_WERROR}>:-Werror>)
+endif()
+if(KVVENUEDATABASE_SANITIZE)
+  target_compile_options(vdbBuildFlags INTERFACE
+    -fsanitize=${KVVENUEDATABASE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  target_link_options(vdbBuildFlags INTERFACE -fsanitize=${KVVENUEDATABASE_SANITIZE})
+endif()
+
+# Makes a target of this project: our warnings, moc, and nothing visible that is not exported.
+function(vdb_configure_target target)
+  target_link_libraries(${target} PRIVATE vdbBuildFlags)
+  set_target_properties(${target} PROPERTIES
+    AUTOMOC ON
+    CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON
+    POSITION_INDEPENDENT_CODE ON)
+endfunction()

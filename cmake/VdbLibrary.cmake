@@ -1,0 +1,21 @@
+# The module itself: the objects of data/ and ui/ as one shared library.
+include(GNUInstallDirs)
+
+add_library(kvVenueDatabase SHARED $<TARGET_OBJECTS:vdbData> $<TARGET_OBJECTS:vdbUi>)
+add_library(kvVenueDatabase::kvVenueDatabase ALIAS kvVenueDatabase)
+vdb_configure_target(kvVenueDatabase)
+set_target_properties(kvVenueDatabase PROPERTIES
+  # The headers are moc'ed once already, by vdbData and vdbUi.
+  AUTOMOC OFF
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  VERIFY_INTERFACE_HEADER_SETS ON)
+target_compile_features(kvVenueDatabase PUBLIC cxx_std_20)
+target_link_libraries(kvVenueDatabase PUBLIC Qt6::Core Qt6::Network Qt6::Positioning Qt6::Gui Qt6::Widgets)
+
+foreach(part vdbData vdbUi)
+  get_target_property(publicHeaders ${part} VDB_PUBLIC_HEADERS)
+  list(APPEND vdbPublicHeaders ${publicHeaders})
+endforeach()
+target_sources(kvVenueDatabase PUBLIC
+  FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${vdbPublicHeaders})
