@@ -1,0 +1,14 @@
+#include <data/RequestUrl_p.h>
+
+namespace korvel::Data::VenueDatabase {
+
+QUrl RequestUrl(const QUrl& url)
+{
+    // QUrl keeps schemes in lower case.
+    const QString scheme = url.scheme();
+    const bool isAllowed = scheme == QLatin1String("https") || scheme == QLatin1String("http")
+        || scheme == QLatin1String("data");
+    return isAllowed ? url : QUrl();
+}
+
+} // namespace korvel::Data::VenueDatabase

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <data/VenueDatabaseExport.h>
+
+#include <QDate>
+#include <QDateTime>
+#include <QGeoAddress>
+#include <QString>
+#include <QVariant>
+
+namespace korvel::Data::VenueDatabase {
+
+/// One venue (a hall, theatre or room) as the venue database server describes it.
+///
+/// A plain value: copied memberwise, its texts implicitly shared. Texts come from the server as they are and
+/// may hold anything, markup included; show them as plain text. A record can be used in any thread that owns
+/// it.
+class KVVENUEDATABASE_API Venue
+{
+public:
+    /// Number of columns of the full set.
+    static const int c_elementCount = 11;
+    /// Number of columns of the minimised set, the one that the venue table shows.
+    static const int c_elementCountMinimized = 6;
+
+    /// An empty venue: id and editor -1, empty texts, null dates, full column set.
+    Venue() = default;
+    Venue(const Venue& other) = default;
+    Venue(Venue&& other) noexcept = default;
+    Venue& operator=(const Venue& other) = default;
+    Venue& operator=(Venue&& other) noexcept = default;
+    ~Venue() = default;
+
+    /// The venue's entity id on the server; -1 means none.
+    qint64 GetId() const;
+    /// Name of the building or complex.
+    QString GetComplexName() const;
+    /// Name of the hall or room inside the complex.
+    QString GetVenueRoomName() const;
+    QString GetGeneralComment() const;
+    /// Street, postal code, city, country code and country name.
+    QGeoAddress GetAddress() const;
+    /// The whole address as QGeoAddress::text() formats it for its country: lines joined by the literal text
+    /// "<br/>", nothing escaped.
+    QString GetAddressText() const;
+    QString GetCity() const;
+    /// The country's name, not its code; empty until SetCountry().
+    QString GetCountry() const;
+    QString GetLocationComment() const;
+    QString GetLoadDockStreetAddress() const;
+    QString GetLoadDockComment() const;
+    /// Clearance of the house rigging grid or beams above the venue floor in metres, as the text that was
+    /// entered.
+    QString GetClearingOfHouseGrid() const;
+    QString GetRiggingComment() const;
+    /// Date on which the venue was created on the server; null when unknown.
+    QDate GetUploadDate() const;
+    /// The upload date in the system locale's short format; empty for a null date.
+    QString GetUploadDateAsString() const;
+    /// Entity id of the user who last edited the venue; -1 means unknown.
+    qint64 GetEditor() const;
+    /// When the venue was last changed: UTC by meaning, but without time-zone information; null when unknown.
+    QDateTime GetEditDate() const;
+    /// The edit date in the system locale's short format; empty for a null date.
+    QString GetEditDateAsString() const;
+
+    void SetId(qint64 id);
+    void SetComplexName(const QString& complexName);
+    void SetVenueRoomName(const QString& venueRoomName);
+    void SetGeneralComment(const QString& generalComment);
+    /// Replaces the whole address.
+    void SetAddress(const QGeoAddress& address);
+    void SetStreetAddress(const QString& streetAddress);
+    void SetPostalCode(const QString& postalCode);
+    void SetCity(const QString& city);
+    /// Sets the code only; the country name stays as it is.
+    void SetCountryCode(const QString& countryCode);
+    /// Sets the country's name only.
+    void SetCountry(const QString& country);
+    void SetLocationComment(const QString& locationComment);
+    void SetLoadDockStreetAddress(const QString& streetAddress);
+    void SetLoadDockComment(const QString& comment);
+    void SetClearingOfHouseGrid(const QString& clearance);
+    void SetRiggingComment(const QString& comment);
+    void SetUploadDate(const QDate& uploadDate);
+    void SetEditor(qint64 editor);
+    void SetEditDate(const QDateTime& editDate);
+    /// True makes GetDataAt() answer with the minimised column set, false (the default) with the full one.
+    void SetMinimizedElementCount(bool minimized);
+
+    /// The value of column \p index of this record's column set: qint64, QString, QDate or QDateTime, dates
+    /// unformatted. Any other index, and column 10 of the full set, gives an invalid variant.
+    QVariant GetDataAt(qint64 index) const;
+
+    /// The translated header label of column \p index, empty where there is none.
+    ///
+    /// From index 6 on the labels of the full set follow the sections of the details panel and do not match
+    /// GetDataAt(): label 8 is the clearance, data column 8 the upload date. The minimised set is consistent.
+    static QString GetLabelAt(qint64 index, bool minimized);
+    /// Number of columns: 6 for the minimised set, 11 for the full one.
+    static int Size(bool minimized);
+
+private:
+    bool m_minimized = false;
+    qint64 m_id = -1;
+    QString m_complexName;
+    QString m_venueRoomName;
+    QString m_generalComment;
+    QGeoAddress m_address;
+    QString m_locationComment;
+    QString m_loadDockStreetAddress;
+    QString m_loadDockComment;
+    QString m_clearingOfHouseGrid;
+    QString m_riggingComment;
+    QDate m_uploadDate;
+    qint64 m_editor = -1;
+    QDateTime m_editDate;
+};
+
+} // namespace korvel::Data::VenueDatabase
