@@ -1,0 +1,71 @@
+#include <support/ConnectorStub.h>
+
+namespace korvel::Test {
+
+using namespace Data::VenueDatabase;
+
+ConnectorStub::ConnectorStub(QObject* parent)
+    : QObject(parent)
+{
+}
+
+ConnectorStub::~ConnectorStub() = default;
+
+ResultStatus ConnectorStub::FindVenueEntries(Filters filters, QList<Venue>& found)
+{
+    searches.append(filters);
+    calls.append(QStringLiteral("find"));
+    // A copy: the script may delete the stub.
+    if (const auto script = onFindVenues)
+        return script(filters, found);
+    found = venues;
+    return Ok;
+}
+
+QList<User> ConnectorStub::FindUserEntries(Filters /*filters*/)
+{
+    return {};
+}
+
+QList<Picture> ConnectorStub::GetPictureEntries(qint64 venueId)
+{
+    calls.append(QStringLiteral("pictures %1").arg(venueId));
+    if (const auto script = onGetPictures)
+        return script(venueId);
+    return {};
+}
+
+QList<TsFile> ConnectorStub::GetTSFileEntries(qint64 venueId)
+{
+    calls.append(QStringLiteral("files %1").arg(venueId));
+    if (const auto script = onGetFiles)
+        return script(venueId);
+    return {};
+}
+
+QByteArray ConnectorStub::GetPictureBinaryData(const QString& /*url*/)
+{
+    return {};
+}
+
+QList<Venue> ConnectorStub::GetAllVenueEntries()
+{
+    return {};
+}
+
+QList<Venue> ConnectorStub::GetVenueEntries()
+{
+    return {};
+}
+
+QList<User> ConnectorStub::GetAllUserEntries()
+{
+    return {};
+}
+
+QList<User> ConnectorStub::GetUserEntries()
+{
+    return {};
+}
+
+} // namespace korvel::Test
