@@ -1,0 +1,123 @@
+#include <ui/VenueDbDialogBase.h>
+
+#include <ui/CustomStyle_p.h>
+#include <ui/VenueDbSignalHandler.h>
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSizePolicy>
+#include <QVBoxLayout>
+
+namespace korvel::Ui::VenueDatabase {
+
+namespace {
+
+QPushButton* CreateFooterButton(const QString& text, QWidget* parent)
+{
+    auto* button = new QPushButton(text, parent);
+    SetCustomStyle(button, QLatin1String("buttonKorvelDefault"));
+    button->setMinimumWidth(90);
+    button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+    return button;
+}
+
+} // namespace
+
+VenueDbDialogBase::VenueDbDialogBase(QWidget* parent)
+    : QDialog(parent)
+    , m_helpShortcut(new QShortcut(QKeySequence::HelpContents, this))
+{
+    SetupBaseUi();
+    ConnectBaseSignals();
+}
+
+VenueDbDialogBase::~VenueDbDialogBase() = default;
+
+QVBoxLayout* VenueDbDialogBase::GetBaseLayout() const
+{
+    return m_baseLayout;
+}
+
+QLabel* VenueDbDialogBase::GetStatusLabel() const
+{
+    return m_statusLabel;
+}
+
+void VenueDbDialogBase::SetContentWidget(QWidget* widget)
+{
+    m_baseLayout->insertWidget(0, widget);
+}
+
+void VenueDbDialogBase::SetStatusLabelText(QString text)
+{
+    m_statusLabel->setText(text);
+}
+
+void VenueDbDialogBase::OnCloseWindowRequested()
+{
+    hide();
+}
+
+void VenueDbDialogBase::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_B && event->modifiers().testFlag(Qt::ControlModifier)) {
+        // The last act: the host's handler may delete the dialog.
+        Q_EMIT DayModeChangeRequested();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void VenueDbDialogBase::ConnectBaseSignals()
+{
+    connect(m_closeButton, &QPushButton::clicked, this, &VenueDbDialogBase::OnCloseWindowRequested);
+    connect(m_helpButton, &QPushButton::clicked, VenueDbSignalHandler::GetInstance(),
+            &VenueDbSignalHandler::HelpRequested);
+    connect(m_helpShortcut, &QShortcut::activated, VenueDbSignalHandler::GetInstance(),
+            &VenueDbSignalHandler::HelpRequested);
+    connect(this, &VenueDbDialogBase::DayModeChangeRequested, VenueDbSignalHandler::GetInstance(),
+            &VenueDbSignalHandler::DayModeChangeRequested);
+}
+
+void VenueDbDialogBase::SetupBaseUi()
+{
+    m_baseLayout = new QVBoxLayout;
+    m_baseLayout->setContentsMargins(0, 0, 0, 0);
+    m_baseLayout->setAlignment(Qt::AlignHCenter);
+    m_baseLayout->setSpacing(0);
+    // Deliberate: no style sheet reaches a layout, but the value belongs to the module's styling interface.
+    SetCustomStyle(m_baseLayout, QLatin1String("dialogKorvelDefault"));
+    SetCustomStyle(this, QLatin1String("widgetKorvelDefault"));
+
+    m_baseLayout->addWidget(SetupFooterUi());
+    setLayout(m_baseLayout);
+}
+
+QFrame* VenueDbDialogBase::SetupFooterUi()
+{
+    auto* footer = new QFrame(this);
+    auto* layout = new QHBoxLayout;
+
+    m_statusLabel = new QLabel(this);
+    m_statusLabel->setTextFormat(Qt::PlainText);
+    SetCustomStyle(m_statusLabel, QLatin1String("labelKorvelDefault"));
+    layout->addWidget(m_statusLabel);
+
+    m_closeButton = CreateFooterButton(tr("Close"), this);
+    m_helpButton = CreateFooterButton(tr("Help"), this);
+    layout->addWidget(m_closeButton);
+    layout->addWidget(m_helpButton);
+
+    layout->setContentsMargins(0, 0, 0, 0);
+    footer->setLayout(layout);
+    footer->setContentsMargins(8, 8, 8, 8);
+    SetCustomStyle(footer, QLatin1String("frameKorvelButtonBox"));
+    return footer;
+}
+
+} // namespace korvel::Ui::VenueDatabase
