@@ -19,3 +19,8 @@ foreach(part vdbData vdbUi)
 endforeach()
 target_sources(kvVenueDatabase PUBLIC
   FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${vdbPublicHeaders})
+
+# A symbol that is missing must fail here, not in the host that loads us. The sanitizers leave theirs to the program.
+if(UNIX AND NOT APPLE AND NOT KVVENUEDATABASE_SANITIZE)
+  target_link_options(kvVenueDatabase PRIVATE -Wl,--no-undefined)
+endif()
