@@ -1,0 +1,48 @@
+#pragma once
+
+#include <data/Venue.h>
+#include <data/VenueDatabaseExport.h>
+
+#include <QAbstractTableModel>
+#include <QList>
+
+namespace korvel::Ui::VenueDatabase {
+
+/// The venues of the last search as a read-only table, one row per venue in the order of the list, in the
+/// minimised column set of the record.
+///
+/// Cells are unformatted values, dates included; texts come from the server as they are. Answers no role but
+/// Qt::DisplayRole. User-interface thread only.
+class KVVENUEDATABASE_API VenueTableModel : public QAbstractTableModel
+{
+    // Deliberate: no Q_OBJECT; the model adds no signal, slot or property.
+
+public:
+    /// An empty model without parent; its creator deletes it.
+    VenueTableModel();
+    ~VenueTableModel() override;
+
+    /// Replaces all rows by \p venues: a model reset.
+    void SetVenueData(const QList<Data::VenueDatabase::Venue>& venues);
+    /// Copies the whole record of the row of \p index to \p venue, its column-set flag included. \p index is
+    /// one of this model: indexes of a proxy are to be mapped first. A row that does not exist leaves \p
+    /// venue as it is.
+    void GetSingleVenueData(const QModelIndex& index, Data::VenueDatabase::Venue* venue) const;
+
+    /// The number of venues; 0 below a row.
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    /// 6, also for an empty list; 0 below a row.
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    /// Id, complex name, venue/room name, city, country, editing date; invalid outside the table.
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    /// Horizontally the translated label, empty behind the last column; vertically the id of the venue,
+    /// invalid outside the table.
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    bool HasRow(int row) const;
+
+    QList<Data::VenueDatabase::Venue> m_venues;
+};
+
+} // namespace korvel::Ui::VenueDatabase
