@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Theme.h"
+#include "VenueDatabaseEmbedding.h"
+
+#include <QMainWindow>
+
+class QAction;
+
+namespace korvel::Demo {
+
+class HelpWindow;
+class PlanView;
+
+/// Tessra's main window: the stage plan, the way to the venue database, theme, help, quit.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// \p dayMode: the theme to start with, true for the light one.
+    explicit MainWindow(bool dayMode);
+    ~MainWindow() override;
+
+private:
+    void SetupUi();
+    void SetupToolBar();
+    void SetupMenus();
+    void ConnectSignals();
+
+    void ToggleTheme();
+    void ApplyTheme(bool dayMode);
+    void ShowVenue(const VenueModel& venue);
+    void ShowHelp();
+
+    PlanView* m_planView = nullptr;
+    HelpWindow* m_help = nullptr;
+    QAction* m_venueDatabaseAction = nullptr;
+    QAction* m_themeAction = nullptr;
+    QAction* m_helpAction = nullptr;
+    Theme m_theme;
+    VenueDatabaseEmbedding m_venueDatabase;
+};
+
+} // namespace korvel::Demo
