@@ -147,10 +147,11 @@ bool TsFile::CopyToTempFolder()
         file->setFileTemplate(file->fileTemplate() + QLatin1Char('-') + m_fileName);
     if (!file->open())
         return false;
-    if (renames && !file->rename(file->fileName() + QLatin1Char('-') + m_fileName))
-        return false;
     // Small data sits in Qt's buffer until the flush: only that tells whether the disk took it.
     if (file->write(m_fileData) != m_fileData.size() || !file->flush())
+        return false;
+    // Renaming closes the file, so it comes last.
+    if (renames && !file->rename(file->fileName() + QLatin1Char('-') + m_fileName))
         return false;
     if (!StandsDirectlyInTempFolder(file->fileName()))
         return false;

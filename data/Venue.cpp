@@ -5,6 +5,10 @@
 
 namespace korvel::Data::VenueDatabase {
 
+// Definitions, so that callers can bind references to the constants.
+const int Venue::c_elementCount;
+const int Venue::c_elementCountMinimized;
+
 qint64 Venue::GetId() const
 {
     return m_id;
