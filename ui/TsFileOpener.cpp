@@ -1,0 +1,134 @@
+#include <ui/TsFileOpener.h>
+
+#include <data/Logging_p.h>
+#include <ui/CustomStyle_p.h>
+#include <ui/VenueDbSignalHandler.h>
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSizePolicy>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace korvel::Ui::VenueDatabase {
+
+using Data::VenueDatabase::TsFile;
+using Data::VenueDatabase::VdbLog;
+
+TsFileOpener::TsFileOpener(QWidget* parent)
+    : QWidget(parent)
+{
+    SetupUi();
+    ConnectSignals();
+}
+
+TsFileOpener::~TsFileOpener() = default;
+
+void TsFileOpener::UpdateUi(QList<TsFile>* files)
+{
+    m_fileComboBox->clear();
+    if (files->isEmpty()) {
+        m_importButton->setEnabled(false);
+        m_files.clear();
+        m_selectedFile.reset();
+        return;
+    }
+
+    m_files = *files;
+    m_importButton->setEnabled(true);
+    for (const TsFile& file : std::as_const(m_files))
+        m_fileComboBox->addItem(file.GetFileName());
+    SelectFile(m_files.constFirst());
+}
+
+void TsFileOpener::ResetUi() const
+{
+    m_importButton->setEnabled(false);
+    m_fileComboBox->clear();
+}
+
+void TsFileOpener::ConnectSignals()
+{
+    connect(m_importButton, &QPushButton::clicked, this, &TsFileOpener::OnTsFileButtonClicked);
+    connect(m_fileComboBox, &QComboBox::currentIndexChanged, this,
+            &TsFileOpener::OnTsFileComboBoxCurrentIndexChanged);
+    connect(m_fileComboBox, &QComboBox::activated, this, &TsFileOpener::OnTsFileComboBoxCurrentIndexChanged);
+    connect(this, &TsFileOpener::ImportVenueFromTempFileRequest, VenueDbSignalHandler::GetInstance(),
+            &VenueDbSignalHandler::ImportVenueFromTempFileRequest);
+    connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, this,
+            [this](bool loaded) { setEnabled(loaded); });
+}
+
+void TsFileOpener::OnTsFileComboBoxCurrentIndexChanged()
+{
+    const int index = m_fileComboBox->currentIndex();
+    if (index >= 0 && index < m_files.size()) {
+        SelectFile(m_files.at(index));
+        return;
+    }
+    m_versionLabel->clear();
+}
+
+void TsFileOpener::OnTsFileButtonClicked()
+{
+    if (!m_selectedFile)
+        return;
+    if (!m_selectedFile->CopyToTempFolder()) {
+        qCCritical(VdbLog) << "An error occurred while writing TSFile to disk.";
+        return;
+    }
+    setEnabled(false);
+    // The last act: the host's handler may delete the dialog and with it this opener.
+    Q_EMIT ImportVenueFromTempFileRequest(m_selectedFile->GetTempPath());
+}
+
+void TsFileOpener::paintEvent(QPaintEvent* /*event*/)
+{
+    PaintStyledBackground(this);
+}
+
+void TsFileOpener::SetupUi()
+{
+    auto* layout = new QVBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    setLayout(layout);
+    auto* row = new QHBoxLayout;
+    layout->addLayout(row);
+
+    auto* label = new QLabel(tr("File selector: "), this);
+    SetCustomStyle(label, QLatin1String("labelKorvelLight"));
+    label->setFixedWidth(140);
+    row->addWidget(label);
+
+    m_fileComboBox = new QComboBox(this);
+    SetCustomStyle(m_fileComboBox, QLatin1String("comboBoxKorvelDefault"));
+    m_fileComboBox->setMinimumWidth(100);
+    // File names come from the server: however long one is, it must not widen the panel.
+    m_fileComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    row->addWidget(m_fileComboBox);
+
+    m_importButton = new QPushButton(tr("Import to Tessra"), this);
+    SetCustomStyle(m_importButton, QLatin1String("buttonKorvelDefault"));
+    m_importButton->setEnabled(false);
+    m_importButton->setMinimumWidth(125);
+    m_importButton->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+    row->addWidget(m_importButton);
+
+    // Deliberate: in no layout. It stays where a new child stands, at the top left; hosts place and style it
+    // by its object name.
+    m_versionLabel = new QLabel(this);
+    m_versionLabel->setObjectName(QStringLiteral("tsFileVersionLabel"));
+    m_versionLabel->setTextFormat(Qt::PlainText);
+    SetCustomStyle(m_versionLabel, QLatin1String("labelKorvelLight"));
+}
+
+void TsFileOpener::SelectFile(const TsFile& file)
+{
+    m_versionLabel->setText(file.GetTsVersion());
+    m_selectedFile = std::make_unique<TsFile>(file);
+}
+
+} // namespace korvel::Ui::VenueDatabase
