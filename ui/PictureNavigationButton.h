@@ -1,0 +1,45 @@
+#pragma once
+
+#include <data/VenueDatabaseExport.h>
+
+#include <QPushButton>
+
+namespace korvel::Ui::VenueDatabase {
+
+/// The translucent round button over the left or right edge of a picture, which asks for the previous or the
+/// next one. It covers the whole height of its parent's edge and draws itself; it has no text and no icon.
+///
+/// It reports the press itself: it never looks pressed and a mouse never makes it emit clicked().
+class KVVENUEDATABASE_API PictureNavigationButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    /// \p direction is -1 for the left edge (previous) or +1 for the right one (next). Any other value gives
+    /// a disc without chevron that does not place itself.
+    explicit PictureNavigationButton(int direction, QWidget* parent = nullptr);
+    ~PictureNavigationButton() override;
+
+    /// True: the light theme (dark disc, white chevron). Initially false.
+    void SetDayMode(bool dayMode);
+    /// Gives the button its parent's height and a twelfth of its width, but 32 to 80 pixels, and stands it on
+    /// its edge, moved right by \p offset pixels. Does nothing without a parent.
+    void AdjustToParent(int offset);
+
+Q_SIGNALS:
+    /// A mouse button was pressed on this button; \p direction is the button's own.
+    void PictureNavigationClicked(int direction);
+
+protected:
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    qint32 m_direction = 0;
+    bool m_isHovered = false;
+    bool m_dayMode = false;
+};
+
+} // namespace korvel::Ui::VenueDatabase
