@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QMutex>
+#include <QObject>
+#include <QString>
+
+#include <utility>
+
+namespace korvel::Demo {
+
+/// One request as the server received it.
+struct RequestRecord
+{
+    qint64 id = 0; ///< counts from 1
+    qint64 connectionId = 0; ///< the tunnel or direct connection it came through, see ConnectRecord
+    QDateTime time; ///< UTC, when the header was read
+    QByteArray method;
+    QString host; ///< without port
+    QByteArray target; ///< path and query as sent
+    QString path; ///< decoded
+    QList<std::pair<QString, QString>> query; ///< decoded, in the order sent
+    QList<std::pair<QByteArray, QByteArray>> headers; ///< sorted by name
+    int status = 0; ///< of the answer; 0 while there is none and when none was ever sent
+};
+
+/// One connection of a client: a CONNECT to the proxy, or a direct connection to the HTTPS port.
+struct ConnectRecord
+{
+    qint64 connectionId = 0; ///< counts from 1
+    QDateTime time; ///< UTC
+    QString host; ///< "localhost" for a direct connection
+    quint16 port = 0;
+    int status = 0; ///< answered to CONNECT: 200, 502 ...; 0: closed or left without an answer
+};
+
+/// Everything that clients asked the server. All members may be used from every thread.
+///
+/// A test whose client lives in its own thread waits with QTRY_COMPARE(log.RequestCount(), n) or with a signal
+/// spy: no member blocks.
+class RequestLog : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit RequestLog(QObject* parent = nullptr);
+
+    /// All requests in the order of their arrival.
+    QList<RequestRecord> Requests() const;
+    /// The requests whose target as sent, or the same percent-decoded, contains \p text.
+    QList<RequestRecord> Requests(const QString& text) const;
+    /// The latest request; a default record when there is none.
+    RequestRecord LastRequest() const;
+    qsizetype RequestCount() const;
+    qsizetype RequestCount(const QString& text) const;
+
+    QList<ConnectRecord> Connects() const;
+    qsizetype ConnectCount() const;
+    /// The number of TLS handshakes that succeeded.
+    qsizetype TlsConnectionCount() const;
+
+    /// Forgets everything; ids go on counting.
+    void Clear();
+
+    /// For the server: notes \p request and returns its id.
+    qint64 AddRequest(RequestRecord request);
+    /// For the server: the status with which the request \p id was answered.
+    void SetStatus(qint64 id, int status);
+    /// For the server: notes a connection and returns its id.
+    qint64 AddConnect(ConnectRecord connect);
+    /// For the server: the status with which the CONNECT \p connectionId was answered.
+    void SetConnectStatus(qint64 connectionId, int status);
+    /// For the server: one more TLS handshake succeeded.
+    void AddTlsConnection();
+
+Q_SIGNALS:
+    /// A request arrived. Emitted in a thread of the server: receivers need a queued connection, which the
+    /// automatic one is for an object of another thread.
+    void RequestReceived(qint64 id);
+    /// The request \p id is about to be answered with \p status. Emitted like RequestReceived().
+    void RequestAnswered(qint64 id, int status);
+    /// A connection was noted. Emitted like RequestReceived().
+    void ConnectReceived(qint64 connectionId);
+
+private:
+    mutable QMutex m_mutex;
+    QList<RequestRecord> m_requests;
+    QList<ConnectRecord> m_connects;
+    qint64 m_requestIds = 0;
+    qint64 m_connectIds = 0;
+    qsizetype m_tlsConnections = 0;
+};
+
+/// True when \p target, as sent or percent-decoded, contains \p text.
+bool TargetContains(const QByteArray& target, const QString& text);
+
+} // namespace korvel::Demo
