@@ -27,8 +27,7 @@ constexpr std::array c_rooms{"Main Hall", "Grand Salle", "Studio", "Foyer", "Kam
 constexpr std::array c_words{"dock",  "leveller", "truck", "access", "street",  "grid",   "steel", "beam",
                              "point", "load",     "stage", "lift",   "manager", "before", "with",  "notice"};
 
-template <typename Choices>
-QString Pick(QRandomGenerator& random, const Choices& choices)
+template <typename Choices> QString Pick(QRandomGenerator& random, const Choices& choices)
 {
     return QString::fromUtf8(choices[random.bounded(static_cast<quint32>(choices.size()))]);
 }
@@ -80,7 +79,8 @@ VenueRecord CatalogueGenerator::Venue(qsizetype index) const
     venue.clearance = QString::number(4.0 + random.bounded(160) / 10.0, 'f', 1);
     venue.riggingSpecialties = Sentence(random, 8);
     venue.created = created.date().toString(Qt::ISODate);
-    venue.changed = created.addSecs(random.bounded(31536000)).toString(QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"));
+    venue.changed
+        = created.addSecs(random.bounded(31536000)).toString(QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"));
     if (m_settings.venuesPerUser > 0) {
         venue.editor = Editor(index).id;
     }
@@ -96,9 +96,9 @@ VenueRecord CatalogueGenerator::Venue(qsizetype index) const
         QByteArray content = file.toLatin1() + '\n';
         content.append(m_settings.modelFileSize, '#');
         content.truncate(m_settings.modelFileSize);
-        venue.modelFiles.append({QStringLiteral("tessra-%1-%2").arg(id).arg(i + 1),
-                                 QStringLiteral("Hall %1.tessra").arg(i + 1), file,
-                                 venue.created + QStringLiteral("T09:00:00+00:00"), QStringLiteral("4.2"), content});
+        venue.modelFiles.append(
+            {QStringLiteral("tessra-%1-%2").arg(id).arg(i + 1), QStringLiteral("Hall %1.tessra").arg(i + 1),
+             file, venue.created + QStringLiteral("T09:00:00+00:00"), QStringLiteral("4.2"), content});
     }
     return venue;
 }

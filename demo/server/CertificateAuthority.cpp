@@ -30,12 +30,14 @@ void AddExtension(X509* certificate, X509* issuer, int nid, const QByteArray& va
     X509_EXTENSION_free(extension);
 }
 
-std::shared_ptr<X509> MakeCertificate(EVP_PKEY* key, const QByteArray& commonName, long firstSecond, long lastSecond)
+std::shared_ptr<X509> MakeCertificate(EVP_PKEY* key, const QByteArray& commonName, long firstSecond,
+                                      long lastSecond)
 {
     std::shared_ptr<X509> certificate(X509_new(), X509_free);
     X509_set_version(certificate.get(), X509_VERSION_3);
     // A fresh number each time: clients refuse two certificates of one issuer that share theirs.
-    ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate.get()), QRandomGenerator::global()->generate64() >> 1);
+    ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate.get()),
+                            QRandomGenerator::global()->generate64() >> 1);
     X509_gmtime_adj(X509_getm_notBefore(certificate.get()), firstSecond);
     X509_gmtime_adj(X509_getm_notAfter(certificate.get()), lastSecond);
     X509_set_pubkey(certificate.get(), key);

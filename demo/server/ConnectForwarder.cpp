@@ -31,7 +31,8 @@ bool ConnectForwarder::Start(quint16 proxyPort, quint16 directPort, quint16 upst
     m_thread.start();
     m_context = new QObject;
     m_context->moveToThread(&m_thread);
-    QMetaObject::invokeMethod(m_context, [=, this] { Listen(proxyPort, directPort); }, Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(
+        m_context, [=, this] { Listen(proxyPort, directPort); }, Qt::BlockingQueuedConnection);
     if (!m_errorText.isEmpty()) {
         Stop();
         return false;
@@ -44,7 +45,8 @@ void ConnectForwarder::Stop()
     if (m_context == nullptr) {
         return;
     }
-    QMetaObject::invokeMethod(m_context, [this] { Close(); }, Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(
+        m_context, [this] { Close(); }, Qt::BlockingQueuedConnection);
     m_thread.quit();
     m_thread.wait();
     delete m_context;
@@ -94,9 +96,11 @@ QList<NetworkFault> ConnectForwarder::TakeFaults(const QString& host)
     const QMutexLocker lock(&m_mutex);
     QList<NetworkFault> due;
     for (FaultEntry& entry : m_faults) {
-        const bool concerned = entry.fault.host.isEmpty() || entry.fault.host.compare(host, Qt::CaseInsensitive) == 0;
-        const bool taken = std::any_of(due.cbegin(), due.cend(),
-                                       [&entry](const NetworkFault& other) { return other.kind == entry.fault.kind; });
+        const bool concerned
+            = entry.fault.host.isEmpty() || entry.fault.host.compare(host, Qt::CaseInsensitive) == 0;
+        const bool taken = std::any_of(due.cbegin(), due.cend(), [&entry](const NetworkFault& other) {
+            return other.kind == entry.fault.kind;
+        });
         if (!concerned || taken || entry.times == 0) {
             continue;
         }

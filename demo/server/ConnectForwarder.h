@@ -19,11 +19,11 @@ namespace korvel::Demo {
 class RequestLog;
 class Tunnel;
 
-/// An HTTP CONNECT proxy on 127.0.0.1 that leads known host names, port 443, to one local TLS server, and damages
-/// connections on demand. It also accepts direct connections to that server on a port of its own.
+/// An HTTP CONNECT proxy on 127.0.0.1 that leads known host names, port 443, to one local TLS server, and
+/// damages connections on demand. It also accepts direct connections to that server on a port of its own.
 ///
-/// All sockets live in a thread of the forwarder. Public members may be used from every thread, Start() and Stop()
-/// from one at a time.
+/// All sockets live in a thread of the forwarder. Public members may be used from every thread, Start() and
+/// Stop() from one at a time.
 class ConnectForwarder
 {
 public:
@@ -38,9 +38,18 @@ public:
     /// Closes every connection and the ports. Returns when that is done.
     void Stop();
 
-    const QString& ErrorText() const { return m_errorText; }
-    quint16 ProxyPort() const { return m_proxyPort; }
-    quint16 DirectPort() const { return m_directPort; }
+    const QString& ErrorText() const
+    {
+        return m_errorText;
+    }
+    quint16 ProxyPort() const
+    {
+        return m_proxyPort;
+    }
+    quint16 DirectPort() const
+    {
+        return m_directPort;
+    }
 
     /// Makes \p host known; others are answered with 502.
     void AddHost(const QString& host);
@@ -50,7 +59,8 @@ public:
     void AddFault(const NetworkFault& fault);
     void ClearFaults();
 
-    /// What the TLS server may ask about a connection that reached it from the local port \p upstreamLocalPort.
+    /// What the TLS server may ask about a connection that reached it from the local port \p
+    /// upstreamLocalPort.
     struct ConnectionInfo
     {
         qint64 connectionId = 0;
@@ -58,8 +68,8 @@ public:
     };
     ConnectionInfo Info(quint16 upstreamLocalPort) const;
 
-    /// Makes the end of this connection, as soon as the TLS server closes it, a TCP reset towards the client. Every
-    /// byte sent before arrives first. Call before closing.
+    /// Makes the end of this connection, as soon as the TLS server closes it, a TCP reset towards the client.
+    /// Every byte sent before arrives first. Call before closing.
     void ResetWhenClosed(quint16 upstreamLocalPort);
 
 private:

@@ -90,10 +90,19 @@ public:
         qint64 cutAfter = -1;
         qint64 resetAfter = -1;
     };
-    const Effect& GetEffect() const { return m_effect; }
-    int GetSkip() const { return m_skip; }
+    const Effect& GetEffect() const
+    {
+        return m_effect;
+    }
+    int GetSkip() const
+    {
+        return m_skip;
+    }
     /// -1: every time.
-    int GetTimes() const { return m_times; }
+    int GetTimes() const
+    {
+        return m_times;
+    }
 
 private:
     QString m_text;

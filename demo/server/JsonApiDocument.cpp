@@ -106,7 +106,8 @@ void JsonApiDocument::WriteAttributes(const VenueRecord& venue)
     bool insideAddress = false;
     for (const VenueText& text : VenueCatalogue::Texts()) {
         static const QByteArray c_addressPrefix = "address.";
-        const QByteArray path = QByteArray::fromRawData(text.path, static_cast<qsizetype>(qstrlen(text.path)));
+        const QByteArray path
+            = QByteArray::fromRawData(text.path, static_cast<qsizetype>(qstrlen(text.path)));
         const bool ofAddress = path.startsWith(c_addressPrefix);
         const QString& value = venue.*text.member;
         if (value.isNull()) {
@@ -257,7 +258,9 @@ void JsonApiDocument::IncludeModelFile(const ModelFileRecord& file)
     m_included.Member("type", QStringLiteral("tessra")).Member("id", file.id);
     WriteSelfLink(m_included, QStringLiteral("/api/tessra/") + file.id);
     m_included.Key("attributes").BeginObject();
-    m_included.Member("name", file.name).Member("created", file.created).Member("file_version", file.fileVersion);
+    m_included.Member("name", file.name)
+        .Member("created", file.created)
+        .Member("file_version", file.fileVersion);
     m_included.EndObject();
     m_included.Key("relationships").BeginObject().Key("file").BeginObject().Key("data").BeginObject();
     m_included.Member("type", QStringLiteral("file")).Member("id", FileId(file.id));

@@ -15,8 +15,8 @@ public:
     /// The one media type of every JSON answer.
     static constexpr const char* c_mediaType = "application/vnd.api+json";
 
-    /// Links lead to https://\p host; \p target is the request's path and query as sent. \p includes lists the
-    /// relationships whose resources go into "included", see VenueQuery::Includes().
+    /// Links lead to https://\p host; \p target is the request's path and query as sent. \p includes lists
+    /// the relationships whose resources go into "included", see VenueQuery::Includes().
     JsonApiDocument(const QString& host, const QByteArray& target, const QStringList& includes);
 
     /// Appends \p venue and what it includes. \p editor is the user that its editor names, null when unknown.

@@ -31,7 +31,10 @@ public:
     /// Key() and Text(); nothing at all when \p text is null.
     JsonWriter& Member(const char* name, const QString& text);
 
-    const QByteArray& Json() const { return m_json; }
+    const QByteArray& Json() const
+    {
+        return m_json;
+    }
     /// Hands the text over and starts anew.
     QByteArray Take();
 

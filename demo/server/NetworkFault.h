@@ -25,8 +25,8 @@ struct NetworkFault
     Kind kind = Kind::RefuseConnection;
     qint64 value = 0;
     CertificateKind certificate = CertificateKind::Good;
-    /// Host of the connections concerned; empty: every host. Direct connections to the HTTPS port are those to
-    /// "localhost", and only the kinds from BadCertificate on and RefuseConnection apply to them.
+    /// Host of the connections concerned; empty: every host. Direct connections to the HTTPS port are those
+    /// to "localhost", and only the kinds from BadCertificate on and RefuseConnection apply to them.
     QString host;
     int skip = 0; ///< connections that pass unharmed first
     int times = -1; ///< connections concerned then; -1: all

@@ -14,8 +14,8 @@ namespace {
 QString CacheName(const VenueRecord& venue, const PictureRecord& picture, QSize size)
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    for (const QString& text : {picture.id, picture.view, venue.title, venue.venueRoomName, venue.locality,
-                                venue.countryCode}) {
+    for (const QString& text :
+         {picture.id, picture.view, venue.title, venue.venueRoomName, venue.locality, venue.countryCode}) {
         hash.addData(text.toUtf8());
         hash.addData(QByteArrayView("\0", 1));
     }
@@ -44,7 +44,8 @@ QSize PictureStore::RenditionSize(const QString& rendition)
     return rendition == QLatin1String("large") ? QSize(3000, 2000) : QSize();
 }
 
-QByteArray PictureStore::File(const VenueRecord& venue, const PictureRecord& picture, const QString& rendition)
+QByteArray PictureStore::File(const VenueRecord& venue, const PictureRecord& picture,
+                              const QString& rendition)
 {
     const QSize size = RenditionSize(rendition);
     const QString name = CacheName(venue, picture, size);
@@ -66,7 +67,8 @@ QByteArray PictureStore::File(const VenueRecord& venue, const PictureRecord& pic
     return bytes;
 }
 
-QByteArray PictureStore::Make(const QString& name, const VenueRecord& venue, const PictureRecord& picture, QSize size)
+QByteArray PictureStore::Make(const QString& name, const VenueRecord& venue, const PictureRecord& picture,
+                              QSize size)
 {
     if (m_folder.isEmpty()) {
         return m_source(venue, picture, size);

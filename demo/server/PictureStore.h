@@ -18,7 +18,8 @@ namespace korvel::Demo {
 using PictureSource
     = std::function<QByteArray(const VenueRecord& venue, const PictureRecord& picture, QSize size)>;
 
-/// Makes picture files when they are first asked for and keeps them: in memory, and in a folder where one is given.
+/// Makes picture files when they are first asked for and keeps them: in memory, and in a folder where one is
+/// given.
 ///
 /// All members may be used from every thread; one file is never made twice at a time.
 class PictureStore

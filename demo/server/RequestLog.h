@@ -38,8 +38,8 @@ struct ConnectRecord
 
 /// Everything that clients asked the server. All members may be used from every thread.
 ///
-/// A test whose client lives in its own thread waits with QTRY_COMPARE(log.RequestCount(), n) or with a signal
-/// spy: no member blocks.
+/// A test whose client lives in its own thread waits with QTRY_COMPARE(log.RequestCount(), n) or with a
+/// signal spy: no member blocks.
 class RequestLog : public QObject
 {
     Q_OBJECT

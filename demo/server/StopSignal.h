@@ -5,7 +5,8 @@
 
 namespace korvel::Demo {
 
-/// Lets threads wait in a way that the end of the server interrupts. All members may be used from every thread.
+/// Lets threads wait in a way that the end of the server interrupts. All members may be used from every
+/// thread.
 class StopSignal
 {
 public:

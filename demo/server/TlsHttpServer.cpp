@@ -43,8 +43,8 @@ quint16 PeerPort(int socket)
 
 } // namespace
 
-TlsHttpServer::TlsHttpServer(const QString& host, const CertificateAuthority& authority, ConnectForwarder& forwarder,
-                             FaultPlan& faults, RequestLog& log, Handler handler)
+TlsHttpServer::TlsHttpServer(const QString& host, const CertificateAuthority& authority,
+                             ConnectForwarder& forwarder, FaultPlan& faults, RequestLog& log, Handler handler)
     : m_host(host)
     , m_authority(authority)
     , m_forwarder(forwarder)
@@ -63,7 +63,7 @@ TlsHttpServer::TlsHttpServer(const QString& host, const CertificateAuthority& au
     new_task_queue = [] { return new ThreadPerTask; };
     set_address_family(AF_INET);
     // None of httplib's own: they would let two servers share a port.
-    set_socket_options([](socket_t) { });
+    set_socket_options([](socket_t) {});
     set_tcp_nodelay(true);
     set_keep_alive_max_count(100000);
     set_keep_alive_timeout(c_idleMilliseconds / 1000);
@@ -71,15 +71,19 @@ TlsHttpServer::TlsHttpServer(const QString& host, const CertificateAuthority& au
     set_write_timeout(600);
     set_default_headers({{"Server", "venue-server"}, {"X-Content-Type-Options", "nosniff"}});
     set_pre_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
-        if (request.method != "GET" && request.method != "HEAD") {
+        const bool hasBody = request.has_header("Content-Length") || request.has_header("Transfer-Encoding");
+        if (hasBody && request.method != "GET" && request.method != "HEAD") {
             return HandlerResponse::Unhandled;
+        }
+        if (hasBody) {
+            // Nobody reads it, and it must not be taken for the next request.
+            m_connection->stream.CloseAfterAnswer();
         }
         Handle(request, response);
         return HandlerResponse::Handled;
     });
-    const auto refuse = [this](const httplib::Request& request, httplib::Response& response) {
-        Handle(request, response);
-    };
+    const auto refuse
+        = [this](const httplib::Request& request, httplib::Response& response) { Handle(request, response); };
     // Through these, a request's body is read before it is refused, and the connection stays usable.
     Post(".*", refuse).Put(".*", refuse).Patch(".*", refuse).Delete(".*", refuse).Options(".*", refuse);
     set_error_handler([this](const httplib::Request& request, httplib::Response& response) {
@@ -129,7 +133,8 @@ int TlsHttpServer::ChooseCertificate(SSL* ssl, void* self)
     const CertificateKind kind = server->m_forwarder.Info(PeerPort(SSL_get_fd(ssl))).certificate;
     const char* name = SSL_get_servername(ssl, TLSEXT_NAMETYPE_host_name);
     const QString host = QString::fromLatin1(name).toLower();
-    const ServerIdentity identity = server->IdentityFor(server->m_forwarder.KnowsHost(host) ? host : server->m_host, kind);
+    const ServerIdentity identity
+        = server->IdentityFor(server->m_forwarder.KnowsHost(host) ? host : server->m_host, kind);
     return SSL_use_certificate(ssl, identity.certificate.get()) == 1
             && SSL_use_PrivateKey(ssl, identity.key.get()) == 1
         ? 1
@@ -201,7 +206,8 @@ void TlsHttpServer::Handle(const httplib::Request& request, httplib::Response& r
     Answer answer;
     if (effect.status.has_value() && !effect.body.has_value()) {
         answer.mediaType = JsonApiDocument::c_mediaType;
-        answer.body = JsonApiDocument::Error(*effect.status, QStringLiteral("The server was told to fail here."));
+        answer.body
+            = JsonApiDocument::Error(*effect.status, QStringLiteral("The server was told to fail here."));
     } else {
         answer = m_handler(record);
     }
@@ -213,11 +219,14 @@ void TlsHttpServer::Handle(const httplib::Request& request, httplib::Response& r
 void TlsHttpServer::HandleRefused(const httplib::Request& request, httplib::Response& response)
 {
     m_connection->answered = true;
-    if (response.status == 404) {
+    // httplib answers 400 or 404 to methods that it does not know; without a path the line was no request at
+    // all.
+    if (!request.path.empty() && request.method != "GET" && request.method != "HEAD") {
         response.status = 405;
     }
     m_log.SetStatus(m_log.AddRequest(RecordOf(request)), response.status);
-    const QByteArray body = JsonApiDocument::Error(response.status, QStringLiteral("This is no request that the server serves."));
+    const QByteArray body = JsonApiDocument::Error(
+        response.status, QStringLiteral("This is no request that the server serves."));
     response.set_content(body.toStdString(), JsonApiDocument::c_mediaType);
     // What follows a line that was not understood cannot be told from a next request.
     response.set_header("Connection", "close");
@@ -230,8 +239,7 @@ RequestRecord TlsHttpServer::RecordOf(const httplib::Request& request) const
     record.connectionId = m_forwarder.Info(m_connection->peerPort).connectionId;
     record.method = QByteArray::fromStdString(request.method);
     record.target = m_connection->stream.Target();
-    const qsizetype mark = record.target.indexOf('?');
-    record.path = QString::fromUtf8(QByteArray::fromPercentEncoding(record.target.left(mark)));
+    record.path = QString::fromUtf8(QByteArray::fromPercentEncoding(record.target.split('?').constFirst()));
     record.query = VenueQuery::Split(record.target);
     for (const auto& [name, value] : request.headers) {
         if (!IsPseudoHeader(name)) {
@@ -239,7 +247,7 @@ RequestRecord TlsHttpServer::RecordOf(const httplib::Request& request) const
         }
     }
     const QString host = QString::fromStdString(request.get_header_value("Host"));
-    record.host = host.left(host.indexOf(QLatin1Char(':'))).toLower();
+    record.host = host.section(QLatin1Char(':'), 0, 0).toLower();
     return record;
 }
 
@@ -266,8 +274,8 @@ void TlsHttpServer::Deliver(Answer answer, const Fault::Effect& effect, httplib:
     m_connection->noMediaType = effect.noMediaType || mediaType.isEmpty();
 }
 
-void TlsHttpServer::DeliverBody(const QByteArray& body, const QByteArray& mediaType, const Fault::Effect& effect,
-                                httplib::Response& response)
+void TlsHttpServer::DeliverBody(const QByteArray& body, const QByteArray& mediaType,
+                                const Fault::Effect& effect, httplib::Response& response)
 {
     if (body.isEmpty() && !effect.chunked && !effect.silentAfterHeader) {
         response.set_header("Content-Type", mediaType.toStdString());

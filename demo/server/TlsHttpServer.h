@@ -22,8 +22,9 @@ class ConnectForwarder;
 class FaultPlan;
 class TlsStream;
 
-/// httplib's HTTP/1.1 server behind a TLS layer of our own, which chooses a certificate for each connection and can
-/// let answers fail at any byte. One thread per connection: connections that hang hold nobody else up.
+/// httplib's HTTP/1.1 server behind a TLS layer of our own, which chooses a certificate for each connection
+/// and can let answers fail at any byte. One thread per connection: connections that hang hold nobody else
+/// up.
 class TlsHttpServer : private httplib::Server
 {
 public:
@@ -39,8 +40,8 @@ public:
 
     /// Takes any free port of 127.0.0.1 and returns it, 0 when there is none.
     quint16 Start();
-    /// Ends every wait and connection; returns when no thread is left. Clients that are still connected must have
-    /// been thrown out before, for example by ConnectForwarder::Stop().
+    /// Ends every wait and connection; returns when no thread is left. Clients that are still connected must
+    /// have been thrown out before, for example by ConnectForwarder::Stop().
     void Stop();
 
 private:

@@ -15,19 +15,34 @@ public:
 
     /// Waits at most \p milliseconds for the next request and reads its first line. False when none came.
     ///
-    /// httplib takes a request whose query holds a question mark for a bad one; such marks are escaped before it
-    /// sees them. Target() keeps what was sent.
+    /// httplib takes a request whose query holds a question mark for a bad one; such marks are escaped before
+    /// it sees them. Target() keeps what was sent.
     bool ReadRequestLine(int milliseconds);
     /// Path and query of the request read last, as sent.
-    const QByteArray& Target() const { return m_target; }
+    const QByteArray& Target() const
+    {
+        return m_target;
+    }
 
     /// From now on nothing is sent any more, and whatever tries learns of a failure.
-    void FailWrites() { m_failed = true; }
+    void FailWrites()
+    {
+        m_failed = true;
+    }
     /// True after FailWrites() or when sending failed by itself.
-    bool Failed() const { return m_failed; }
+    bool Failed() const
+    {
+        return m_failed;
+    }
     /// Lets the connection end with the answer that is being given.
-    void CloseAfterAnswer() { m_closeAfterAnswer = true; }
-    bool ClosesAfterAnswer() const { return m_closeAfterAnswer; }
+    void CloseAfterAnswer()
+    {
+        m_closeAfterAnswer = true;
+    }
+    bool ClosesAfterAnswer() const
+    {
+        return m_closeAfterAnswer;
+    }
     /// True when the other end has closed the connection or sends no more.
     bool IsPeerGone() const;
 

@@ -85,7 +85,8 @@ void Tunnel::OnClientReadyRead()
         PumpUp();
     } else if (m_isProxy && !m_ignoreClient && m_upstream == nullptr) {
         // Byte by byte up to the blank line: what follows belongs to TLS.
-        while (m_client->bytesAvailable() > 0 && !m_header.endsWith("\r\n\r\n") && m_header.size() < c_headerLimit) {
+        while (m_client->bytesAvailable() > 0 && !m_header.endsWith("\r\n\r\n")
+               && m_header.size() < c_headerLimit) {
             m_header.append(m_client->read(1));
         }
         if (m_header.endsWith("\r\n\r\n")) {
@@ -327,7 +328,8 @@ void Tunnel::ResetClient()
     m_resetAtEnd = false;
     // Without lingering, close() throws away what is under way and sends a reset.
     const linger noLinger{.l_onoff = 1, .l_linger = 0};
-    setsockopt(static_cast<int>(m_client->socketDescriptor()), SOL_SOCKET, SO_LINGER, &noLinger, sizeof noLinger);
+    setsockopt(static_cast<int>(m_client->socketDescriptor()), SOL_SOCKET, SO_LINGER, &noLinger,
+               sizeof noLinger);
     m_client->abort();
 }
 

@@ -25,7 +25,8 @@ QString TextOf(const QJsonObject& object, const QString& name)
 QString TextAtPath(const QJsonObject& object, const QString& path)
 {
     const qsizetype dot = path.indexOf(QLatin1Char('.'));
-    return dot < 0 ? TextOf(object, path) : TextOf(object.value(path.left(dot)).toObject(), path.mid(dot + 1));
+    return dot < 0 ? TextOf(object, path)
+                   : TextOf(object.value(path.left(dot)).toObject(), path.mid(dot + 1));
 }
 
 VenueRecord ReadVenue(const QJsonObject& object)
@@ -40,14 +41,16 @@ VenueRecord ReadVenue(const QJsonObject& object)
     for (const QJsonValue& value : pictures) {
         const QJsonObject picture = value.toObject();
         venue.pictures.append({TextOf(picture, QStringLiteral("id")), TextOf(picture, QStringLiteral("view")),
-                               TextOf(picture, QStringLiteral("name")), TextOf(picture, QStringLiteral("alt")),
+                               TextOf(picture, QStringLiteral("name")),
+                               TextOf(picture, QStringLiteral("alt")),
                                TextOf(picture, QStringLiteral("created"))});
     }
     const QJsonArray files = object.value(QStringLiteral("model_files")).toArray();
     for (const QJsonValue& value : files) {
         const QJsonObject file = value.toObject();
         venue.modelFiles.append({TextOf(file, QStringLiteral("id")), TextOf(file, QStringLiteral("name")),
-                                 TextOf(file, QStringLiteral("file")), TextOf(file, QStringLiteral("created")),
+                                 TextOf(file, QStringLiteral("file")),
+                                 TextOf(file, QStringLiteral("created")),
                                  TextOf(file, QStringLiteral("file_version")), QByteArray()});
     }
     return venue;
@@ -82,7 +85,9 @@ QString AddFromJson(VenueCatalogue& catalogue, const QByteArray& json, const QDi
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (!document.isObject()) {
-        return QStringLiteral("no JSON object (%1, offset %2)").arg(parseError.errorString()).arg(parseError.offset);
+        return QStringLiteral("no JSON object (%1, offset %2)")
+            .arg(parseError.errorString())
+            .arg(parseError.offset);
     }
     const QJsonArray users = document.object().value(QStringLiteral("users")).toArray();
     for (const QJsonValue& value : users) {

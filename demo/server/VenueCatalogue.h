@@ -87,8 +87,14 @@ public:
     void AddVenue(const VenueRecord& venue);
     void AddUser(const UserRecord& user);
 
-    const QList<VenueRecord>& Venues() const { return m_venues; }
-    const QList<UserRecord>& Users() const { return m_users; }
+    const QList<VenueRecord>& Venues() const
+    {
+        return m_venues;
+    }
+    const QList<UserRecord>& Users() const
+    {
+        return m_users;
+    }
 
     /// Null when there is none. The pointer is valid until the catalogue is changed.
     const UserRecord* FindUser(const QString& id) const;

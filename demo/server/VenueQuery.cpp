@@ -13,7 +13,8 @@ VenueQuery::Pairs VenueQuery::Split(const QByteArray& target)
     if (mark < 0) {
         return pairs;
     }
-    const auto decode = [](const QByteArray& text) { return QString::fromUtf8(QByteArray::fromPercentEncoding(text)); };
+    const auto decode
+        = [](const QByteArray& text) { return QString::fromUtf8(QByteArray::fromPercentEncoding(text)); };
     const QList<QByteArray> items = target.mid(mark + 1).split('&');
     for (const QByteArray& item : items) {
         if (!item.isEmpty()) {

@@ -24,9 +24,16 @@ public:
     explicit VenueQuery(const Pairs& pairs);
 
     /// What is wrong with the query, as a sentence for the client; empty when nothing is.
-    const QString& Error() const { return m_error; }
-    /// The include paths asked for, in their order: "editor", "tessra", "tessra.file", a view, a view + ".file".
-    const QStringList& Includes() const { return m_includes; }
+    const QString& Error() const
+    {
+        return m_error;
+    }
+    /// The include paths asked for, in their order: "editor", "tessra", "tessra.file", a view, a view +
+    /// ".file".
+    const QStringList& Includes() const
+    {
+        return m_includes;
+    }
     /// True when \p venue fulfils every condition. A venue without the text never does.
     bool Matches(const VenueRecord& venue) const;
 

@@ -25,8 +25,8 @@ VenueServer::VenueServer(const Options& options, QObject* parent)
     , m_httpsPort(options.httpsPort)
     , m_proxyPort(options.proxyPort)
     , m_log(new RequestLog(this))
-    , m_service(std::make_unique<VenueService>(options.host, options.pictureSource ? options.pictureSource : Pictures(),
-                                               options.pictureFolder))
+    , m_service(std::make_unique<VenueService>(
+          options.host, options.pictureSource ? options.pictureSource : Pictures(), options.pictureFolder))
     , m_faults(std::make_unique<FaultPlan>())
     , m_forwarder(std::make_unique<ConnectForwarder>(m_log))
 {
@@ -47,10 +47,9 @@ QString VenueServer::DefaultPictureFolder()
 bool VenueServer::Start()
 {
     Stop();
-    m_server = std::make_unique<TlsHttpServer>(m_options.host, m_authority, *m_forwarder, *m_faults, *m_log,
-                                               [this](const RequestRecord& request) {
-                                                   return m_service->AnswerTo(request);
-                                               });
+    m_server = std::make_unique<TlsHttpServer>(
+        m_options.host, m_authority, *m_forwarder, *m_faults, *m_log,
+        [this](const RequestRecord& request) { return m_service->AnswerTo(request); });
     const quint16 upstreamPort = m_server->Start();
     if (upstreamPort == 0) {
         m_errorText = QStringLiteral("No free port on 127.0.0.1");

@@ -21,8 +21,8 @@ class FaultPlan;
 class TlsHttpServer;
 class VenueService;
 
-/// The venue database's world on one machine: an HTTPS server with a catalogue, reached through an HTTP CONNECT
-/// proxy under its real host name or directly on a port, everything on 127.0.0.1.
+/// The venue database's world on one machine: an HTTPS server with a catalogue, reached through an HTTP
+/// CONNECT proxy under its real host name or directly on a port, everything on 127.0.0.1.
 ///
 /// \code
 /// VenueServer server;
@@ -34,9 +34,9 @@ class VenueService;
 /// QTRY_COMPARE(server.Log().RequestCount(QStringLiteral("/api/venue")), 1);
 /// \endcode
 ///
-/// The server runs in threads of its own and needs no event loop of the caller. Members belong to the thread that
-/// made it, except for Log(), the faults and SetCatalogue(), which may be used from every thread. The certificate
-/// authority lasts as long as the object: a server started again is trusted by the same clients.
+/// The server runs in threads of its own and needs no event loop of the caller. Members belong to the thread
+/// that made it, except for Log(), the faults and SetCatalogue(), which may be used from every thread. The
+/// certificate authority lasts as long as the object: a server started again is trusted by the same clients.
 class VenueServer : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,8 @@ public:
         quint16 proxyPort = 0; ///< likewise
         /// Keeps drawn pictures between runs; empty: in memory only.
         QString pictureFolder;
-        /// Draws pictures; without one, Pictures() is used. Tests pass a function that returns a few small bytes.
+        /// Draws pictures; without one, Pictures() is used. Tests pass a function that returns a few small
+        /// bytes.
         PictureSource pictureSource;
 
         Options();
@@ -66,11 +67,11 @@ public:
     /// The picture source of the demo: drawings of the seven views as JPEG. Needs a QGuiApplication.
     static PictureSource Pictures();
 
-    /// Listens. False with the reason in ErrorText() when a port cannot be had. After Stop() it takes the same ports
-    /// again. Catalogue, hosts, faults and log are kept.
+    /// Listens. False with the reason in ErrorText() when a port cannot be had. After Stop() it takes the
+    /// same ports again. Catalogue, hosts, faults and log are kept.
     bool Start();
-    /// Closes ports and connections, also those in the middle of an answer, and returns when all is quiet. Requests
-    /// then fail like those to a server that is down.
+    /// Closes ports and connections, also those in the middle of an answer, and returns when all is quiet.
+    /// Requests then fail like those to a server that is down.
     void Stop();
     bool IsRunning() const;
     QString ErrorText() const;
@@ -103,7 +104,10 @@ public:
     /// Restarts, so that clients have to connect anew. False as Start().
     bool DropConnections();
 
-    RequestLog& Log() { return *m_log; }
+    RequestLog& Log()
+    {
+        return *m_log;
+    }
 
 private:
     Options m_options;

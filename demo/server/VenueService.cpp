@@ -53,7 +53,7 @@ Answer VenueService::AnswerTo(const RequestRecord& request)
 {
     if (request.method != "GET" && request.method != "HEAD") {
         Answer answer = ErrorAnswer(405, QStringLiteral("Only GET and HEAD are served."));
-        answer.headers.append({"Allow", "GET, HEAD"});
+        answer.headers.emplaceBack("Allow", "GET, HEAD");
         return answer;
     }
     static const QString c_pictures = QStringLiteral("/files/pictures/");
@@ -92,7 +92,8 @@ Answer VenueService::AnswerPicture(const QString& file)
     const QString rendition = stem.section(QLatin1Char('-'), -1);
     const auto catalogue = Catalogue();
     const VenueRecord* venue = nullptr;
-    const PictureRecord* picture = catalogue->FindPicture(stem.chopped(qMin(stem.size(), rendition.size() + 1)), &venue);
+    const PictureRecord* picture
+        = catalogue->FindPicture(stem.chopped(qMin(stem.size(), rendition.size() + 1)), &venue);
     if (picture == nullptr || PictureStore::RenditionSize(rendition).isEmpty()) {
         return NotFound(QStringLiteral("/files/pictures/") + file);
     }

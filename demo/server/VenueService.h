@@ -11,7 +11,8 @@
 
 namespace korvel::Demo {
 
-/// Knows the answer to every request: venues, pictures, model files, or what is wrong with it. No network here.
+/// Knows the answer to every request: venues, pictures, model files, or what is wrong with it. No network
+/// here.
 ///
 /// All members may be used from every thread.
 class VenueService
