@@ -3,8 +3,8 @@
 #include <data/CountryCodeTranslator.h>
 #include <data/Logging_p.h>
 #include <data/RequestUrl_p.h>
+#include <data/ServerDate_p.h>
 
-#include <QCalendar>
 #include <QEventLoop>
 #include <QHash>
 #include <QJsonArray>
@@ -180,10 +180,8 @@ Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countri
     venue.SetClearingOfHouseGrid(
         text(QLatin1String("clearance_of_house_grid_rigging_beams_above_venue_floor")));
     venue.SetRiggingComment(text(QLatin1String("rigging_specialties")));
-    venue.SetUploadDate(
-        QDate::fromString(text(QLatin1String("created")), QStringLiteral("yyyy-MM-dd"), QCalendar()));
-    venue.SetEditDate(QDateTime::fromString(text(QLatin1String("changed")),
-                                            QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"), QCalendar()));
+    venue.SetUploadDate(ReadServerDate(text(QLatin1String("created"))));
+    venue.SetEditDate(ReadServerDateTime(text(QLatin1String("changed"))));
     return venue;
 }
 

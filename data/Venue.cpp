@@ -196,24 +196,9 @@ void Venue::SetMinimizedElementCount(bool minimized)
 
 QVariant Venue::GetDataAt(qint64 index) const
 {
-    if (m_minimized) {
-        switch (index) {
-        case 0:
-            return m_id;
-        case 1:
-            return m_complexName;
-        case 2:
-            return m_venueRoomName;
-        case 3:
-            return GetCity();
-        case 4:
-            return GetCountry();
-        case 5:
-            return m_editDate;
-        default:
-            return {};
-        }
-    }
+    if (m_minimized)
+        return GetMinimizedDataAt(index);
+
     switch (index) {
     case 0:
         return m_id;
@@ -234,6 +219,26 @@ QVariant Venue::GetDataAt(qint64 index) const
     case 8:
         return m_uploadDate;
     case 9:
+        return m_editDate;
+    default:
+        return {};
+    }
+}
+
+QVariant Venue::GetMinimizedDataAt(qint64 index) const
+{
+    switch (index) {
+    case 0:
+        return m_id;
+    case 1:
+        return m_complexName;
+    case 2:
+        return m_venueRoomName;
+    case 3:
+        return GetCity();
+    case 4:
+        return GetCountry();
+    case 5:
         return m_editDate;
     default:
         return {};

@@ -92,6 +92,10 @@ public:
     /// unformatted. Any other index, and column 10 of the full set, gives an invalid variant.
     QVariant GetDataAt(qint64 index) const;
 
+    /// What GetDataAt() answers for the minimised column set, whatever the record's own set: a table asks for
+    /// every cell many times and need not copy the record to set the flag.
+    QVariant GetMinimizedDataAt(qint64 index) const;
+
     /// The translated header label of column \p index, empty where there is none.
     ///
     /// From index 6 on the labels of the full set follow the sections of the details panel and do not match

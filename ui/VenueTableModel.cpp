@@ -4,32 +4,6 @@ namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::Venue;
 
-namespace {
-
-/// What Venue::GetDataAt() answers for the minimised column set, whatever the flag of \p venue. Sorting asks
-/// for every cell many times: setting the flag would take a copy of the whole record each time.
-QVariant MinimizedDataAt(const Venue& venue, int column)
-{
-    switch (column) {
-    case 0:
-        return venue.GetId();
-    case 1:
-        return venue.GetComplexName();
-    case 2:
-        return venue.GetVenueRoomName();
-    case 3:
-        return venue.GetCity();
-    case 4:
-        return venue.GetCountry();
-    case 5:
-        return venue.GetEditDate();
-    default:
-        return {};
-    }
-}
-
-} // namespace
-
 VenueTableModel::VenueTableModel() = default;
 
 VenueTableModel::~VenueTableModel() = default;
@@ -47,6 +21,11 @@ void VenueTableModel::GetSingleVenueData(const QModelIndex& index, Venue* venue)
         *venue = m_venues.at(index.row());
 }
 
+const Venue* VenueTableModel::GetVenueAt(int row) const
+{
+    return HasRow(row) ? &m_venues.at(row) : nullptr;
+}
+
 int VenueTableModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_venues.size());
@@ -61,7 +40,7 @@ QVariant VenueTableModel::data(const QModelIndex& index, int role) const
 {
     if (role != Qt::DisplayRole || !HasRow(index.row()))
         return {};
-    return MinimizedDataAt(m_venues.at(index.row()), index.column());
+    return m_venues.at(index.row()).GetMinimizedDataAt(index.column());
 }
 
 QVariant VenueTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -72,7 +51,7 @@ QVariant VenueTableModel::headerData(int section, Qt::Orientation orientation, i
         return Venue::GetLabelAt(section, true);
     if (!HasRow(section))
         return {};
-    return MinimizedDataAt(m_venues.at(section), 0);
+    return m_venues.at(section).GetMinimizedDataAt(0);
 }
 
 bool VenueTableModel::HasRow(int row) const

@@ -29,6 +29,10 @@ public:
     /// venue as it is.
     void GetSingleVenueData(const QModelIndex& index, Data::VenueDatabase::Venue* venue) const;
 
+    /// The record of row \p row in place, valid until the next SetVenueData(); null for a row that does not
+    /// exist.
+    const Data::VenueDatabase::Venue* GetVenueAt(int row) const;
+
     /// The number of venues; 0 below a row.
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     /// 6, also for an empty list; 0 below a row.
