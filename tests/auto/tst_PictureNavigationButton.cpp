@@ -1,6 +1,7 @@
 #include <ui/PictureNavigationButton.h>
 
 #include <support/MessageGuard.h>
+#include <support/PictureFixtures.h>
 
 #include <QHoverEvent>
 #include <QImage>
@@ -8,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using korvel::Test::IsNear;
 using korvel::Ui::VenueDatabase::PictureNavigationButton;
 
 namespace {
@@ -31,13 +33,6 @@ void Hover(QWidget* widget, QEvent::Type type)
 {
     QHoverEvent event(type, QPointF(5, 5), widget->mapToGlobal(QPointF(5, 5)), QPointF(-1, -1));
     QCoreApplication::sendEvent(widget, &event);
-}
-
-/// The colours agree up to the rounding of blending and of antialiased edges.
-bool IsNear(QRgb shown, QRgb expected)
-{
-    return std::abs(qRed(shown) - qRed(expected)) <= 2 && std::abs(qGreen(shown) - qGreen(expected)) <= 2
-        && std::abs(qBlue(shown) - qBlue(expected)) <= 2;
 }
 
 int CountNear(const QImage& image, const QRect& area, QRgb color)

@@ -1,0 +1,33 @@
+#include <support/PictureFixtures.h>
+
+#include <QBuffer>
+#include <QImage>
+
+#include <cstdlib>
+
+namespace korvel::Test {
+
+QByteArray EncodedPicture(const QSize& size, const QColor& color)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    QByteArray data;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return data;
+}
+
+QString DataUrl(const QByteArray& data, const QString& mediaType)
+{
+    return QStringLiteral("data:%1;base64,%2").arg(mediaType, QString::fromLatin1(data.toBase64()));
+}
+
+bool IsNear(const QColor& shown, const QColor& expected, int tolerance)
+{
+    return std::abs(shown.red() - expected.red()) <= tolerance
+        && std::abs(shown.green() - expected.green()) <= tolerance
+        && std::abs(shown.blue() - expected.blue()) <= tolerance;
+}
+
+} // namespace korvel::Test

@@ -1,0 +1,23 @@
+#include <ui/PictureDecoder_p.h>
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImageReader>
+
+namespace korvel::Ui::VenueDatabase {
+
+QPixmap DecodePicture(const QByteArray& data)
+{
+    QBuffer buffer;
+    buffer.setData(data);
+    if (!buffer.open(QIODevice::ReadOnly))
+        return {};
+    QImageReader reader(&buffer);
+    // Deliberate: no SVG. Qt's reader opens the local files that a drawing names, and a pipe among them
+    // blocks the application for ever.
+    if (reader.format().startsWith("svg"))
+        return {};
+    return QPixmap::fromImageReader(&reader);
+}
+
+} // namespace korvel::Ui::VenueDatabase

@@ -1,0 +1,416 @@
+#include <ui/PictureFullscreenDialog.h>
+
+#include <data/DownloadManager.h>
+#include <ui/CustomStyle_p.h>
+#include <ui/PictureCaption_p.h>
+#include <ui/PictureDecoder_p.h>
+#include <ui/PictureNavigationButton.h>
+#include <ui/PictureView.h>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGraphicsPixmapItem>
+#include <QGraphicsScene>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace korvel::Ui::VenueDatabase {
+
+using Data::VenueDatabase::DownloadManager;
+using Data::VenueDatabase::Picture;
+
+namespace {
+
+constexpr QSize c_normalSize(1062, 768);
+constexpr int c_jpegQuality = 95;
+
+/// Where the first file dialog of the process starts.
+QString PicturesFolder()
+{
+    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::PicturesLocation);
+    return folders.isEmpty() ? QDir::currentPath() : folders.last();
+}
+
+} // namespace
+
+PictureFullscreenDialog::PictureFullscreenDialog(QWidget* parent)
+    : VenueDbDialogBase(parent)
+    , m_downloadManager(new DownloadManager(this))
+    , m_view(new PictureView)
+    , m_scene(new QGraphicsScene(this))
+{
+    SetupUi();
+    SetDayMode(false);
+    ConnectSignals();
+}
+
+PictureFullscreenDialog::~PictureFullscreenDialog()
+{
+    PopAllWaitCursors();
+}
+
+void PictureFullscreenDialog::SetPictures(QList<Picture>* pictures)
+{
+    if (!pictures)
+        return;
+    m_pictures = *pictures;
+    m_index = 0;
+    m_currentPicture.reset();
+    m_currentRow = -1;
+    m_endedDownloads.clear();
+
+    m_leftButton->setVisible(m_pictures.size() > 1);
+    m_rightButton->setVisible(m_pictures.size() > 1);
+    PlaceOverlays();
+    if (m_pictures.isEmpty()) {
+        m_scene->clear();
+        m_scene->setSceneRect(QRectF());
+        SetDescriptionLabelText();
+    }
+}
+
+void PictureFullscreenDialog::SetPicturesIndex(short index)
+{
+    ShowPictureAt(index);
+}
+
+void PictureFullscreenDialog::ShowPictureAt(qsizetype index)
+{
+    if (index < 0 || index >= m_pictures.size())
+        return;
+    m_index = index;
+    ShowPicture(m_pictures.at(index), index);
+}
+
+void PictureFullscreenDialog::ModifyPicturesIndex(short delta)
+{
+    if (m_pictures.isEmpty())
+        return;
+    // Negative, and thus outside of the list, where the step back is longer than the list.
+    ShowPictureAt((m_index + delta + m_pictures.size()) % m_pictures.size());
+}
+
+void PictureFullscreenDialog::SetPicture(Picture* picture)
+{
+    if (!picture) {
+        m_currentPicture.reset();
+        m_currentRow = -1;
+        return;
+    }
+    ShowPicture(*picture, -1);
+}
+
+void PictureFullscreenDialog::SetImage(const QByteArray& data)
+{
+    if (!m_scene->sceneRect().isEmpty())
+        m_scene->clear();
+    const QPixmap pixmap = DecodePicture(data);
+    // Deliberate: without a picture the scene keeps the rectangle of the previous one.
+    if (!pixmap.isNull()) {
+        m_scene->setSceneRect(pixmap.rect());
+        // The item's own mode decides, not the view's render hints.
+        m_scene->addPixmap(pixmap)->setTransformationMode(Qt::SmoothTransformation);
+    }
+    m_view->FitPictureInView();
+}
+
+void PictureFullscreenDialog::SetDescriptionLabelText()
+{
+    const QString description = m_currentPicture ? m_currentPicture->GetAlternativeDescription() : QString();
+    m_descriptionLabel->setText(PictureCaption(m_index, m_pictures.size(), description));
+    PlaceOverlays();
+}
+
+void PictureFullscreenDialog::Open()
+{
+    if (isMinimized() || isMaximized())
+        setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
+    resize(c_normalSize);
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        setGeometry(
+            QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, c_normalSize, screen->availableGeometry()));
+    }
+    show();
+    raise();
+    showNormal();
+    activateWindow();
+    setWindowState(Qt::WindowMaximized);
+    m_view->setFocus();
+}
+
+bool PictureFullscreenDialog::SaveImage(const QString& path)
+{
+    const QPixmap pixmap
+        = m_currentPicture ? DecodePicture(m_currentPicture->GetLargestPictureData()) : QPixmap();
+    if (pixmap.isNull()) {
+        SetStatusLabelText(tr("Could not save file. Sorry."));
+        return false;
+    }
+    if (pixmap.save(path, "JPG", c_jpegQuality)) {
+        SetStatusLabelText(tr("Saved \"%1\"").arg(QDir::toNativeSeparators(path)));
+        return true;
+    }
+
+    // On the heap and guarded: this dialog may be destroyed, and the box with it, while the box is open.
+    const QPointer<QMessageBox> box
+        = new QMessageBox(QMessageBox::Information, QGuiApplication::applicationDisplayName(),
+                          tr("Cannot write %1").arg(QDir::toNativeSeparators(path)), QMessageBox::Ok, this);
+    box->setTextFormat(Qt::PlainText);
+    box->exec();
+    delete box;
+    return false;
+}
+
+void PictureFullscreenDialog::SetDayMode(bool dayMode)
+{
+    m_view->SetDayMode(dayMode);
+    m_rightButton->SetDayMode(dayMode);
+    m_leftButton->SetDayMode(dayMode);
+    m_descriptionLabel->setStyleSheet(
+        dayMode
+            ? QStringLiteral("QLabel { background: hsla( 0, 0, 255, 0.75); color: black; padding: 6px 4px; }")
+            : QStringLiteral("QLabel { background: hsla( 0, 0, 0, 0.5); color: white; padding: 6px 4px; }"));
+}
+
+void PictureFullscreenDialog::OnPictureBinaryDataFinished(QUrl url, QByteArray buffer)
+{
+    if (m_currentPicture && url == QUrl(m_currentPicture->GetPictureUrlLarge())) {
+        // Fetched twice when the user left and came back meanwhile: the zoom of what is shown already stays.
+        const bool isShownAlready = !buffer.isEmpty() && m_currentPicture->GetPictureDataLarge() == buffer;
+        m_currentPicture->SetPictureDataLarge(buffer);
+        if (m_currentRow >= 0)
+            m_pictures[m_currentRow].SetPictureDataLarge(buffer);
+        if (!isShownAlready)
+            SetImage(buffer);
+        SetStatusLabelText(QString());
+    }
+    PopWaitCursor(url);
+}
+
+void PictureFullscreenDialog::OnPictureBinaryDataRequestFailed(QUrl url, QString /*errorMessage*/)
+{
+    PopWaitCursor(url);
+}
+
+void PictureFullscreenDialog::OnContextMenuRequested(QPoint pos)
+{
+    // No parent: nobody else deletes the menu while it is open.
+    QMenu menu;
+    menu.addAction(tr("Save Image As..."), this, &PictureFullscreenDialog::OnSaveImageAs);
+    menu.exec(m_view->mapToGlobal(pos));
+}
+
+void PictureFullscreenDialog::OnSaveImageAs()
+{
+    if (!m_currentPicture)
+        return;
+
+    // On the heap and guarded: this dialog may be destroyed, and the file dialog with it, while it is open.
+    const QPointer<QFileDialog> fileDialog = new QFileDialog(this, tr("Save Image As"));
+    static bool isFirstSave = true;
+    if (isFirstSave)
+        fileDialog->setDirectory(PicturesFolder());
+    isFirstSave = false;
+    fileDialog->selectFile(QFileInfo(m_currentPicture->GetPictureName()).baseName());
+    fileDialog->setMimeTypeFilters({QStringLiteral("image/jpeg")});
+    fileDialog->selectMimeTypeFilter(QStringLiteral("image/jpeg"));
+    fileDialog->setAcceptMode(QFileDialog::AcceptSave);
+    fileDialog->setDefaultSuffix(QStringLiteral("jpg"));
+
+    bool isDone = false;
+    while (!isDone) {
+        isDone = fileDialog->exec() != QDialog::Accepted || !fileDialog
+            || SaveImage(fileDialog->selectedFiles().value(0)) || !fileDialog || !m_currentPicture;
+    }
+    delete fileDialog;
+}
+
+void PictureFullscreenDialog::OnPictureNavigationRequested(int direction)
+{
+    ModifyPicturesIndex(static_cast<short>(direction));
+}
+
+bool PictureFullscreenDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    // Closing is refused, and a refusal would cancel the quit of the application.
+    if (watched == qApp && event->type() == QEvent::Quit)
+        hide();
+    return VenueDbDialogBase::eventFilter(watched, event);
+}
+
+void PictureFullscreenDialog::keyPressEvent(QKeyEvent* event)
+{
+    const QPointer<PictureFullscreenDialog> guard(this);
+    VenueDbDialogBase::keyPressEvent(event);
+    if (!guard)
+        return;
+
+    // Deliberate: whatever the frame did, so that a key that is not named here reaches QDialog twice.
+    switch (event->key()) {
+    case Qt::Key_Q:
+    case Qt::Key_Escape:
+        hide();
+        return;
+    case Qt::Key_Plus:
+        m_view->ZoomBy(PictureView::c_zoomStep);
+        return;
+    case Qt::Key_Minus:
+        m_view->ZoomBy(1.0 / PictureView::c_zoomStep);
+        return;
+    case Qt::Key_A:
+    case Qt::Key_PageDown:
+        ModifyPicturesIndex(-1);
+        return;
+    case Qt::Key_D:
+    case Qt::Key_PageUp:
+        ModifyPicturesIndex(1);
+        return;
+    case Qt::Key_Home:
+        SetPicturesIndex(0);
+        return;
+    case Qt::Key_S:
+        if (event->modifiers().testFlag(Qt::ControlModifier)) {
+            OnSaveImageAs();
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QDialog::keyPressEvent(event); // NOLINT(bugprone-parent-virtual-call)
+}
+
+void PictureFullscreenDialog::resizeEvent(QResizeEvent* event)
+{
+    if (isMaximized())
+        m_view->FitPictureInView();
+    QWidget::resizeEvent(event); // NOLINT(bugprone-parent-virtual-call)
+    PlaceOverlays();
+}
+
+void PictureFullscreenDialog::showEvent(QShowEvent* event)
+{
+    VenueDbDialogBase::showEvent(event);
+    // Hidden buttons get their pending resize event only when they are shown, which moves them to the edge.
+    PlaceOverlays();
+}
+
+void PictureFullscreenDialog::hideEvent(QHideEvent* event)
+{
+    VenueDbDialogBase::hideEvent(event);
+    PopAllWaitCursors();
+}
+
+void PictureFullscreenDialog::closeEvent(QCloseEvent* event)
+{
+    hide();
+    event->ignore();
+}
+
+void PictureFullscreenDialog::SetupUi()
+{
+    setMouseTracking(true);
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_view->setScene(m_scene);
+    setModal(true);
+    setObjectName(QStringLiteral("PictureFullscreenDialog"));
+    setWindowTitle(tr("Venue database pictures"));
+    SetCustomStyle(this, QLatin1String("dialogKorvelDefault"));
+    setWindowFlags(Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
+    SetContentWidget(m_view);
+
+    m_leftButton = new PictureNavigationButton(-1, m_view);
+    m_rightButton = new PictureNavigationButton(1, m_view);
+    // The view keeps the focus when they are pressed: the arrow keys scroll it.
+    m_leftButton->setFocusPolicy(Qt::NoFocus);
+    m_rightButton->setFocusPolicy(Qt::NoFocus);
+
+    m_descriptionLabel = new QLabel(QStringLiteral("-/0"), m_view);
+    m_descriptionLabel->setTextFormat(Qt::PlainText);
+    m_descriptionLabel->setWordWrap(true);
+    SetCustomStyle(m_descriptionLabel, QLatin1String("labelKorvelCaptionSmall"));
+}
+
+void PictureFullscreenDialog::ConnectSignals()
+{
+    // Deliberate: by signature, as the slot is reached by its name as a meta-method and not by its C++ type.
+    connect(m_view, SIGNAL(customContextMenuRequested(const QPoint&)), this,
+            SLOT(OnContextMenuRequested(QPoint)));
+    connect(m_downloadManager, &DownloadManager::PictureBinaryDataFinished, this,
+            &PictureFullscreenDialog::OnPictureBinaryDataFinished);
+    connect(m_downloadManager, &DownloadManager::RequestFailed, this,
+            &PictureFullscreenDialog::OnPictureBinaryDataRequestFailed);
+    for (const PictureNavigationButton* button : {m_leftButton, m_rightButton}) {
+        connect(button, &PictureNavigationButton::PictureNavigationClicked, this,
+                &PictureFullscreenDialog::OnPictureNavigationRequested);
+    }
+    qApp->installEventFilter(this);
+}
+
+void PictureFullscreenDialog::ShowPicture(const Picture& picture, qsizetype row)
+{
+    m_currentPicture = picture;
+    m_currentRow = row;
+    SetImage(m_currentPicture->GetLargestPictureData());
+    SetDescriptionLabelText();
+    if (!m_currentPicture->GetPictureDataLarge().isEmpty())
+        return;
+
+    const QUrl url(m_currentPicture->GetPictureUrlLarge());
+    SetStatusLabelText(tr("Loading large image..."));
+    PushWaitCursor(url);
+    m_downloadManager->RequestPictureBinaryData(url);
+}
+
+void PictureFullscreenDialog::PlaceOverlays()
+{
+    const int scrollBarExtent = QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    m_leftButton->AdjustToParent(0);
+    m_rightButton->AdjustToParent(-scrollBarExtent);
+
+    const int bottom = m_view->height() - scrollBarExtent;
+    m_descriptionLabel->ensurePolished();
+    m_descriptionLabel->setFixedWidth(std::max(0, m_view->width() - scrollBarExtent - 1));
+    const int textHeight = m_descriptionLabel->heightForWidth(m_descriptionLabel->width());
+    m_descriptionLabel->resize(m_descriptionLabel->width(), std::clamp(textHeight, 0, std::max(0, bottom)));
+    m_descriptionLabel->move(2, bottom - m_descriptionLabel->height());
+}
+
+void PictureFullscreenDialog::PushWaitCursor(const QUrl& url)
+{
+    m_waitingDownloads.append(url);
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void PictureFullscreenDialog::PopWaitCursor(const QUrl& url)
+{
+    // Only what was pushed here: one cursor too many would be the host's.
+    if (m_waitingDownloads.isEmpty())
+        return;
+    if (!m_waitingDownloads.removeOne(url)) {
+        if (m_endedDownloads.contains(url))
+            return;
+        m_waitingDownloads.removeFirst();
+    }
+    m_endedDownloads.insert(url);
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void PictureFullscreenDialog::PopAllWaitCursors()
+{
+    while (!m_waitingDownloads.isEmpty())
+        PopWaitCursor(m_waitingDownloads.constFirst());
+}
+
+} // namespace korvel::Ui::VenueDatabase

@@ -1,0 +1,236 @@
+#include <ui/PictureSlider.h>
+
+#include <ui/CustomStyle_p.h>
+#include <ui/PictureCaption_p.h>
+#include <ui/PictureDecoder_p.h>
+#include <ui/PictureFullscreenDialog.h>
+#include <ui/PictureNavigationButton.h>
+
+#include <QIcon>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace korvel::Ui::VenueDatabase {
+
+using Data::VenueDatabase::Picture;
+
+namespace {
+
+constexpr QSize c_size(500, 240);
+/// Deliberate: wider than the slider. A wide picture fills the height, and its sides are cut off.
+constexpr QSize c_pictureBox(800, 240);
+constexpr QRect c_captionBand(0, 213, 500, 23);
+/// Deliberate: larger than the slider, so that the text is centred on (400, 150).
+constexpr QRect c_textArea(0, 0, 800, 300);
+constexpr QRect c_fullscreenArea(238, 108, 24, 24);
+
+int CenteredAt(int available, double extent)
+{
+    return static_cast<int>(std::round((available - extent) * 0.5));
+}
+
+} // namespace
+
+PictureSlider::PictureSlider(QWidget* parent)
+    : QWidget(parent)
+    , m_font(QStringLiteral("Verdana"), 40)
+    , m_fullscreenDialog(new PictureFullscreenDialog(this))
+{
+    SetupUi();
+    ConnectSignals();
+}
+
+PictureSlider::~PictureSlider() = default;
+
+void PictureSlider::UpdateUi(QList<Picture>* pictures)
+{
+    if (pictures) {
+        m_pictures = *pictures;
+        ShowVenuePic(0);
+        m_leftButton->setVisible(m_pictures.size() > 1);
+        m_rightButton->setVisible(m_pictures.size() > 1);
+    }
+    SetVenuePicButtonsStatus();
+    if (m_fullscreenDialog)
+        m_fullscreenDialog->SetPictures(pictures);
+}
+
+void PictureSlider::ResetUi() const
+{
+    m_captionLabel->setText(QStringLiteral("-/0"));
+}
+
+void PictureSlider::SetDayMode(bool dayMode)
+{
+    m_dayMode = dayMode;
+    if (m_fullscreenDialog)
+        m_fullscreenDialog->SetDayMode(dayMode);
+    m_rightButton->SetDayMode(dayMode);
+    m_leftButton->SetDayMode(dayMode);
+    // Deliberate: the other way round than elsewhere. The disc under the glyph is dark in the light theme.
+    m_fullscreenButton->setIcon(QIcon(dayMode ? QStringLiteral(":/Resources/ic_EQ_scale_16x16.svg")
+                                              : QStringLiteral(":/Resources/ic_EQ_scale_16x16_day.svg")));
+    SetFullscreenIconStyle();
+    update();
+}
+
+void PictureSlider::ShowVenuePic(short direction)
+{
+    const qsizetype count = m_pictures.size();
+    if (count < 1) {
+        m_pixmap = QPixmap();
+        m_text = tr("No Image");
+    } else {
+        switch (direction) {
+        case -1:
+            m_index = m_index > 0 ? m_index - 1 : count - 1;
+            break;
+        case 0:
+            m_index = 0;
+            break;
+        case 1:
+            m_index = m_index + 1 < count ? m_index + 1 : 0;
+            break;
+        default:
+            SetVenuePicButtonsStatus();
+            return;
+        }
+        setCursor(Qt::WaitCursor);
+        LoadPixmap();
+        setCursor(Qt::ArrowCursor);
+    }
+    SetVenuePicButtonsStatus();
+    update();
+}
+
+void PictureSlider::SetVenuePicButtonsStatus()
+{
+    // Deliberate: no button changes. Which of them show is decided with the list.
+    const QString description
+        = m_pictures.isEmpty() ? QString() : m_pictures.at(m_index).GetAlternativeDescription();
+    m_captionLabel->setText(PictureCaption(m_index, m_pictures.size(), description));
+}
+
+void PictureSlider::SetFullscreenIconStyle()
+{
+    if (!m_fullscreenButton)
+        return;
+    m_fullscreenButton->setStyleSheet(QStringLiteral("background: hsla( 0, 0, %1, %2); border-radius: 12px;")
+                                          .arg(m_dayMode ? 0 : 255)
+                                          .arg(m_isFullscreenHovered ? 1.0 : 0.5, 0, 'f', 2));
+}
+
+void PictureSlider::OnPictureNavigationRequested(int direction)
+{
+    ShowVenuePic(static_cast<short>(direction));
+}
+
+void PictureSlider::ShowFullScreen()
+{
+    // Showing a window sends events, whose receivers may do away with viewer and slider.
+    const QPointer<PictureFullscreenDialog> viewer = m_fullscreenDialog;
+    if (viewer)
+        viewer->Open();
+    if (viewer)
+        viewer->ShowPictureAt(m_index);
+}
+
+void PictureSlider::leaveEvent(QEvent* event)
+{
+    // A quick mouse is gone without a last move, and the viewer covers the slider without one.
+    SetFullscreenHovered(false);
+    QWidget::leaveEvent(event);
+}
+
+void PictureSlider::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event)
+        SetFullscreenHovered(m_fullscreenButton->geometry().contains(event->position().toPoint()));
+}
+
+void PictureSlider::paintEvent(QPaintEvent* event)
+{
+    QWidget::paintEvent(event);
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(QRect(QPoint(0, 0), c_size), m_dayMode ? QColor(Qt::white) : QColor(49, 49, 49));
+    if (!m_pixmap.isNull()) {
+        const QSizeF size = m_pixmap.deviceIndependentSize();
+        painter.drawPixmap(CenteredAt(c_size.width(), size.width()),
+                           CenteredAt(c_size.height(), size.height()), m_pixmap);
+        QColor band = m_dayMode ? Qt::white : Qt::black;
+        band.setAlphaF(m_dayMode ? 0.75F : 0.5F);
+        painter.fillRect(c_captionBand, band);
+    }
+    if (!m_text.isEmpty()) {
+        painter.setPen(QColor(128, 128, 128));
+        painter.setFont(m_font);
+        painter.drawText(c_textArea, Qt::AlignHCenter | Qt::AlignVCenter, m_text);
+    }
+}
+
+void PictureSlider::SetupUi()
+{
+    setFixedSize(c_size);
+    setMouseTracking(true);
+
+    auto* layout = new QVBoxLayout;
+    layout->addSpacing(c_size.height());
+    m_captionLabel = new QLabel(QStringLiteral("-/0"), this);
+    m_captionLabel->setTextFormat(Qt::PlainText);
+    SetCustomStyle(m_captionLabel, QLatin1String("labelKorvelCaptionSmall"));
+    layout->addWidget(m_captionLabel);
+    setLayout(layout);
+
+    m_leftButton = new PictureNavigationButton(-1, this);
+    m_rightButton = new PictureNavigationButton(1, this);
+
+    m_fullscreenButton = new QPushButton(this);
+    m_fullscreenButton->setFlat(true);
+    m_fullscreenButton->setFixedSize(c_fullscreenArea.size());
+    m_fullscreenButton->move(c_fullscreenArea.topLeft());
+    m_fullscreenButton->setIconSize(QSize(16, 16));
+    m_fullscreenButton->setMouseTracking(true);
+    m_fullscreenButton->setCursor(Qt::PointingHandCursor);
+    SetFullscreenIconStyle();
+}
+
+void PictureSlider::ConnectSignals()
+{
+    for (const PictureNavigationButton* button : {m_leftButton, m_rightButton}) {
+        connect(button, &PictureNavigationButton::PictureNavigationClicked, this,
+                &PictureSlider::OnPictureNavigationRequested);
+    }
+    connect(m_fullscreenButton, &QPushButton::clicked, this, &PictureSlider::ShowFullScreen);
+}
+
+void PictureSlider::LoadPixmap()
+{
+    const QPixmap decoded = DecodePicture(m_pictures.at(m_index).GetPictureDataSmall());
+    if (decoded.isNull()) {
+        m_pixmap = QPixmap();
+        m_text = tr("Image failure");
+        return;
+    }
+    // As many pixels as the screen shows in the box, so that the picture is sharp on scaled screens too.
+    const double ratio = devicePixelRatioF();
+    m_pixmap = decoded.scaled(c_pictureBox * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    m_pixmap.setDevicePixelRatio(ratio);
+    m_text.clear();
+}
+
+void PictureSlider::SetFullscreenHovered(bool hovered)
+{
+    if (hovered == m_isFullscreenHovered)
+        return;
+    m_isFullscreenHovered = hovered;
+    SetFullscreenIconStyle();
+}
+
+} // namespace korvel::Ui::VenueDatabase
