@@ -336,6 +336,7 @@ private Q_SLOTS:
     void MouseMovesReachTheParent()
     {
         NotingWidget parent;
+        parent.setMouseTracking(true);
         PictureView view(&parent);
         view.resize(200, 200);
         parent.show();
