@@ -1,0 +1,30 @@
+#include <support/Fixture.h>
+
+#include <QFile>
+#include <QJsonDocument>
+
+namespace korvel::Test {
+
+QByteArray Fixture(const QString& name)
+{
+    QFile file(QStringLiteral(VDB_FIXTURES_DIR "/") + name);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The fixture %s cannot be read", qPrintable(name));
+    return file.readAll();
+}
+
+QJsonObject FixtureObject(const QString& name)
+{
+    return JsonObject(Fixture(name));
+}
+
+QJsonObject JsonObject(const QByteArray& text)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (!document.isObject())
+        qFatal("%s: %s", qPrintable(error.errorString()), text.left(200).constData());
+    return document.object();
+}
+
+} // namespace korvel::Test

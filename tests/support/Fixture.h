@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QString>
+
+namespace korvel::Test {
+
+/// The bytes of tests/fixtures/\p name. Aborts the program when there is no such file.
+QByteArray Fixture(const QString& name);
+/// The same as a JSON object; aborts when it is none.
+QJsonObject FixtureObject(const QString& name);
+/// The JSON object that \p text spells; aborts when it is none.
+QJsonObject JsonObject(const QByteArray& text);
+
+} // namespace korvel::Test

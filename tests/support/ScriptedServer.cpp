@@ -1,0 +1,72 @@
+#include <support/ScriptedServer.h>
+
+namespace korvel::Test {
+
+using Demo::Fault;
+
+ScriptedServer::ScriptedServer()
+{
+    m_server.AddHost(QStringLiteral("second.example"));
+    if (!m_server.Start())
+        qFatal("The venue server does not start: %s", qPrintable(m_server.ErrorText()));
+    m_network = m_server.InstallInApplication();
+}
+
+void ScriptedServer::Reset()
+{
+    m_server.ClearFaults();
+    if (!m_server.IsRunning() && !m_server.Start())
+        qFatal("The venue server does not start again: %s", qPrintable(m_server.ErrorText()));
+    m_server.Log().Clear();
+}
+
+void ScriptedServer::Answer(const QString& target, const QByteArray& body, const QByteArray& mediaType,
+                            int status)
+{
+    AddFault(Fault::On(target).WithStatus(status).WithBody(body).WithMediaType(mediaType));
+}
+
+void ScriptedServer::AnswerJsonApi(const QString& target, const QByteArray& body)
+{
+    Answer(target, body, "application/vnd.api+json");
+}
+
+void ScriptedServer::Withhold(const QString& target)
+{
+    AddFault(Fault::On(target).WithoutAnswer());
+}
+
+void ScriptedServer::AddFault(const Demo::Fault& fault)
+{
+    m_server.AddFault(fault);
+}
+
+void ScriptedServer::AddFault(const Demo::NetworkFault& fault)
+{
+    m_server.AddFault(fault);
+}
+
+QStringList ScriptedServer::Targets()
+{
+    QStringList targets;
+    for (const Demo::RequestRecord& request : m_server.Log().Requests())
+        targets.append(QString::fromLatin1(request.target));
+    return targets;
+}
+
+Demo::RequestLog& ScriptedServer::Log()
+{
+    return m_server.Log();
+}
+
+Demo::VenueServer& ScriptedServer::Server()
+{
+    return m_server;
+}
+
+QString ScriptedServer::Url(const QString& path)
+{
+    return QStringLiteral("https://" KVVENUEDATABASE_SERVER_HOST) + path;
+}
+
+} // namespace korvel::Test

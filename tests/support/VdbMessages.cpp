@@ -1,0 +1,59 @@
+#include <support/VdbMessages.h>
+
+#include <QMutex>
+
+namespace korvel::Test {
+
+namespace {
+
+QMutex g_mutex;
+QStringList g_messages;
+QtMessageHandler g_previousHandler = nullptr;
+
+QString Severity(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return QStringLiteral("debug: ");
+    case QtInfoMsg:
+        return QStringLiteral("info: ");
+    case QtWarningMsg:
+        return QStringLiteral("warning: ");
+    case QtCriticalMsg:
+        return {};
+    case QtFatalMsg:
+        break;
+    }
+    return QStringLiteral("fatal: ");
+}
+
+void Collect(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (qstrcmp(context.category, "vdb") != 0) {
+        g_previousHandler(type, context, message);
+        return;
+    }
+    const QMutexLocker lock(&g_mutex);
+    g_messages.append(Severity(type) + message);
+}
+
+} // namespace
+
+VdbMessages::VdbMessages()
+{
+    Take();
+    g_previousHandler = qInstallMessageHandler(Collect);
+}
+
+VdbMessages::~VdbMessages()
+{
+    qInstallMessageHandler(g_previousHandler);
+}
+
+QStringList VdbMessages::Take()
+{
+    const QMutexLocker lock(&g_mutex);
+    return std::exchange(g_messages, {});
+}
+
+} // namespace korvel::Test

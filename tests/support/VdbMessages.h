@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStringList>
+
+namespace korvel::Test {
+
+/// Collects what is written to the module's logging category "vdb" for as long as it lives; messages of other
+/// categories go on to the test's own log. One at a time.
+class VdbMessages
+{
+public:
+    VdbMessages();
+    ~VdbMessages();
+    VdbMessages(const VdbMessages&) = delete;
+    VdbMessages& operator=(const VdbMessages&) = delete;
+
+    /// The messages since the last call, in order. Critical ones as they are, others with their severity in
+    /// front ("warning: ...").
+    static QStringList Take();
+};
+
+} // namespace korvel::Test
