@@ -61,10 +61,10 @@ public:
     }
     /// Logs a wait that ended with the time-out. Where the reply died or the application quits, nothing
     /// failed.
-    void LogTimeout(QLatin1String what) const
+    void LogTimeout(QLatin1String what, const QUrl& url) const
     {
         if (m_reply && m_reply->isFinished())
-            LogFailedRequest(what, *m_reply, QStringLiteral("no reply within %1 ms").arg(c_timeout));
+            LogFailedRequest(what, url, *m_reply, QStringLiteral("no reply within %1 ms").arg(c_timeout));
     }
 
 private:
@@ -362,9 +362,10 @@ QList<Picture> ConnectorJsonRest::ProcessPictureEntriesReply(const QJsonArray& i
 QByteArray ConnectorJsonRest::GetPictureBinaryData(const QString& url)
 {
     constexpr QLatin1String what("Picture download");
+    const QUrl wanted(url, QUrl::TolerantMode);
     const ReplyReleaser reply(SendGetUrlRequest(url));
     if (!waitForFinished(reply.Get(), c_timeout)) {
-        reply.LogTimeout(what);
+        reply.LogTimeout(what, wanted);
         return {};
     }
     const QByteArray body = reply->readAll();
@@ -372,9 +373,9 @@ QByteArray ConnectorJsonRest::GetPictureBinaryData(const QString& url)
     // Deliberate: the media type alone decides. An error page that is an image counts as one.
     const bool isImage = contentType.startsWith(QLatin1String("image"));
     if (reply->error() != QNetworkReply::NoError)
-        LogFailedRequest(what, *reply);
+        LogFailedRequest(what, wanted, *reply);
     else if (!isImage)
-        LogFailedRequest(what, *reply, NotAnImageReason(contentType));
+        LogFailedRequest(what, wanted, *reply, NotAnImageReason(contentType));
     return isImage ? body : QByteArray();
 }
 
@@ -382,13 +383,14 @@ QByteArray ConnectorJsonRest::GetBinaryData(const QString& path)
 {
     constexpr QLatin1String what("Model file download");
     const ReplyReleaser reply(SendGetJsonRequest(path, {}));
+    const QUrl url = reply->request().url();
     if (!waitForFinished(reply.Get(), c_timeout)) {
-        reply.LogTimeout(what);
+        reply.LogTimeout(what, url);
         return {};
     }
     // Deliberate: whatever came is the file, an error page too. The host judges what it imports.
     if (reply->error() != QNetworkReply::NoError)
-        LogFailedRequest(what, *reply);
+        LogFailedRequest(what, url, *reply);
     return reply->readAll();
 }
 
@@ -442,23 +444,24 @@ bool ConnectorJsonRest::QueryIncluded(QLatin1String what, const QString& include
         SendGetJsonRequest(c_venuePath,
                            {{QStringLiteral("include"), include},
                             {QStringLiteral("filter[entity_id]"), QString::number(venueId)}}));
+    const QUrl url = reply->request().url();
     if (!waitForFinished(reply.Get(), c_timeout)) {
-        reply.LogTimeout(what);
+        reply.LogTimeout(what, url);
         return false;
     }
     const QByteArray body = reply->readAll();
     if (reply->error() != QNetworkReply::NoError) {
-        LogFailedRequest(what, *reply);
+        LogFailedRequest(what, url, *reply);
         return false;
     }
     if (!IsJsonApi(*reply)) {
-        LogFailedRequest(what, *reply,
+        LogFailedRequest(what, url, *reply,
                          QStringLiteral("the reply is not JSON:API but \"%1\"").arg(ContentType(*reply)));
         return false;
     }
     const QJsonDocument document = QJsonDocument::fromJson(body);
     if (!document.isObject())
-        LogFailedRequest(what, *reply, QStringLiteral("the reply is no JSON object"));
+        LogFailedRequest(what, url, *reply, QStringLiteral("the reply is no JSON object"));
     included = document.object().value(QLatin1String("included")).toArray();
     return true;
 }

@@ -41,9 +41,9 @@ void DownloadManager::OnPictureBinaryDataResponse(QUrl url, QNetworkReply* reply
     const QByteArray body = reply->readAll();
 
     if (reply->error() != QNetworkReply::NoError)
-        LogFailedRequest(QLatin1String("Picture download"), *reply);
+        LogFailedRequest(QLatin1String("Picture download"), url, *reply);
     else if (!isImage)
-        LogFailedRequest(QLatin1String("Picture download"), *reply, NotAnImageReason(contentType));
+        LogFailedRequest(QLatin1String("Picture download"), url, *reply, NotAnImageReason(contentType));
 
     if (isImage)
         Q_EMIT PictureBinaryDataFinished(url, body);

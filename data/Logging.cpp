@@ -10,18 +10,31 @@ namespace {
 // A "data:" URL or a hostile one has no natural end; a log line has.
 constexpr qsizetype c_longestLoggedText = 300;
 
-QString Shortened(const QString& text)
+/// \p text as one line of reasonable length: servers must not forge log entries or talk to a terminal.
+QString Loggable(const QString& text)
 {
-    return text.size() > c_longestLoggedText ? text.left(c_longestLoggedText) + QStringLiteral("...") : text;
+    QString line
+        = text.size() > c_longestLoggedText ? text.left(c_longestLoggedText) + QStringLiteral("...") : text;
+    for (QChar& character : line) {
+        const bool breaksTheLine = character.category() == QChar::Other_Control
+            || character.category() == QChar::Separator_Line
+            || character.category() == QChar::Separator_Paragraph;
+        if (breaksTheLine)
+            character = QLatin1Char(' ');
+    }
+    return line;
 }
 
 QString ErrorText(const QNetworkReply& reply)
 {
     QString text = reply.errorString();
-    // Qt's text quotes the whole URL; credentials have no place in a log.
-    const QString userInfo = reply.url().userInfo(QUrl::FullyEncoded);
-    if (!userInfo.isEmpty())
-        text.remove(userInfo + QLatin1Char('@'));
+    // Qt's text quotes the URL with everything in it, after a redirect the last one. Credentials, also those
+    // in a query, have no place in a log.
+    for (const QUrl& url : {reply.url(), reply.request().url()}) {
+        if (!url.isEmpty())
+            text.replace(url.toString(),
+                         url.toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment));
+    }
     return text;
 }
 
@@ -33,15 +46,14 @@ const QLoggingCategory& VdbLog()
     return category;
 }
 
-void LogFailedRequest(QLatin1String what, const QNetworkReply& reply, const QString& reason)
+void LogFailedRequest(QLatin1String what, const QUrl& url, const QNetworkReply& reply, const QString& reason)
 {
-    const QUrl url = reply.request().url();
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const QString statusText = status.isValid() ? QStringLiteral("HTTP status %1").arg(status.toInt())
                                                 : QStringLiteral("no HTTP status");
-    qCCritical(VdbLog).noquote() << what << QLatin1String("failed:") << Shortened(url.host() + url.path())
+    qCCritical(VdbLog).noquote() << what << QLatin1String("failed:") << Loggable(url.host() + url.path())
                                  << QLatin1String("-") << statusText << QLatin1String("-")
-                                 << Shortened(reason.isEmpty() ? ErrorText(reply) : reason);
+                                 << Loggable(reason.isEmpty() ? ErrorText(reply) : reason);
 }
 
 QString NotAnImageReason(const QString& contentType)
