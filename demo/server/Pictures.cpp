@@ -1,19 +1,16 @@
 #include "VenueServer.h"
 
-#include <QBuffer>
-#include <QImage>
+#include <demo/server/VenuePictureArtist.h>
 
 namespace korvel::Demo {
 
 PictureSource VenueServer::Pictures()
 {
-    return [](const VenueRecord&, const PictureRecord&, QSize size) {
-        QImage image(size, QImage::Format_RGB32);
-        image.fill(Qt::darkCyan);
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        image.save(&buffer, "JPEG", 85);
-        return bytes;
+    return [](const VenueRecord& venue, const PictureRecord& picture, QSize size) {
+        constexpr int c_quality = 88;
+        const PictureSubject subject{venue.entityId,      picture.view,   venue.title,
+                                     venue.venueRoomName, venue.locality, venue.countryCode};
+        return VenuePictureArtist::DrawJpeg(subject, size, c_quality);
     };
 }
 
