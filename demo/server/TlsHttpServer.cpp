@@ -31,7 +31,7 @@ thread_local TlsHttpServer::Connection* TlsHttpServer::m_connection = nullptr;
 namespace {
 
 constexpr int c_idleMilliseconds = 60 * 1000;
-constexpr qint64 c_pieceSize = 256 * 1024;
+constexpr qint64 c_pieceSize = 256LL * 1024;
 
 quint16 PeerPort(int socket)
 {

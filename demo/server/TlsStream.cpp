@@ -7,7 +7,7 @@ namespace korvel::Demo {
 namespace {
 
 /// Longer request lines are left to httplib, which refuses them.
-constexpr qsizetype c_longestLine = 64 * 1024;
+constexpr qsizetype c_longestLine = 64LL * 1024;
 constexpr int c_ioTimeout = 600 * 1000;
 
 bool Poll(int socket, short events, int milliseconds)

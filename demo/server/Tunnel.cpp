@@ -14,8 +14,8 @@ namespace korvel::Demo {
 
 namespace {
 
-constexpr qint64 c_bufferSize = 256 * 1024;
-constexpr qsizetype c_headerLimit = 16 * 1024;
+constexpr qint64 c_bufferSize = 256LL * 1024;
+constexpr qsizetype c_headerLimit = 16LL * 1024;
 constexpr int c_shaperInterval = 20;
 
 ConnectRecord ConnectTo(const QString& host, quint16 port)
