@@ -1,0 +1,394 @@
+#include <ui/VenueDetailsWidget.h>
+
+#include <data/Venue.h>
+#include <ui/CustomStyle_p.h>
+#include <ui/PictureSlider.h>
+#include <ui/TsFileOpener.h>
+
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSizePolicy>
+#include <QSpacerItem>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+namespace korvel::Ui::VenueDatabase {
+
+using Data::VenueDatabase::Picture;
+using Data::VenueDatabase::TsFile;
+using Data::VenueDatabase::Venue;
+
+namespace {
+
+constexpr int c_panelHeight = 516;
+constexpr int c_captionBarHeight = 34;
+constexpr int c_bodyHeight = 480;
+constexpr int c_bodyMinimumWidth = 1046;
+constexpr int c_topBlockHeight = 240;
+constexpr int c_leftColumnWidth = 500;
+constexpr int c_columnGap = 22;
+constexpr int c_labelMinimumWidth = 140;
+constexpr int c_labelFieldSpacing = 6;
+constexpr int c_textEditHeight = 54;
+constexpr int c_bottomMargin = 4;
+
+QFrame* CreateSeparator(QWidget* parent)
+{
+    auto* separator = new QFrame(parent);
+    separator->setFrameShape(QFrame::HLine);
+    separator->setFixedHeight(1);
+    separator->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    SetCustomStyle(separator, QLatin1String("lineKorvelDark"));
+    return separator;
+}
+
+QSpacerItem* CreateColumnGap()
+{
+    return new QSpacerItem(c_columnGap, 0, QSizePolicy::Minimum, QSizePolicy::Expanding);
+}
+
+/// The layout of a column of the bottom block. The right column with its six rows fills the height of the
+/// block to the last pixels: there is no room for margins, and little between the rows.
+QVBoxLayout* CreateBottomColumnLayout(QWidget* column)
+{
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(3);
+    return layout;
+}
+
+/// Shows the beginning of \p text, where Qt would show the end of one that is too long for the field.
+void ShowText(QLineEdit* lineEdit, const QString& text)
+{
+    lineEdit->setText(text);
+    lineEdit->setCursorPosition(0);
+}
+
+void ClearSelection(QTextEdit* textEdit)
+{
+    // Handing the cursor back scrolls to it, that is to the end of the text.
+    const int scrollPosition = textEdit->verticalScrollBar()->value();
+    QTextCursor cursor = textEdit->textCursor();
+    cursor.clearSelection();
+    textEdit->setTextCursor(cursor);
+    textEdit->verticalScrollBar()->setValue(scrollPosition);
+}
+
+} // namespace
+
+VenueDetailsWidget::VenueDetailsWidget(QWidget* parent)
+    : QWidget(parent)
+{
+    SetupUi();
+}
+
+VenueDetailsWidget::~VenueDetailsWidget() = default;
+
+void VenueDetailsWidget::UpdateUi(Venue* venue, QList<Picture>* pictures, QList<TsFile>* files)
+{
+    if (!venue) {
+        ResetUi();
+        return;
+    }
+
+    ShowText(m_idLineEdit, QString::number(venue->GetId()));
+    ShowText(m_complexNameLineEdit, venue->GetComplexName());
+    ShowText(m_venueRoomNameLineEdit, venue->GetVenueRoomName());
+    m_generalCommentTextEdit->setPlainText(venue->GetGeneralComment());
+    // The lines of the address are joined by this literal text.
+    m_addressTextEdit->setPlainText(
+        venue->GetAddressText().replace(QLatin1String("<br/>"), QLatin1String("\n")));
+    m_locationCommentTextEdit->setPlainText(venue->GetLocationComment());
+    ShowText(m_loadDockStreetAddressLineEdit, venue->GetLoadDockStreetAddress());
+    m_loadDockCommentTextEdit->setPlainText(venue->GetLoadDockComment());
+    ShowText(m_clearingOfHouseGridLineEdit, venue->GetClearingOfHouseGrid());
+    m_riggingCommentTextEdit->setPlainText(venue->GetRiggingComment());
+    ShowText(m_uploadDateLineEdit, venue->GetUploadDateAsString());
+    ShowText(m_editorLineEdit, QString::number(venue->GetEditor()));
+    ShowText(m_editDateLineEdit, venue->GetEditDateAsString());
+
+    m_pictureSlider->UpdateUi(pictures);
+    m_tsFileOpener->UpdateUi(files);
+}
+
+void VenueDetailsWidget::ResetUi() const
+{
+    for (QLineEdit* lineEdit :
+         {m_idLineEdit, m_complexNameLineEdit, m_venueRoomNameLineEdit, m_loadDockStreetAddressLineEdit,
+          m_clearingOfHouseGridLineEdit, m_uploadDateLineEdit, m_editorLineEdit, m_editDateLineEdit})
+        lineEdit->clear();
+    for (QTextEdit* textEdit : {m_generalCommentTextEdit, m_addressTextEdit, m_locationCommentTextEdit,
+                                m_loadDockCommentTextEdit, m_riggingCommentTextEdit})
+        textEdit->clear();
+    m_pictureSlider->ResetUi();
+    m_tsFileOpener->ResetUi();
+}
+
+void VenueDetailsWidget::SetCollapsed(bool collapsed)
+{
+    const int captionBarHeight = m_captionBar->sizeHint().height();
+    m_body->setVisible(!collapsed);
+    if (collapsed) {
+        setFixedHeight(captionBarHeight);
+    } else {
+        setMinimumHeight(0);
+        setMaximumHeight(c_panelHeight);
+    }
+    m_isCollapsed = collapsed;
+    UpdateCollapseIcon();
+}
+
+void VenueDetailsWidget::SetDayMode(bool dayMode)
+{
+    m_isDayMode = dayMode;
+    m_pictureSlider->SetDayMode(dayMode);
+    UpdateCollapseIcon();
+}
+
+void VenueDetailsWidget::UpdateCollapseIcon()
+{
+    QString path;
+    if (m_isCollapsed) {
+        path = m_isDayMode ? QStringLiteral(":/Resources/korvelFoldingWidgetClosed_day.svg")
+                           : QStringLiteral(":/Resources/korvelFoldingWidgetClosed.svg");
+    } else {
+        path = m_isDayMode ? QStringLiteral(":/Resources/korvelFoldingWidgetOpen_day.svg")
+                           : QStringLiteral(":/Resources/korvelFoldingWidgetOpen.svg");
+    }
+    m_foldIcon->setPixmap(QPixmap(path));
+}
+
+bool VenueDetailsWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_foldIcon && event->type() == QEvent::MouseButtonRelease)
+        SetCollapsed(!m_isCollapsed);
+    if (auto* textEdit = qobject_cast<QTextEdit*>(watched)) {
+        if (event->type() == QEvent::FocusIn)
+            textEdit->selectAll();
+        else if (event->type() == QEvent::FocusOut)
+            ClearSelection(textEdit);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void VenueDetailsWidget::paintEvent(QPaintEvent* /*event*/)
+{
+    PaintStyledBackground(this);
+}
+
+void VenueDetailsWidget::SetupUi()
+{
+    SetCustomStyle(this, QLatin1String("widgetKorvelDefault"));
+    setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
+    setFixedHeight(c_panelHeight);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+
+    m_captionBar = CreateCaptionBar();
+    layout->addWidget(CreateSeparator(this));
+    layout->addWidget(m_captionBar);
+    layout->addWidget(CreateSeparator(this));
+
+    m_body = new QScrollArea(this);
+    m_body->setWidgetResizable(true);
+    SetCustomStyle(m_body, QLatin1String("scrollAreaKorvelDefault"));
+    m_body->setFrameShape(QFrame::NoFrame);
+    m_body->setMaximumHeight(c_bodyHeight);
+    m_body->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_body->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Ignored);
+    layout->addWidget(m_body);
+
+    auto* content = new QWidget(this);
+    SetCustomStyle(content, QLatin1String("widgetKorvelDefault"));
+    content->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+    content->setMinimumWidth(c_bodyMinimumWidth);
+    content->setFixedHeight(c_bodyHeight);
+    auto* contentLayout = new QVBoxLayout(content);
+    contentLayout->setContentsMargins(4, 4, 4, 0);
+    SetupTopUi(contentLayout);
+    contentLayout->addWidget(CreateSeparator(content));
+    SetupBottomUi(contentLayout);
+    m_body->setWidget(content);
+
+    SetupTooltips();
+}
+
+QWidget* VenueDetailsWidget::CreateCaptionBar()
+{
+    auto* bar = new QWidget(this);
+    SetCustomStyle(bar, QLatin1String("widgetKorvelViewSectionHeaderBright"));
+    auto* layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(8, 0, 8, 0);
+
+    m_foldIcon = new QLabel(this);
+    m_foldIcon->installEventFilter(this);
+    layout->addWidget(m_foldIcon);
+
+    auto* caption = new QLabel(tr("Venue details"), this);
+    SetCustomStyle(caption, QLatin1String("labelKorvelSectionCaptionDark"));
+    caption->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
+    layout->addWidget(caption);
+    // The collapsed panel is as high as the bar would like to be: that must not depend on font and icon.
+    layout->addStrut(c_captionBarHeight);
+
+    bar->setFixedHeight(c_captionBarHeight);
+    return bar;
+}
+
+void VenueDetailsWidget::SetupTopUi(QBoxLayout* layout)
+{
+    auto* block = new QWidget(this);
+    block->setFixedHeight(c_topBlockHeight);
+    auto* blockLayout = new QHBoxLayout(block);
+    // The slider is as high as the block.
+    blockLayout->setContentsMargins(0, 0, 0, 0);
+
+    m_pictureSlider = new PictureSlider(this);
+    blockLayout->addWidget(m_pictureSlider);
+    blockLayout->addItem(CreateColumnGap());
+
+    auto* column = new QWidget(this);
+    auto* columnLayout = new QVBoxLayout(column);
+    // In line with the right column of the bottom block.
+    columnLayout->setContentsMargins(c_bottomMargin, 0, c_bottomMargin, 0);
+    SetupReadonlyLineEditWithLabel(columnLayout, 0, &m_idLineEdit, true);
+    SetupReadonlyLineEditWithLabel(columnLayout, 11, &m_editorLineEdit, false);
+    SetupReadonlyLineEditWithLabel(columnLayout, 12, &m_editDateLineEdit, true);
+    SetupReadonlyLineEditWithLabel(columnLayout, 10, &m_uploadDateLineEdit, true);
+    SetupReadonlyLineEditWithLabel(columnLayout, 1, &m_complexNameLineEdit, true);
+    SetupReadonlyLineEditWithLabel(columnLayout, 2, &m_venueRoomNameLineEdit, true);
+    m_tsFileOpener = new TsFileOpener(this);
+    SetCustomStyle(m_tsFileOpener, QLatin1String("buttonKorvelDefault"));
+    columnLayout->addWidget(m_tsFileOpener);
+    blockLayout->addWidget(column);
+
+    layout->addWidget(block);
+}
+
+void VenueDetailsWidget::SetupBottomUi(QBoxLayout* layout)
+{
+    auto* block = new QWidget(this);
+    auto* blockLayout = new QHBoxLayout(block);
+    blockLayout->setContentsMargins(c_bottomMargin, c_bottomMargin, c_bottomMargin, c_bottomMargin);
+
+    // Deliberate: the section captions are not translated.
+    auto* left = new QWidget(this);
+    left->setFixedWidth(c_leftColumnWidth);
+    auto* leftLayout = CreateBottomColumnLayout(left);
+    AddSectionCaption(leftLayout, QStringLiteral("General"));
+    SetupReadonlyTextEditWithLabel(leftLayout, 3, &m_generalCommentTextEdit, true, c_textEditHeight);
+    // First and last row are level with those of the right column.
+    leftLayout->addStretch();
+    SetupReadonlyTextEditWithLabel(leftLayout, 4, &m_addressTextEdit, true, c_textEditHeight);
+    leftLayout->addStretch();
+    SetupReadonlyTextEditWithLabel(leftLayout, 5, &m_locationCommentTextEdit, true, c_textEditHeight);
+    blockLayout->addWidget(left);
+    blockLayout->addItem(CreateColumnGap());
+
+    auto* right = new QWidget(this);
+    auto* rightLayout = CreateBottomColumnLayout(right);
+    AddSectionCaption(rightLayout, QStringLiteral("Loading dock"));
+    SetupReadonlyLineEditWithLabel(rightLayout, 6, &m_loadDockStreetAddressLineEdit, true);
+    SetupReadonlyTextEditWithLabel(rightLayout, 7, &m_loadDockCommentTextEdit, true, c_textEditHeight);
+    rightLayout->addItem(new QSpacerItem(1, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
+    AddSectionCaption(rightLayout, QStringLiteral("Rigging"));
+    SetupReadonlyLineEditWithLabel(rightLayout, 8, &m_clearingOfHouseGridLineEdit, true);
+    SetupReadonlyTextEditWithLabel(rightLayout, 9, &m_riggingCommentTextEdit, true, c_textEditHeight);
+    blockLayout->addWidget(right);
+
+    layout->addWidget(block);
+}
+
+void VenueDetailsWidget::SetupTooltips()
+{
+    m_complexNameLineEdit->setToolTip(tr(
+        "Name of overall multi-venue building or campus (identical to Venue name if there is only one event "
+        "venue in the building/on the campus)."));
+    m_venueRoomNameLineEdit->setToolTip(tr(
+        "Name of the specific venue/room within the multi-venue building/campus (identical to Complex name "
+        "if there is only one venue in the building)."));
+    m_addressTextEdit->setToolTip(tr("Official address of venue."));
+    m_locationCommentTextEdit->setToolTip(tr(
+        "Anything that is important to know when accessing the venue, such as \"try to arrive before 9am to "
+        "avoid terrible traffic\"."));
+    m_loadDockStreetAddressLineEdit->setToolTip(
+        tr("If the street address of the loading dock is not the same as the official loading dock address, "
+           "please enter here."));
+    m_loadDockCommentTextEdit->setToolTip(
+        tr("If there are any peculiarities about the dock (e.g. \"difficult to reverse into\", or \"freight "
+           "elevator only\"), please note them here."));
+    m_clearingOfHouseGridLineEdit->setToolTip(
+        tr("To calculate how much actual rigging height is going to be available considering "
+           "production-specific pre-riggs and chain motors."));
+    m_riggingCommentTextEdit->setToolTip(tr(
+        "Any specialties or unusual restrictions, such as \"all points have to be bridled\" or \"no access "
+        "to catwalk, all points have to be set via cherry picker\"."));
+}
+
+void VenueDetailsWidget::SetupReadonlyLineEditWithLabel(QBoxLayout* layout, int labelIndex,
+                                                        QLineEdit** lineEdit, bool visible)
+{
+    QLabel* label = CreateFieldLabel(labelIndex);
+    auto* field = new QLineEdit(this);
+    SetCustomStyle(field, QLatin1String("lineEditKorvelDisplayOnly"));
+    field->setReadOnly(true);
+    AddFieldRow(layout, label, field, visible);
+    *lineEdit = field;
+}
+
+void VenueDetailsWidget::SetupReadonlyTextEditWithLabel(QBoxLayout* layout, int labelIndex,
+                                                        QTextEdit** textEdit, bool visible, int height)
+{
+    QLabel* label = CreateFieldLabel(labelIndex);
+    label->setAlignment(Qt::AlignTop);
+    auto* field = new QTextEdit(this);
+    SetCustomStyle(field, QLatin1String("textEditKorvelDisplayOnly"));
+    field->setReadOnly(true);
+    field->setFixedHeight(height);
+    // Qt's own 4 pixels would take the third line of a common address.
+    field->document()->setDocumentMargin(2);
+    field->installEventFilter(this);
+    AddFieldRow(layout, label, field, visible);
+    *textEdit = field;
+}
+
+QLabel* VenueDetailsWidget::CreateFieldLabel(int labelIndex)
+{
+    auto* label = new QLabel(Venue::GetLabelAt(labelIndex, false) + QLatin1Char(':'), this);
+    SetCustomStyle(label, QLatin1String("labelKorvelLight"));
+    label->setMinimumWidth(c_labelMinimumWidth);
+    return label;
+}
+
+void VenueDetailsWidget::AddFieldRow(QBoxLayout* layout, QLabel* label, QWidget* field, bool visible)
+{
+    auto* row = new QHBoxLayout;
+    // Not that of the column around it: the fields of both blocks stand in line.
+    row->setSpacing(c_labelFieldSpacing);
+    layout->addLayout(row);
+    row->addWidget(label);
+    row->addWidget(field);
+    if (!visible) {
+        label->hide();
+        field->hide();
+    }
+}
+
+void VenueDetailsWidget::AddSectionCaption(QBoxLayout* layout, const QString& text)
+{
+    auto* caption = new QLabel(text, this);
+    // Deliberate: the name of the style class passes through the translation, its text does not.
+    caption->setProperty("customStyle", tr("labelKorvelCaptionSmall"));
+    layout->addWidget(caption);
+}
+
+} // namespace korvel::Ui::VenueDatabase
