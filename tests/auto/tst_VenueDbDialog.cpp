@@ -78,8 +78,10 @@ private Q_SLOTS:
         QVERIFY(dialog.isHidden());
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Venue database"));
         QCOMPARE(dialog.property("customStyle").toString(), QStringLiteral("dialogKorvelDefault"));
+        // Qt adds the title and the system menu to any frame; nothing else, no minimise or help button.
         QCOMPARE(dialog.windowFlags(),
-                 Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
+                 Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint | Qt::WindowTitleHint
+                     | Qt::WindowSystemMenuHint);
         QVERIFY(PanelOf(dialog));
         QCOMPARE(dialog.layout()->itemAt(0)->widget(), PanelOf(dialog));
         QCOMPARE(dialog.GetVdbConnectionInfo(), QString());
