@@ -25,14 +25,14 @@ using namespace Data::VenueDatabase;
 
 namespace {
 
-    constexpr int c_buttonMinimumWidth = 90;
-    constexpr int c_labelIndent = 10;
+constexpr int c_buttonMinimumWidth = 90;
+constexpr int c_labelIndent = 10;
 
-    /// The entry of the country list that stands for every country.
-    QString AnyCountry()
-    {
-        return QStringLiteral("--");
-    }
+/// The entry of the country list that stands for every country.
+QString AnyCountry()
+{
+    return QStringLiteral("--");
+}
 
 } // namespace
 
@@ -76,9 +76,10 @@ void VenueDbCentralWidget::SetupUi()
     auto* searchArea = new QWidget(this);
     auto* searchAreaLayout = new QVBoxLayout(searchArea);
     searchAreaLayout->setContentsMargins(4, 4, 4, 4);
-    auto* hintLabel = new QLabel(tr("To conduct a targeted search, please enter search terms or single letters in the "
-                                    "fields below and click Search. To view the complete result list, click Reset."),
-                                 this);
+    auto* hintLabel
+        = new QLabel(tr("To conduct a targeted search, please enter search terms or single letters in the "
+                        "fields below and click Search. To view the complete result list, click Reset."),
+                     this);
     hintLabel->setMargin(4);
     SetCustomStyle(hintLabel, QLatin1String("labelKorvelDefault"));
     searchAreaLayout->addWidget(hintLabel);
@@ -113,15 +114,15 @@ void VenueDbCentralWidget::SetupUi()
 
 QHBoxLayout* VenueDbCentralWidget::SetupSearchUi()
 {
-    const QString complexNameToolTip
-        = tr("Name of overall multi-venue building or campus (identical to Venue name if there is only one event "
-             "venue in the building/on the campus).");
-    const QString venueRoomNameToolTip
-        = tr("Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if "
-             "there is only one venue in the building).");
+    const QString complexNameToolTip = tr(
+        "Name of overall multi-venue building or campus (identical to Venue name if there is only one event "
+        "venue in the building/on the campus).");
+    const QString venueRoomNameToolTip = tr("Name of the specific venue/room within the multi-venue "
+                                            "building/campus (identical to Complex name if "
+                                            "there is only one venue in the building).");
 
-    // Fields before buttons: the dialog's default button is the next one after the focused field in the order of
-    // creation, and Return in a field is to search.
+    // Fields before buttons: the dialog's default button is the next one after the focused field in the order
+    // of creation, and Return in a field is to search.
     m_complexNameLabel = CreateFieldLabel(Venue::GetLabelAt(1, false), complexNameToolTip);
     m_complexNameLineEdit = CreateLineEdit(complexNameToolTip);
     m_venueRoomNameLabel = CreateFieldLabel(Venue::GetLabelAt(2, false), venueRoomNameToolTip);
@@ -141,9 +142,10 @@ QHBoxLayout* VenueDbCentralWidget::SetupSearchUi()
 
     auto* layout = new QHBoxLayout;
     layout->setContentsMargins(4, 4, 4, 4);
-    for (QWidget* widget : std::initializer_list<QWidget*> {
-             m_complexNameLabel, m_complexNameLineEdit, m_venueRoomNameLabel, m_venueRoomNameLineEdit, m_cityLabel,
-             m_cityLineEdit, m_countryLabel, m_countryComboBox, m_queryButton, m_resetFilterButton})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{m_complexNameLabel, m_complexNameLineEdit, m_venueRoomNameLabel,
+                                         m_venueRoomNameLineEdit, m_cityLabel, m_cityLineEdit, m_countryLabel,
+                                         m_countryComboBox, m_queryButton, m_resetFilterButton})
         layout->addWidget(widget);
     return layout;
 }
@@ -196,7 +198,8 @@ void VenueDbCentralWidget::PopulateUi()
 void VenueDbCentralWidget::ConnectSignals()
 {
     connect(m_queryButton, &QPushButton::clicked, this, &VenueDbCentralWidget::OnQueryButtonClicked);
-    connect(m_resetFilterButton, &QPushButton::clicked, this, &VenueDbCentralWidget::OnResetFilterButtonClicked);
+    connect(m_resetFilterButton, &QPushButton::clicked, this,
+            &VenueDbCentralWidget::OnResetFilterButtonClicked);
     // Queued: the first search starts when the dialog is on the screen.
     connect(this, &VenueDbCentralWidget::WindowOpened, this, &VenueDbCentralWidget::OnWindowOpened,
             Qt::QueuedConnection);
@@ -252,7 +255,8 @@ void VenueDbCentralWidget::PerformQuery()
     while (!m_isQueryDone) {
         SetBusyState(true);
         Connector_Interface* connector = LivingConnector();
-        const ResultStatus status = connector ? connector->FindVenueEntries(filters, venues) : WrongContentType;
+        const ResultStatus status
+            = connector ? connector->FindVenueEntries(filters, venues) : WrongContentType;
         if (!self)
             return;
         SetBusyState(false);
@@ -380,7 +384,8 @@ void VenueDbCentralWidget::OnTableSelectionChanged()
     m_isLoadingDetails = false;
 
     if (m_objectToDelete) {
-        // Not deleteLater(): newer versions of Qt take only the first call for an object, and that one was used up.
+        // Not deleteLater(): newer versions of Qt take only the first call for an object, and that one was
+        // used up.
         QTimer::singleShot(0, qApp, [object = m_objectToDelete]() { delete object; });
     }
 }

@@ -24,17 +24,17 @@ class VenueDetailsWidget;
 /// The content of the venue database dialog: search row, venue table and details panel.
 ///
 /// Searching and loading details run the connector's nested event loops. Meanwhile everything may happen, the
-/// destruction of this widget included, with one exception: while the details of a row load, Qt's own view code is
-/// on the stack, so the widget must not be deleted directly then; see IsLoadingDetails(). User-interface thread
-/// only.
+/// destruction of this widget included, with one exception: while the details of a row load, Qt's own view
+/// code is on the stack, so the widget must not be deleted directly then; see IsLoadingDetails().
+/// User-interface thread only.
 class KVVENUEDATABASE_API VenueDbCentralWidget : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Sorts the venue table: date-times newest first in ascending order, everything else as text in the order of
-    /// the locale. Texts that can be read as variants of date-times by Qt count as such, so text columns keep their
-    /// order.
+    /// Sorts the venue table: date-times newest first in ascending order, everything else as text in the
+    /// order of the locale. Texts that can be read as variants of date-times by Qt count as such, so text
+    /// columns keep their order.
     class KVVENUEDATABASE_API VenueSortFilterProxyModel : public QSortFilterProxyModel
     {
     public:
@@ -44,30 +44,30 @@ public:
         bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
     };
 
-    /// Builds the complete widget. Progress is written into \p statusLabel, which stays the caller's and may be
-    /// null.
+    /// Builds the complete widget. Progress is written into \p statusLabel, which stays the caller's and may
+    /// be null.
     explicit VenueDbCentralWidget(QWidget* parent = nullptr, QLabel* statusLabel = nullptr);
     ~VenueDbCentralWidget() override;
 
-    /// Uses \p connector for all further queries; it stays the caller's. Null is refused with false and changes
-    /// nothing. A connector that is a QObject may be deleted at any time and then counts as none; any other must
-    /// be replaced before it is deleted.
+    /// Uses \p connector for all further queries; it stays the caller's. Null is refused with false and
+    /// changes nothing. A connector that is a QObject may be deleted at any time and then counts as none; any
+    /// other must be replaced before it is deleted.
     bool SetConnector(Data::VenueDatabase::Connector_Interface* connector);
     /// Switches the details panel to the light (true) or the dark appearance.
     void SetDayMode(bool dayMode);
 
-    /// Searches with the contents of the fields, refreshes the country list and shows the results; asks the user
-    /// in a modal box whether to retry after a failure. Runs nested event loops. Does nothing without a connector
-    /// or while a search is running.
+    /// Searches with the contents of the fields, refreshes the country list and shows the results; asks the
+    /// user in a modal box whether to retry after a failure. Runs nested event loops. Does nothing without a
+    /// connector or while a search is running.
     void PerformQuery();
-    /// Fills the country list with the countries of all venues on the server and keeps the chosen one if it still
-    /// occurs. Runs a nested event loop. WrongContentType without a connector.
+    /// Fills the country list with the countries of all venues on the server and keeps the chosen one if it
+    /// still occurs. Runs a nested event loop. WrongContentType without a connector.
     Data::VenueDatabase::ResultStatus UpdateCountryComboBox();
 
     /// True while a row's pictures and model files are fetched.
     bool IsLoadingDetails() const;
-    /// Deletes \p object, which may own this widget, as soon as the running load has ended and Qt's view code has
-    /// returned.
+    /// Deletes \p object, which may own this widget, as soon as the running load has ended and Qt's view code
+    /// has returned.
     void DeleteAfterLoading(QObject* object);
 
     /// Building steps, called by the constructor and by nobody else.
@@ -139,7 +139,8 @@ private:
     bool m_isSearching = false;
     bool m_isLoadingDetails = false;
     bool m_hasSelectionChanged = false;
-    /// How often the details panel was reset: details that were asked for before the last time are out of date.
+    /// How often the details panel was reset: details that were asked for before the last time are out of
+    /// date.
     int m_detailsResets = 0;
     QPointer<QObject> m_objectToDelete;
 };

@@ -18,7 +18,7 @@ using Data::VenueDatabase::ConnectorJsonRest;
 
 namespace {
 
-    constexpr QSize c_openedSize(1062, 768);
+constexpr QSize c_openedSize(1062, 768);
 
 } // namespace
 

@@ -17,13 +17,14 @@ class VenueDbCentralWidget;
 
 /// The venue database: the module's top-level window and the host application's entry point.
 ///
-/// The host connects to VenueDbSignalHandler, creates one dialog, calls ConnectVdb("JSONREST") and SetDayMode(),
-/// then Open() whenever the user asks for the venue database, and answers import requests with SetVenueLoaded().
-/// Closing only hides the dialog; the host deletes it.
+/// The host connects to VenueDbSignalHandler, creates one dialog, calls ConnectVdb("JSONREST") and
+/// SetDayMode(), then Open() whenever the user asks for the venue database, and answers import requests with
+/// SetVenueLoaded(). Closing only hides the dialog; the host deletes it.
 ///
-/// All operations may be called at any moment in the user-interface thread, also while a query waits in its nested
-/// event loop. The dialog may be destroyed then, with one exception: while the details of a selected row load it
-/// must not be deleted directly. deleteLater() is always safe: it ends the load and takes effect after it.
+/// All operations may be called at any moment in the user-interface thread, also while a query waits in its
+/// nested event loop. The dialog may be destroyed then, with one exception: while the details of a selected
+/// row load it must not be deleted directly. deleteLater() is always safe: it ends the load and takes effect
+/// after it.
 class KVVENUEDATABASE_API VenueDbDialog : public VenueDbDialogBase
 {
     Q_OBJECT
@@ -34,18 +35,18 @@ public:
     /// Deletes the connector as well; a running query ends.
     ~VenueDbDialog() override;
 
-    /// Replaces the connector by one of the type \p connectionType. The only type is "JSONREST", in this spelling;
-    /// false for any other, the dialog is then without a connector.
+    /// Replaces the connector by one of the type \p connectionType. The only type is "JSONREST", in this
+    /// spelling; false for any other, the dialog is then without a connector.
     bool ConnectVdb(QString connectionType);
     /// Deletes the connector; a running query ends with its failure result. The connection info stays.
     void DisconnectVdb();
-    /// "JsonRest connection " (with the blank) once connected, "no connection specified" after an unknown type,
-    /// empty before the first ConnectVdb().
+    /// "JsonRest connection " (with the blank) once connected, "no connection specified" after an unknown
+    /// type, empty before the first ConnectVdb().
     QString GetVdbConnectionInfo() const;
 
-    /// Shows the dialog as a normal window of 1062 x 768 in the middle of the work area of \p screen (null: the
-    /// primary one), whatever size and state it had, and starts a search of all venues unless the last search
-    /// succeeded. The search begins when control has returned to the event loop.
+    /// Shows the dialog as a normal window of 1062 x 768 in the middle of the work area of \p screen (null:
+    /// the primary one), whatever size and state it had, and starts a search of all venues unless the last
+    /// search succeeded. The search begins when control has returned to the event loop.
     void Open(QScreen* screen);
     /// Switches to the light (true) or the dark appearance, as far as it does not come from the style sheet.
     void SetDayMode(bool dayMode);

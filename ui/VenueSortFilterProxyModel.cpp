@@ -12,7 +12,8 @@ using Data::VenueDatabase::Venue;
 
 namespace {
 
-/// left < right, without asking the time zone when the days alone decide: zones differ by little more than a day.
+/// left < right, without asking the time zone when the days alone decide: zones differ by little more than a
+/// day.
 bool IsEarlier(const QDateTime& left, const QDateTime& right)
 {
     constexpr qint64 c_safeDays = 3;
@@ -24,7 +25,8 @@ bool IsEarlier(const QDateTime& left, const QDateTime& right)
     return left < right;
 }
 
-/// False for texts in which Qt's ISO parser finds no date for certain; they need no parsing to be known invalid.
+/// False for texts in which Qt's ISO parser finds no date for certain; they need no parsing to be known
+/// invalid.
 bool MayBeIsoDate(const QString& text)
 {
     return text.size() >= 10 && text.at(4).isPunct() && text.at(7).isPunct() && text.at(9).isDigit();
@@ -37,8 +39,8 @@ bool IsLessText(const QString& left, const QString& right)
     return QDateTime::fromString(right, Qt::ISODate) < QDateTime::fromString(left, Qt::ISODate);
 }
 
-/// The comparison for the module's own model, whose records can be read in place; the values and the result are
-/// the same as for any other model. Nothing for other models and columns.
+/// The comparison for the module's own model, whose records can be read in place; the values and the result
+/// are the same as for any other model. Nothing for other models and columns.
 std::optional<bool> LessInVenueTable(const QAbstractItemModel* model, const QModelIndex& left,
                                      const QModelIndex& right)
 {
@@ -74,15 +76,16 @@ VenueDbCentralWidget::VenueSortFilterProxyModel::VenueSortFilterProxyModel(QObje
 
 VenueDbCentralWidget::VenueSortFilterProxyModel::~VenueSortFilterProxyModel() = default;
 
-bool VenueDbCentralWidget::VenueSortFilterProxyModel::lessThan(const QModelIndex& left, const QModelIndex& right) const
+bool VenueDbCentralWidget::VenueSortFilterProxyModel::lessThan(const QModelIndex& left,
+                                                               const QModelIndex& right) const
 {
     if (const std::optional<bool> isLess = LessInVenueTable(sourceModel(), left, right))
         return *isLess;
 
     const QVariant leftValue = sourceModel()->data(left, Qt::DisplayRole);
     const QVariant rightValue = sourceModel()->data(right, Qt::DisplayRole);
-    // Deliberate: texts can be converted too, and most give invalid date-times, none less than the other. Text
-    // columns therefore keep the order that they are in.
+    // Deliberate: texts can be converted too, and most give invalid date-times, none less than the other.
+    // Text columns therefore keep the order that they are in.
     if (leftValue.canConvert<QDateTime>() && rightValue.canConvert<QDateTime>()) {
         // Deliberate: the operands are swapped, so that an ascending sort lists the newest edit first.
         return IsEarlier(rightValue.toDateTime(), leftValue.toDateTime());

@@ -41,27 +41,27 @@ using korvel::Test::ModalDriver;
 
 namespace {
 
-    /// Far less than the 30 s that a query may wait: what ends within it was ended, not waited out.
-    constexpr int c_promptly = 5000;
+/// Far less than the 30 s that a query may wait: what ends within it was ended, not waited out.
+constexpr int c_promptly = 5000;
 
-    QByteArray SmallPicture(const korvel::Demo::VenueRecord& /*venue*/, const korvel::Demo::PictureRecord& /*picture*/,
-                            QSize /*size*/)
-    {
-        QImage image(60, 40, QImage::Format_RGB32);
-        image.fill(Qt::darkCyan);
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "PNG");
-        return bytes;
-    }
+QByteArray SmallPicture(const korvel::Demo::VenueRecord& /*venue*/,
+                        const korvel::Demo::PictureRecord& /*picture*/, QSize /*size*/)
+{
+    QImage image(60, 40, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
 
-    VenueServer::Options ServerOptions()
-    {
-        VenueServer::Options options;
-        options.pictureSource = SmallPicture;
-        return options;
-    }
+VenueServer::Options ServerOptions()
+{
+    VenueServer::Options options;
+    options.pictureSource = SmallPicture;
+    return options;
+}
 
 } // namespace
 
@@ -71,16 +71,31 @@ class tst_EndToEnd : public QObject
     Q_OBJECT
 
 private:
-    VenueServer m_server {ServerOptions()};
+    VenueServer m_server{ServerOptions()};
     VenueCatalogue m_catalogue;
     std::unique_ptr<korvel::Demo::ApplicationNetworkGuard> m_network;
     QPointer<VenueDbDialog> m_dialog;
 
-    QTableView* Table() const { return m_dialog->findChild<QTableView*>(); }
-    VenueDetailsWidget* Details() const { return m_dialog->findChild<VenueDetailsWidget*>(); }
-    VenueDbCentralWidget* Panel() const { return m_dialog->findChild<VenueDbCentralWidget*>(); }
-    int Rows() const { return Table()->model() ? Table()->model()->rowCount() : -1; }
-    qint64 IdOfRow(int row) const { return Table()->model()->index(row, 0).data().toLongLong(); }
+    QTableView* Table() const
+    {
+        return m_dialog->findChild<QTableView*>();
+    }
+    VenueDetailsWidget* Details() const
+    {
+        return m_dialog->findChild<VenueDetailsWidget*>();
+    }
+    VenueDbCentralWidget* Panel() const
+    {
+        return m_dialog->findChild<VenueDbCentralWidget*>();
+    }
+    int Rows() const
+    {
+        return Table()->model() ? Table()->model()->rowCount() : -1;
+    }
+    qint64 IdOfRow(int row) const
+    {
+        return Table()->model()->index(row, 0).data().toLongLong();
+    }
 
     QPushButton* Button(const QString& text) const
     {
@@ -127,13 +142,17 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        m_catalogue = CatalogueGenerator({.venueCount = 25, .picturesPerVenue = 3, .modelFilesPerVenue = 2}).Catalogue();
+        m_catalogue = CatalogueGenerator({.venueCount = 25, .picturesPerVenue = 3, .modelFilesPerVenue = 2})
+                          .Catalogue();
         m_server.SetCatalogue(m_catalogue);
         QVERIFY2(m_server.Start(), qPrintable(m_server.ErrorText()));
         m_network = m_server.InstallInApplication();
     }
 
-    void cleanupTestCase() { m_network.reset(); }
+    void cleanupTestCase()
+    {
+        m_network.reset();
+    }
 
     void init()
     {
@@ -199,8 +218,9 @@ private Q_SLOTS:
         QCOMPARE(m_server.Log().RequestCount(QStringLiteral("filter[entity_id]=%1").arg(id)), 2);
         QCOMPARE(m_server.Log().RequestCount(), 2 + 2 + 3 + 2);
         const auto labels = Details()->findChildren<QLabel*>();
-        QVERIFY(std::any_of(labels.cbegin(), labels.cend(),
-                            [](const QLabel* label) { return label->text().startsWith(QStringLiteral("1/3 ")); }));
+        QVERIFY(std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
+            return label->text().startsWith(QStringLiteral("1/3 "));
+        }));
         const auto record = std::find_if(m_catalogue.Venues().cbegin(), m_catalogue.Venues().cend(),
                                          [id](const auto& venue) { return venue.entityId == id; });
         auto* opener = Details()->findChild<TsFileOpener*>();
@@ -276,7 +296,8 @@ private Q_SLOTS:
         QCOMPARE(driver->Count(), 1);
     }
 
-    // --- what may happen at any moment of a wait ------------------------------------------------------------
+    // --- what may happen at any moment of a wait
+    // ------------------------------------------------------------
 
     void SearchEndsWhenTheHostInterferes_data()
     {

@@ -32,96 +32,96 @@ using korvel::Test::ModalDriver;
 
 namespace {
 
-    using Filters = ConnectorStub::Filters;
+using Filters = ConnectorStub::Filters;
 
-    Venue MakeVenue(qint64 id, const QString& name, const QString& country)
+Venue MakeVenue(qint64 id, const QString& name, const QString& country)
+{
+    Venue venue;
+    venue.SetId(id);
+    venue.SetComplexName(name);
+    venue.SetCountry(country);
+    venue.SetRiggingComment(QStringLiteral("rigging of ") + name);
+    return venue;
+}
+
+QString StyleOf(const QObject* object)
+{
+    return object->property("customStyle").toString();
+}
+
+/// The panel in a dialog of its own with a status line, and what a user sees of it.
+struct Panel
+{
+    Panel()
     {
-        Venue venue;
-        venue.SetId(id);
-        venue.SetComplexName(name);
-        venue.SetCountry(country);
-        venue.SetRiggingComment(QStringLiteral("rigging of ") + name);
-        return venue;
+        auto* layout = new QVBoxLayout(&dialog);
+        widget = new VenueDbCentralWidget(&dialog, &statusLabel);
+        layout->addWidget(widget);
+        table = widget->findChild<QTableView*>();
+        details = widget->findChild<VenueDetailsWidget*>();
+        for (QLineEdit* lineEdit : widget->findChildren<QLineEdit*>()) {
+            if (!details->isAncestorOf(lineEdit))
+                fields.append(lineEdit);
+        }
+        for (QComboBox* comboBox : widget->findChildren<QComboBox*>()) {
+            if (!details->isAncestorOf(comboBox))
+                country = comboBox;
+        }
+        search = Button(QStringLiteral("Search"));
+        reset = Button(QStringLiteral("Reset"));
     }
 
-    QString StyleOf(const QObject* object)
+    QPushButton* Button(const QString& text) const
     {
-        return object->property("customStyle").toString();
+        for (QPushButton* button : widget->findChildren<QPushButton*>()) {
+            if (button->text() == text)
+                return button;
+        }
+        return nullptr;
     }
 
-    /// The panel in a dialog of its own with a status line, and what a user sees of it.
-    struct Panel
+    QStringList Countries() const
     {
-        Panel()
-        {
-            auto* layout = new QVBoxLayout(&dialog);
-            widget = new VenueDbCentralWidget(&dialog, &statusLabel);
-            layout->addWidget(widget);
-            table = widget->findChild<QTableView*>();
-            details = widget->findChild<VenueDetailsWidget*>();
-            for (QLineEdit* lineEdit : widget->findChildren<QLineEdit*>()) {
-                if (!details->isAncestorOf(lineEdit))
-                    fields.append(lineEdit);
-            }
-            for (QComboBox* comboBox : widget->findChildren<QComboBox*>()) {
-                if (!details->isAncestorOf(comboBox))
-                    country = comboBox;
-            }
-            search = Button(QStringLiteral("Search"));
-            reset = Button(QStringLiteral("Reset"));
-        }
-
-        QPushButton* Button(const QString& text) const
-        {
-            for (QPushButton* button : widget->findChildren<QPushButton*>()) {
-                if (button->text() == text)
-                    return button;
-            }
-            return nullptr;
-        }
-
-        QStringList Countries() const
-        {
-            QStringList countries;
-            for (int index = 0; index < country->count(); ++index)
-                countries.append(country->itemText(index));
-            return countries;
-        }
-
-        QStringList ShownNames() const
-        {
-            QStringList names;
-            for (int row = 0; table->model() && row < table->model()->rowCount(); ++row)
-                names.append(table->model()->index(row, 1).data().toString());
-            return names;
-        }
-
-        QLabel* Label(const QString& text) const
-        {
-            for (QLabel* label : widget->findChildren<QLabel*>()) {
-                if (label->text() == text && !details->isAncestorOf(label))
-                    return label;
-            }
-            return nullptr;
-        }
-
-        QLabel statusLabel;
-        QDialog dialog;
-        QPointer<VenueDbCentralWidget> widget;
-        QTableView* table = nullptr;
-        VenueDetailsWidget* details = nullptr;
-        QList<QLineEdit*> fields;
-        QComboBox* country = nullptr;
-        QPushButton* search = nullptr;
-        QPushButton* reset = nullptr;
-    };
-
-    /// Answers the error box with the button \p button as soon as it is open.
-    std::unique_ptr<ModalDriver<QMessageBox>> AnswerErrorBox(QMessageBox::StandardButton button)
-    {
-        return std::make_unique<ModalDriver<QMessageBox>>(
-            [button](QMessageBox* box) { QTest::mouseClick(box->button(button), Qt::LeftButton); });
+        QStringList countries;
+        for (int index = 0; index < country->count(); ++index)
+            countries.append(country->itemText(index));
+        return countries;
     }
+
+    QStringList ShownNames() const
+    {
+        QStringList names;
+        for (int row = 0; table->model() && row < table->model()->rowCount(); ++row)
+            names.append(table->model()->index(row, 1).data().toString());
+        return names;
+    }
+
+    QLabel* Label(const QString& text) const
+    {
+        for (QLabel* label : widget->findChildren<QLabel*>()) {
+            if (label->text() == text && !details->isAncestorOf(label))
+                return label;
+        }
+        return nullptr;
+    }
+
+    QLabel statusLabel;
+    QDialog dialog;
+    QPointer<VenueDbCentralWidget> widget;
+    QTableView* table = nullptr;
+    VenueDetailsWidget* details = nullptr;
+    QList<QLineEdit*> fields;
+    QComboBox* country = nullptr;
+    QPushButton* search = nullptr;
+    QPushButton* reset = nullptr;
+};
+
+/// Answers the error box with the button \p button as soon as it is open.
+std::unique_ptr<ModalDriver<QMessageBox>> AnswerErrorBox(QMessageBox::StandardButton button)
+{
+    return std::make_unique<ModalDriver<QMessageBox>>(
+        [button](QMessageBox* box) { QTest::mouseClick(box->button(button), Qt::LeftButton); });
+}
 
 } // namespace
 
@@ -146,9 +146,13 @@ private Q_SLOTS:
                          MakeVenue(13, QStringLiteral("Gamma Theatre"), QStringLiteral("Germany"))};
     }
 
-    void cleanup() { QVERIFY(korvel::Test::NoWindowIsLeft()); }
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
 
-    // --- construction ---------------------------------------------------------------------------------------
+    // --- construction
+    // ---------------------------------------------------------------------------------------
 
     void ConstructionBuildsEverythingAndAsksNobody()
     {
@@ -172,9 +176,9 @@ private Q_SLOTS:
     void HintLabelExplainsTheSearch()
     {
         const Panel panel;
-        QLabel* hint = panel.Label(
-            QStringLiteral("To conduct a targeted search, please enter search terms or single letters in the fields "
-                           "below and click Search. To view the complete result list, click Reset."));
+        QLabel* hint = panel.Label(QStringLiteral(
+            "To conduct a targeted search, please enter search terms or single letters in the fields "
+            "below and click Search. To view the complete result list, click Reset."));
         QVERIFY(hint);
         QCOMPARE(hint->margin(), 4);
         QCOMPARE(StyleOf(hint), QStringLiteral("labelKorvelDefault"));
@@ -186,12 +190,12 @@ private Q_SLOTS:
         QTest::addColumn<int>("indent");
         QTest::addColumn<QString>("toolTip");
         QTest::addColumn<int>("field");
-        const QString complexToolTip = QStringLiteral(
-            "Name of overall multi-venue building or campus (identical to Venue name if there is only one event "
-            "venue in the building/on the campus).");
-        const QString roomToolTip = QStringLiteral(
-            "Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if "
-            "there is only one venue in the building).");
+        const QString complexToolTip = QStringLiteral("Name of overall multi-venue building or campus "
+                                                      "(identical to Venue name if there is only one event "
+                                                      "venue in the building/on the campus).");
+        const QString roomToolTip = QStringLiteral("Name of the specific venue/room within the multi-venue "
+                                                   "building/campus (identical to Complex name if "
+                                                   "there is only one venue in the building).");
         QTest::newRow("complex name") << QStringLiteral("Complex name:") << -1 << complexToolTip << 0;
         QTest::newRow("venue/room name") << QStringLiteral("Venue/room name:") << 10 << roomToolTip << 1;
         QTest::newRow("city") << QStringLiteral("City:") << 10 << QString() << 2;
@@ -218,11 +222,16 @@ private Q_SLOTS:
         Panel panel;
         panel.dialog.resize(1062, 768);
         panel.dialog.show();
-        const QList<QWidget*> row {panel.Label(QStringLiteral("Complex name:")), panel.fields.at(0),
-                                   panel.Label(QStringLiteral("Venue/room name:")), panel.fields.at(1),
-                                   panel.Label(QStringLiteral("City:")), panel.fields.at(2),
-                                   panel.Label(QStringLiteral("Country:")), panel.country,
-                                   panel.search, panel.reset};
+        const QList<QWidget*> row{panel.Label(QStringLiteral("Complex name:")),
+                                  panel.fields.at(0),
+                                  panel.Label(QStringLiteral("Venue/room name:")),
+                                  panel.fields.at(1),
+                                  panel.Label(QStringLiteral("City:")),
+                                  panel.fields.at(2),
+                                  panel.Label(QStringLiteral("Country:")),
+                                  panel.country,
+                                  panel.search,
+                                  panel.reset};
         for (qsizetype index = 1; index < row.size(); ++index)
             QVERIFY(row.at(index - 1)->geometry().right() < row.at(index)->geometry().left());
         QCOMPARE(StyleOf(panel.country), QStringLiteral("comboBoxKorvelDefault"));
@@ -275,15 +284,16 @@ private Q_SLOTS:
     void StyleSheetBackgroundIsPainted()
     {
         Panel panel;
-        panel.widget->setStyleSheet(QStringLiteral(
-            "*[customStyle=\"widgetKorvelDefault\"] { background: #123456; }"));
+        panel.widget->setStyleSheet(
+            QStringLiteral("*[customStyle=\"widgetKorvelDefault\"] { background: #123456; }"));
         panel.dialog.resize(1062, 768);
         panel.dialog.show();
         const QPoint emptyCorner = panel.widget->findChild<QSplitter*>()->geometry().topLeft() - QPoint(0, 3);
         QCOMPARE(panel.widget->grab().toImage().pixelColor(emptyCorner), QColor(0x12, 0x34, 0x56));
     }
 
-    // --- connector ------------------------------------------------------------------------------------------
+    // --- connector
+    // ------------------------------------------------------------------------------------------
 
     void NullConnectorIsRefusedAndThePreviousOneStays()
     {
@@ -328,32 +338,35 @@ private Q_SLOTS:
         QVERIFY(!panel.widget->IsLoadingDetails());
     }
 
-    // --- search ---------------------------------------------------------------------------------------------
+    // --- search
+    // ---------------------------------------------------------------------------------------------
 
     void FiltersFollowTheFields_data()
     {
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<QString>("country");
         QTest::addColumn<Filters>("filters");
-        const QStringList none {QString(), QString(), QString()};
+        const QStringList none{QString(), QString(), QString()};
         QTest::newRow("nothing entered") << none << QStringLiteral("--") << Filters();
-        QTest::newRow("complex name") << QStringList {QStringLiteral("Hall"), QString(), QString()}
-                                      << QStringLiteral("--")
-                                      << Filters {{QStringLiteral("title"), QStringLiteral("Hall")}};
-        QTest::newRow("venue/room name") << QStringList {QString(), QStringLiteral("Hall"), QString()}
-                                         << QStringLiteral("--")
-                                         << Filters {{QStringLiteral("venue_room_name"), QStringLiteral("Hall")}};
+        QTest::newRow("complex name")
+            << QStringList{QStringLiteral("Hall"), QString(), QString()} << QStringLiteral("--")
+            << Filters{{QStringLiteral("title"), QStringLiteral("Hall")}};
+        QTest::newRow("venue/room name")
+            << QStringList{QString(), QStringLiteral("Hall"), QString()} << QStringLiteral("--")
+            << Filters{{QStringLiteral("venue_room_name"), QStringLiteral("Hall")}};
         QTest::newRow("blanks are sent as typed")
-            << QStringList {QString(), QString(), QStringLiteral("  ")} << QStringLiteral("--")
-            << Filters {{QStringLiteral("address.locality"), QStringLiteral("  ")}};
-        QTest::newRow("country as code") << none << QStringLiteral("Germany")
-                                         << Filters {{QStringLiteral("address.country_code"), QStringLiteral("DE")}};
-        QTest::newRow("all in order") << QStringList {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}
-                                      << QStringLiteral("Viet Nam")
-                                      << Filters {{QStringLiteral("title"), QStringLiteral("a")},
-                                                  {QStringLiteral("venue_room_name"), QStringLiteral("b")},
-                                                  {QStringLiteral("address.locality"), QStringLiteral("c")},
-                                                  {QStringLiteral("address.country_code"), QStringLiteral("VN")}};
+            << QStringList{QString(), QString(), QStringLiteral("  ")} << QStringLiteral("--")
+            << Filters{{QStringLiteral("address.locality"), QStringLiteral("  ")}};
+        QTest::newRow("country as code")
+            << none << QStringLiteral("Germany")
+            << Filters{{QStringLiteral("address.country_code"), QStringLiteral("DE")}};
+        QTest::newRow("all in order")
+            << QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}
+            << QStringLiteral("Viet Nam")
+            << Filters{{QStringLiteral("title"), QStringLiteral("a")},
+                       {QStringLiteral("venue_room_name"), QStringLiteral("b")},
+                       {QStringLiteral("address.locality"), QStringLiteral("c")},
+                       {QStringLiteral("address.country_code"), QStringLiteral("VN")}};
     }
     void FiltersFollowTheFields()
     {
@@ -379,7 +392,8 @@ private Q_SLOTS:
         panel.country->setCurrentText(QStringLiteral("unknown"));
         m_stub.searches.clear();
         panel.widget->PerformQuery();
-        QCOMPARE(m_stub.searches.at(0), (Filters {{QStringLiteral("address.country_code"), QStringLiteral("-")}}));
+        QCOMPARE(m_stub.searches.at(0),
+                 (Filters{{QStringLiteral("address.country_code"), QStringLiteral("-")}}));
     }
 
     void ResultsAreShownInTheConnectorsOrder()
@@ -388,8 +402,8 @@ private Q_SLOTS:
         panel.widget->SetConnector(&m_stub);
         panel.widget->PerformQuery();
         QCOMPARE(panel.ShownNames(),
-                 (QStringList {QStringLiteral("Alpha Hall"), QStringLiteral("Beta Arena"),
-                               QStringLiteral("Gamma Theatre")}));
+                 (QStringList{QStringLiteral("Alpha Hall"), QStringLiteral("Beta Arena"),
+                              QStringLiteral("Gamma Theatre")}));
         QVERIFY(panel.table->isColumnHidden(0));
         QVERIFY(panel.table->horizontalHeader()->stretchLastSection());
         QVERIFY(panel.details->isHidden());
@@ -462,16 +476,18 @@ private Q_SLOTS:
         m_stub.venues.append(MakeVenue(16, QStringLiteral("F"), QLatin1String("")));
         QCOMPARE(panel.widget->UpdateCountryComboBox(), Ok);
         // A null country is left out, an empty one is not; upper and lower case sort alike.
-        QCOMPARE(panel.Countries(), (QStringList {QStringLiteral("--"), QLatin1String(""), QStringLiteral("austria"),
-                                                  QStringLiteral("Germany"), QStringLiteral("Zambia")}));
+        QCOMPARE(panel.Countries(),
+                 (QStringList{QStringLiteral("--"), QLatin1String(""), QStringLiteral("austria"),
+                              QStringLiteral("Germany"), QStringLiteral("Zambia")}));
     }
 
     void CountriesDifferingInCaseAreDifferent()
     {
         const Panel panel;
         panel.widget->SetConnector(&m_stub);
-        m_stub.venues = {MakeVenue(1, {}, QStringLiteral("Germany")), MakeVenue(2, {}, QStringLiteral("germany")),
-                         MakeVenue(3, {}, QStringLiteral("Austria"))};
+        m_stub.venues
+            = {MakeVenue(1, {}, QStringLiteral("Germany")), MakeVenue(2, {}, QStringLiteral("germany")),
+               MakeVenue(3, {}, QStringLiteral("Austria"))};
         panel.widget->UpdateCountryComboBox();
         QCOMPARE(panel.country->count(), 4);
     }
@@ -504,7 +520,7 @@ private Q_SLOTS:
             return Timeout;
         };
         QCOMPARE(panel.widget->UpdateCountryComboBox(), Timeout);
-        QCOMPARE(panel.Countries(), (QStringList {QStringLiteral("--"), QStringLiteral("Chad")}));
+        QCOMPARE(panel.Countries(), (QStringList{QStringLiteral("--"), QStringLiteral("Chad")}));
     }
 
     void ResetClearsTheFieldsAndListsEverything()
@@ -518,7 +534,7 @@ private Q_SLOTS:
         for (const QLineEdit* field : panel.fields)
             QCOMPARE(field->text(), QString());
         QCOMPARE(panel.country->currentText(), QStringLiteral("--"));
-        QCOMPARE(m_stub.searches, (QList<Filters> {Filters(), Filters()}));
+        QCOMPARE(m_stub.searches, (QList<Filters>{Filters(), Filters()}));
     }
 
     void ResetOffersEveryCountryWhenTheServerIsAway()
@@ -533,15 +549,16 @@ private Q_SLOTS:
         QCOMPARE(panel.country->count(), 246);
     }
 
-    // --- failures -------------------------------------------------------------------------------------------
+    // --- failures
+    // -------------------------------------------------------------------------------------------
 
     void FailureShowsTheErrorBox_data()
     {
         QTest::addColumn<QList<int>>("results");
-        QTest::newRow("search has the wrong type") << QList<int> {WrongContentType};
-        QTest::newRow("search times out") << QList<int> {Timeout};
-        QTest::newRow("refresh has the wrong type") << QList<int> {Ok, WrongContentType};
-        QTest::newRow("refresh times out") << QList<int> {Ok, Timeout};
+        QTest::newRow("search has the wrong type") << QList<int>{WrongContentType};
+        QTest::newRow("search times out") << QList<int>{Timeout};
+        QTest::newRow("refresh has the wrong type") << QList<int>{Ok, WrongContentType};
+        QTest::newRow("refresh times out") << QList<int>{Ok, Timeout};
     }
     void FailureShowsTheErrorBox()
     {
@@ -570,7 +587,8 @@ private Q_SLOTS:
         panel.widget->PerformQuery();
         QCOMPARE(driver.Count(), 1);
         QCOMPARE(title, QStringLiteral("Error"));
-        QCOMPARE(text, QStringLiteral("Unable to connect to server. \nPlease check your internet connection."));
+        QCOMPARE(text,
+                 QStringLiteral("Unable to connect to server. \nPlease check your internet connection."));
         QCOMPARE(buttons, QMessageBox::Retry | QMessageBox::Close);
         QVERIFY(isRetryDefault);
         QVERIFY(isModal);
@@ -627,13 +645,14 @@ private Q_SLOTS:
         startSecond.start(1);
         const QSignalSpy closeRequests(panel.widget, &VenueDbCentralWidget::CloseWindowRequested);
         panel.widget->PerformQuery();
-        const Filters hall {{QStringLiteral("title"), QStringLiteral("Hall")}};
-        QCOMPARE(m_stub.searches, (QList<Filters> {hall, hall, hall, Filters()}));
+        const Filters hall{{QStringLiteral("title"), QStringLiteral("Hall")}};
+        QCOMPARE(m_stub.searches, (QList<Filters>{hall, hall, hall, Filters()}));
         QCOMPARE(panel.ShownNames().size(), 3);
         QCOMPARE(closeRequests.count(), 0);
     }
 
-    // --- opening --------------------------------------------------------------------------------------------
+    // --- opening
+    // --------------------------------------------------------------------------------------------
 
     void OpeningSearchesOnceUntilASearchFailed()
     {
@@ -659,7 +678,8 @@ private Q_SLOTS:
         QCOMPARE(panel.ShownNames().size(), 3);
     }
 
-    // --- details --------------------------------------------------------------------------------------------
+    // --- details
+    // --------------------------------------------------------------------------------------------
 
     void SelectedRowShowsItsDetails()
     {
@@ -680,11 +700,11 @@ private Q_SLOTS:
             TsFile file;
             QString name = QStringLiteral("plan.tessra");
             file.SetFileName(name);
-            return QList<TsFile> {file};
+            return QList<TsFile>{file};
         };
         panel.details->SetCollapsed(true);
         panel.table->selectRow(2);
-        QCOMPARE(m_stub.calls, (QStringList {QStringLiteral("pictures 13"), QStringLiteral("files 13")}));
+        QCOMPARE(m_stub.calls, (QStringList{QStringLiteral("pictures 13"), QStringLiteral("files 13")}));
         QVERIFY(!panel.details->isHidden());
         // The full record, not only what the table shows.
         const auto texts = panel.details->findChildren<QTextEdit*>();
@@ -757,10 +777,11 @@ private Q_SLOTS:
             panel.widget->PerformQuery();
         m_stub.calls.clear();
         panel.table->selectRow(1);
-        QCOMPARE(m_stub.calls, (QStringList {QStringLiteral("pictures 12"), QStringLiteral("files 12")}));
+        QCOMPARE(m_stub.calls, (QStringList{QStringLiteral("pictures 12"), QStringLiteral("files 12")}));
     }
 
-    // --- things that happen during a wait -------------------------------------------------------------------
+    // --- things that happen during a wait
+    // -------------------------------------------------------------------
 
     void SearchDuringASearchReturnsAtOnce()
     {
@@ -804,8 +825,9 @@ private Q_SLOTS:
         };
         panel.table->selectRow(0);
         // Not inside: the first load asks for its files before the second begins.
-        QCOMPARE(m_stub.calls, (QStringList {QStringLiteral("pictures 11"), QStringLiteral("files 11"),
-                                             QStringLiteral("pictures 13"), QStringLiteral("files 13")}));
+        QCOMPARE(m_stub.calls,
+                 (QStringList{QStringLiteral("pictures 11"), QStringLiteral("files 11"),
+                              QStringLiteral("pictures 13"), QStringLiteral("files 13")}));
         const auto lines = panel.details->findChildren<QLineEdit*>();
         QVERIFY(std::any_of(lines.cbegin(), lines.cend(),
                             [](const QLineEdit* edit) { return edit->text() == QStringLiteral("13"); }));
@@ -840,7 +862,7 @@ private Q_SLOTS:
         };
         m_stub.calls.clear();
         panel.widget->PerformQuery();
-        QCOMPARE(m_stub.calls, (QStringList {QStringLiteral("find"), QStringLiteral("find")}));
+        QCOMPARE(m_stub.calls, (QStringList{QStringLiteral("find"), QStringLiteral("find")}));
         QVERIFY(panel.details->isHidden());
     }
 
@@ -966,7 +988,8 @@ private Q_SLOTS:
         QTRY_VERIFY(!object);
     }
 
-    // --- layout ---------------------------------------------------------------------------------------------
+    // --- layout
+    // ---------------------------------------------------------------------------------------------
 
     void ColumnsAlignWithTheSearchRow()
     {
@@ -976,7 +999,8 @@ private Q_SLOTS:
         panel.dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&panel.dialog));
         panel.widget->PerformQuery();
-        const auto width = [&panel](const char* label) { return panel.Label(QString::fromLatin1(label))->width(); };
+        const auto width
+            = [&panel](const char* label) { return panel.Label(QString::fromLatin1(label))->width(); };
         QCOMPARE(panel.table->columnWidth(1), width("Complex name:") + 22 + panel.fields.at(0)->width());
         QCOMPARE(panel.table->columnWidth(2), width("Venue/room name:") + 12 + panel.fields.at(1)->width());
         QCOMPARE(panel.table->columnWidth(3), panel.fields.at(2)->width() + 12 + width("City:"));
@@ -1000,13 +1024,14 @@ private Q_SLOTS:
     void TabWalksFromTheFieldsToTheDetails()
     {
         Panel panel;
-        const QList<QWidget*> expected {panel.fields.at(0), panel.fields.at(1), panel.fields.at(2),
-                                        panel.country,      panel.search,       panel.reset,
-                                        panel.table};
+        const QList<QWidget*> expected{panel.fields.at(0), panel.fields.at(1), panel.fields.at(2),
+                                       panel.country,      panel.search,       panel.reset,
+                                       panel.table};
         QWidget* widget = panel.fields.at(0);
         QList<QWidget*> walked;
         do {
-            if (expected.contains(widget) || (panel.details->isAncestorOf(widget) && walked.size() == expected.size()))
+            if (expected.contains(widget)
+                || (panel.details->isAncestorOf(widget) && walked.size() == expected.size()))
                 walked.append(widget);
             widget = widget->nextInFocusChain();
         } while (widget != panel.fields.at(0) && walked.size() <= expected.size());

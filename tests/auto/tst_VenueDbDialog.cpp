@@ -68,7 +68,10 @@ private Q_SLOTS:
         m_stub.venues = {first, second};
     }
 
-    void cleanup() { QVERIFY(korvel::Test::NoWindowIsLeft()); }
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
 
     void IsBuiltHiddenWithTitleAndButtons()
     {
@@ -93,7 +96,8 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isConnected");
         QTest::addColumn<QString>("info");
         const QString none = QStringLiteral("no connection specified");
-        QTest::newRow("JSONREST") << QStringLiteral("JSONREST") << true << QStringLiteral("JsonRest connection ");
+        QTest::newRow("JSONREST") << QStringLiteral("JSONREST") << true
+                                  << QStringLiteral("JsonRest connection ");
         QTest::newRow("lower case") << QStringLiteral("jsonrest") << false << none;
         QTest::newRow("blank behind") << QStringLiteral("JSONREST ") << false << none;
         QTest::newRow("empty") << QString() << false << none;

@@ -12,14 +12,14 @@ using korvel::Ui::VenueDatabase::VenueTableModel;
 
 namespace {
 
-    Venue MakeVenue(qint64 id, const QString& name, const QString& changed)
-    {
-        Venue venue;
-        venue.SetId(id);
-        venue.SetComplexName(name);
-        venue.SetEditDate(QDateTime::fromString(changed, Qt::ISODate));
-        return venue;
-    }
+Venue MakeVenue(qint64 id, const QString& name, const QString& changed)
+{
+    Venue venue;
+    venue.SetId(id);
+    venue.SetComplexName(name);
+    venue.SetEditDate(QDateTime::fromString(changed, Qt::ISODate));
+    return venue;
+}
 
 } // namespace
 
@@ -56,11 +56,13 @@ private Q_SLOTS:
         QTest::addColumn<int>("column");
         QTest::addColumn<Qt::SortOrder>("order");
         QTest::addColumn<QList<qint64>>("ids");
-        QTest::newRow("dates ascending: newest first") << 5 << Qt::AscendingOrder << QList<qint64> {2, 1, 3};
-        QTest::newRow("dates descending: oldest first") << 5 << Qt::DescendingOrder << QList<qint64> {3, 1, 2};
-        QTest::newRow("texts keep their order ascending") << 1 << Qt::AscendingOrder << QList<qint64> {1, 2, 3};
-        QTest::newRow("texts keep their order descending") << 1 << Qt::DescendingOrder << QList<qint64> {1, 2, 3};
-        QTest::newRow("ids sort as texts") << 0 << Qt::AscendingOrder << QList<qint64> {1, 2, 3};
+        QTest::newRow("dates ascending: newest first") << 5 << Qt::AscendingOrder << QList<qint64>{2, 1, 3};
+        QTest::newRow("dates descending: oldest first") << 5 << Qt::DescendingOrder << QList<qint64>{3, 1, 2};
+        QTest::newRow("texts keep their order ascending")
+            << 1 << Qt::AscendingOrder << QList<qint64>{1, 2, 3};
+        QTest::newRow("texts keep their order descending")
+            << 1 << Qt::DescendingOrder << QList<qint64>{1, 2, 3};
+        QTest::newRow("ids sort as texts") << 0 << Qt::AscendingOrder << QList<qint64>{1, 2, 3};
     }
     void OrderFollowsTheColumn()
     {
@@ -74,7 +76,7 @@ private Q_SLOTS:
     {
         m_model.SetVenueData({MakeVenue(9, {}, {}), MakeVenue(10, {}, {}), MakeVenue(100, {}, {})});
         m_proxy.sort(0, Qt::AscendingOrder);
-        QCOMPARE(ShownIds(), (QList<qint64> {10, 100, 9}));
+        QCOMPARE(ShownIds(), (QList<qint64>{10, 100, 9}));
     }
 
     void TextsThatAreDatesSortAsDates()
@@ -83,14 +85,14 @@ private Q_SLOTS:
                               MakeVenue(2, QStringLiteral("2023-01-01T00:00:00"), {}),
                               MakeVenue(3, QStringLiteral("2022-01-01"), {})});
         m_proxy.sort(1, Qt::AscendingOrder);
-        QCOMPARE(ShownIds(), (QList<qint64> {2, 3, 1}));
+        QCOMPARE(ShownIds(), (QList<qint64>{2, 3, 1}));
     }
 
     void InvalidDatesComeLastInAscendingOrder()
     {
         m_model.SetVenueData({MakeVenue(1, {}, {}), MakeVenue(2, {}, QStringLiteral("2024-03-01T10:00:00"))});
         m_proxy.sort(5, Qt::AscendingOrder);
-        QCOMPARE(ShownIds(), (QList<qint64> {2, 1}));
+        QCOMPARE(ShownIds(), (QList<qint64>{2, 1}));
     }
 
     void ComparesAnySourceModel()
@@ -116,7 +118,8 @@ private Q_SLOTS:
 
     void BehavesAsAModel()
     {
-        const QAbstractItemModelTester tester(&m_proxy, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        const QAbstractItemModelTester tester(&m_proxy,
+                                              QAbstractItemModelTester::FailureReportingMode::QtTest);
         m_proxy.sort(5, Qt::AscendingOrder);
         m_model.SetVenueData({});
         m_model.SetVenueData({MakeVenue(1, {}, {})});

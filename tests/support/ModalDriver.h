@@ -9,10 +9,9 @@
 
 namespace korvel::Test {
 
-/// Acts on the next modal window of the type \p Window as soon as it is visible: the code that opens it is stuck in
-/// its exec() meanwhile. Gives up, and hides whatever is open, after ten seconds.
-template <typename Window>
-class ModalDriver : public QObject
+/// Acts on the next modal window of the type \p Window as soon as it is visible: the code that opens it is
+/// stuck in its exec() meanwhile. Gives up, and hides whatever is open, after ten seconds.
+template <typename Window> class ModalDriver : public QObject
 {
 public:
     explicit ModalDriver(std::function<void(Window*)> action)
@@ -23,7 +22,10 @@ public:
     }
 
     /// How many windows were acted on: 0 or 1.
-    int Count() const { return m_count; }
+    int Count() const
+    {
+        return m_count;
+    }
 
 private:
     void Look()
