@@ -248,7 +248,8 @@ std::optional<VenueModel> VenueModelFile::Parse(const QByteArray& content, QStri
         return Refuse(error, tr("The file is empty."));
     if (content.size() > c_maximumSize)
         return Refuse(error, tr("The file is larger than %1 MB.").arg(c_maximumSize / 1024 / 1024));
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    // Stateless: a character that the end of the file cuts off is an error, not the start of more to come.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder.decode(content);
     if (decoder.hasError() || text.contains(QChar(QChar::Null)))
         return Refuse(error, tr("The file is not a text in UTF-8."));
