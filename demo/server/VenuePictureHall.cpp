@@ -130,7 +130,7 @@ Camera VenueHallBuilder::FromWing(bool left) const
     case Architecture::Shoebox:
         return {{side * 10.2F, 4.0F, -9.6F}, {-side * 7, 4.2F, 2.0F}, 0.62F};
     default:
-        return {{side * (m_openingHalf + 5.6F), 3.1F, -5.6F}, {-side * 6, 4.8F, -4.6F}, 0.6F};
+        return {{side * (m_openingHalf + 2.3F), 3.1F, -5.6F}, {-side * 6, 4.8F, -4.6F}, 0.6F};
     }
 }
 

@@ -109,7 +109,7 @@ void AddFlying(Scene& scene, const VenueStyle& style, Dice& dice, float openingH
 void AddWing(Scene& scene, const VenueStyle& style, float side, float openingHalf, float ground)
 {
     const float x = side * (openingHalf + 1.1F);
-    for (const float z : {-2.2F, -6.2F, -10.2F}) { // booms with side light
+    for (const float z : {-2.4F, -6.7F, -10.6F}) { // booms with side light
         scene.AddColumn({x, ground, z}, 0.05F, 4.6F, RgbFromHex(0x9AA0A8), 6);
         scene.AddBox({x - 0.4F, ground, z - 0.4F}, {x + 0.4F, ground + 0.08F, z + 0.4F},
                      RgbFromHex(0x24262C));
