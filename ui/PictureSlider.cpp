@@ -132,12 +132,10 @@ void PictureSlider::OnPictureNavigationRequested(int direction)
 
 void PictureSlider::ShowFullScreen()
 {
-    // Showing a window sends events, whose receivers may do away with viewer and slider.
-    const QPointer<PictureFullscreenDialog> viewer = m_fullscreenDialog;
-    if (viewer)
-        viewer->Open();
-    if (viewer)
-        viewer->ShowPictureAt(m_index);
+    if (!m_fullscreenDialog)
+        return;
+    m_fullscreenDialog->Open();
+    m_fullscreenDialog->ShowPictureAt(m_index);
 }
 
 void PictureSlider::leaveEvent(QEvent* event)
