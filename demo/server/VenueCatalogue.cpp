@@ -105,7 +105,8 @@ QString AddFromJson(VenueCatalogue& catalogue, const QByteArray& json, const QDi
         for (ModelFileRecord& file : venue.modelFiles) {
             if (QFile content(models != nullptr ? models->filePath(file.file) : QString());
                 models != nullptr && content.open(QIODevice::ReadOnly)) {
-                file.content = content.readAll();
+                // Never null: that would mean a file that is missing.
+                file.content = QByteArray("") + content.readAll();
             }
         }
         catalogue.AddVenue(venue);
