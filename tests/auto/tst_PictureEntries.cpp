@@ -455,7 +455,7 @@ private Q_SLOTS:
         QFETCH(QString, message);
         script(*m_server);
         QCOMPARE(m_connector->GetPictureEntries(7).size(), 0);
-        VerifyMessages({u"Picture query failed: "_s + m_host + u"/api/venue - "_s + message});
+        VdbMessages::Verify({u"Picture query failed: "_s + m_host + u"/api/venue - "_s + message});
         QVERIFY(m_server->Log().RequestCount() <= 1);
     }
 
@@ -500,9 +500,9 @@ private Q_SLOTS:
         QCOMPARE(m_connector->GetPictureBinaryData(ScriptedServer::Url(u"/a.jpg"_s)),
                  accepted ? c_bytes : QByteArray());
         if (!accepted) {
-            VerifyMessages({u"Picture download failed: "_s + m_host
-                            + u"/a.jpg - HTTP status 200 - the reply is not an image but \""_s
-                            + QRegularExpression::escape(QString::fromLatin1(mediaType)) + u"\""_s});
+            VdbMessages::Verify({u"Picture download failed: "_s + m_host
+                                 + u"/a.jpg - HTTP status 200 - the reply is not an image but \""_s
+                                 + QRegularExpression::escape(QString::fromLatin1(mediaType)) + u"\""_s});
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(m_connector->findChildren<QNetworkReply*>().size(), 0);
@@ -539,7 +539,7 @@ private Q_SLOTS:
         QFETCH(QString, message);
         script(*m_server);
         QCOMPARE(m_connector->GetPictureBinaryData(ScriptedServer::Url(u"/a.jpg"_s)), bytes);
-        VerifyMessages({u"Picture download failed: "_s + m_host + u"/a.jpg - "_s + message});
+        VdbMessages::Verify({u"Picture download failed: "_s + m_host + u"/a.jpg - "_s + message});
     }
 
     void EmptyImageIsNoFailure()
@@ -557,7 +557,8 @@ private Q_SLOTS:
         QCOMPARE(Names(pictures), QStringList({u"From the stage"_s, u"Isometric"_s}));
         QCOMPARE(pictures.at(0).GetPictureDataSmall(), QByteArray());
         QCOMPARE(pictures.at(1).GetPictureDataSmall(), c_bytes);
-        VerifyMessages({u"Picture download failed: .+/files/second-medium.jpg - HTTP status 200 - .+"_s});
+        VdbMessages::Verify(
+            {u"Picture download failed: .+/files/second-medium.jpg - HTTP status 200 - .+"_s});
     }
 
     void DataUrlIsReadAsItIs()
@@ -599,8 +600,8 @@ private Q_SLOTS:
         QFETCH(QString, url);
         QFETCH(QString, logged);
         QCOMPARE(m_connector->GetPictureBinaryData(url), QByteArray());
-        VerifyMessages({u"Picture download failed: "_s + QRegularExpression::escape(logged)
-                        + u" - no HTTP status - .+"_s});
+        VdbMessages::Verify({u"Picture download failed: "_s + QRegularExpression::escape(logged)
+                             + u" - no HTTP status - .+"_s});
         QCOMPARE(m_server->Log().ConnectCount(), 0);
     }
 
@@ -616,7 +617,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, url);
         QCOMPARE(m_connector->GetPictureBinaryData(url), QByteArray());
-        VerifyMessages({u"Picture download failed: .*/a.jpg - no HTTP status - .+"_s});
+        VdbMessages::Verify({u"Picture download failed: .*/a.jpg - no HTTP status - .+"_s});
     }
 
     void RedirectToAFileFails()
@@ -627,7 +628,7 @@ private Q_SLOTS:
         m_server->AddFault(
             Fault::On(u"/a.jpg"_s).WithRedirect("file://" + QFile::encodeName(image.fileName())));
         QCOMPARE(m_connector->GetPictureBinaryData(ScriptedServer::Url(u"/a.jpg"_s)), QByteArray());
-        VerifyMessages({u"Picture download failed: .+/a.jpg - .+"_s});
+        VdbMessages::Verify({u"Picture download failed: .+/a.jpg - .+"_s});
     }
 
     void MessageKeepsSecretsAndStaysOneLine_data()
@@ -721,17 +722,6 @@ private Q_SLOTS:
     }
 
 private:
-    /// Verifies that exactly the messages that match \p patterns were written.
-    void VerifyMessages(const QStringList& patterns)
-    {
-        const QStringList messages = m_messages->Take();
-        QVERIFY2(messages.size() == patterns.size(), qPrintable(messages.join(u'\n')));
-        for (qsizetype index = 0; index < messages.size(); ++index) {
-            const QRegularExpression pattern(QRegularExpression::anchoredPattern(patterns.at(index)));
-            QVERIFY2(pattern.match(messages.at(index)).hasMatch(), qPrintable(messages.at(index)));
-        }
-    }
-
     void WithholdAndAnswerTheRest(const QString& withheld)
     {
         m_server->Withhold(withheld);

@@ -1,6 +1,10 @@
 #include <support/VdbMessages.h>
 
 #include <QMutex>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <utility>
 
 namespace korvel::Test {
 
@@ -54,6 +58,16 @@ QStringList VdbMessages::Take()
 {
     const QMutexLocker lock(&g_mutex);
     return std::exchange(g_messages, {});
+}
+
+void VdbMessages::Verify(const QStringList& patterns)
+{
+    const QStringList messages = Take();
+    QVERIFY2(messages.size() == patterns.size(), qPrintable(messages.join(QLatin1Char('\n'))));
+    for (qsizetype index = 0; index < messages.size(); ++index) {
+        const QRegularExpression pattern(QRegularExpression::anchoredPattern(patterns.at(index)));
+        QVERIFY2(pattern.match(messages.at(index)).hasMatch(), qPrintable(messages.at(index)));
+    }
 }
 
 } // namespace korvel::Test

@@ -17,6 +17,9 @@ public:
     /// The messages since the last call, in order. Critical ones as they are, others with their severity in
     /// front ("warning: ...").
     static QStringList Take();
+
+    /// Takes the messages and fails the running test unless they match \p patterns, whole and one by one.
+    static void Verify(const QStringList& patterns);
 };
 
 } // namespace korvel::Test
