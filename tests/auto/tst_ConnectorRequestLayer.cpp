@@ -1,5 +1,7 @@
 #include <data/ConnectorJsonRest.h>
 
+#include <data/CountryCodeTranslator.h>
+
 #include <support/MessageGuard.h>
 #include <support/ScriptedServer.h>
 #include <support/VdbMessages.h>
@@ -9,8 +11,10 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QPointer>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 
 #include <functional>
@@ -23,6 +27,9 @@ using korvel::Demo::Fault;
 using korvel::Demo::RequestLog;
 using korvel::Test::ScriptedServer;
 using korvel::Test::VdbMessages;
+
+// Exported by Qt for tools; declared in a header that is not installed.
+extern quintptr Q_CORE_EXPORT qtHookData[];
 
 using Query = QList<std::pair<QString, QString>>;
 
@@ -100,6 +107,52 @@ template struct Exposed<1, &Connector_Interface::GetVenueEntries>;
 template struct Exposed<2, &Connector_Interface::GetAllUserEntries>;
 template struct Exposed<3, &Connector_Interface::GetUserEntries>;
 
+/// Every QObject that was made in this thread during the life of this one and still lives. By Qt's hooks for
+/// object inspectors.
+class LivingObjects
+{
+public:
+    LivingObjects()
+    {
+        s_objects.clear();
+        qtHookData[c_addObject] = Address([](QObject* object) {
+            if (IsThisThread())
+                s_objects.insert(object);
+        });
+        qtHookData[c_removeObject] = Address([](QObject* object) {
+            if (IsThisThread())
+                s_objects.remove(object);
+        });
+    }
+    ~LivingObjects()
+    {
+        qtHookData[c_addObject] = 0;
+        qtHookData[c_removeObject] = 0;
+    }
+    LivingObjects(const LivingObjects&) = delete;
+    LivingObjects& operator=(const LivingObjects&) = delete;
+
+    static QList<QObject*> All()
+    {
+        return s_objects.values();
+    }
+
+private:
+    static quintptr Address(void (*hook)(QObject*))
+    {
+        return reinterpret_cast<quintptr>(hook);
+    }
+    /// The server makes objects too, in threads of its own.
+    static bool IsThisThread()
+    {
+        return QThread::currentThread() == qApp->thread();
+    }
+
+    static constexpr int c_addObject = 3;
+    static constexpr int c_removeObject = 4;
+    static inline QSet<QObject*> s_objects;
+};
+
 } // namespace
 
 class tst_ConnectorRequestLayer : public QObject
@@ -163,6 +216,22 @@ private Q_SLOTS:
         parent.reset();
         QVERIFY(!connector);
         QVERIFY(!manager);
+    }
+
+    void OnlyTheTranslatorOutlivesTheConnector()
+    {
+        const LivingObjects living;
+        {
+            const ConnectorJsonRest connector(nullptr);
+            QVERIFY(living.All().size() > 2);
+            QCOMPARE(connector.findChild<CountryCodeTranslator*>(), nullptr);
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(living.All().size(), 1);
+        const auto* const translator = qobject_cast<CountryCodeTranslator*>(living.All().first());
+        QVERIFY(translator);
+        QCOMPARE(translator->parent(), nullptr);
+        QCOMPARE(translator->GetCountry(u"DE"_s), u"Germany"_s);
     }
 
     void DestructionEndsRunningRequestsSilently()
