@@ -145,7 +145,7 @@ private:
     /// The server makes objects too, in threads of its own.
     static bool IsThisThread()
     {
-        return QThread::currentThread() == qApp->thread();
+        return QThread::currentThread() == QCoreApplication::instance()->thread();
     }
 
     static constexpr int c_addObject = 3;
@@ -451,7 +451,8 @@ private Q_SLOTS:
         QSignalSpy finished(reply, &QNetworkReply::finished);
         QVERIFY(finished.wait(20'000));
         bool eventsWereServed = false;
-        QTimer::singleShot(0, this, [&eventsWereServed]() { eventsWereServed = true; });
+        const QObject context;
+        QTimer::singleShot(0, &context, [&eventsWereServed]() { eventsWereServed = true; });
         QVERIFY(m_connector->waitForFinished(reply, 0));
         QVERIFY(m_connector->waitForFinished(reply, 20'000));
         QVERIFY(!eventsWereServed);
@@ -510,8 +511,8 @@ private Q_SLOTS:
 
     void WaitsNest()
     {
-        m_server->AddFault(Fault::On(u"/outer"_s).WithBody("outer").WithDelay(100));
-        m_server->AddFault(Fault::On(u"/inner"_s).WithBody("inner").WithDelay(400));
+        m_server->AddFault(Fault::On(u"/outer"_s).WithBody("outer"));
+        m_server->AddFault(Fault::On(u"/inner"_s).WithBody("inner").WithDelay(2500));
         QNetworkReply* const outer = m_connector->SendGetJsonRequest(u"/outer"_s, {});
         bool innerFinished = false;
         QTimer::singleShot(0, this, [&]() {
@@ -519,7 +520,7 @@ private Q_SLOTS:
                 = m_connector->waitForFinished(m_connector->SendGetJsonRequest(u"/inner"_s, {}), 20'000);
         });
         // Its time runs out while the inner wait holds it up, but the reply had finished before.
-        QVERIFY(m_connector->waitForFinished(outer, 300));
+        QVERIFY(m_connector->waitForFinished(outer, 2000));
         QVERIFY(innerFinished);
         QCOMPARE(outer->readAll(), QByteArray("outer"));
     }

@@ -235,8 +235,11 @@ private Q_SLOTS:
 
     void RequestsRunInParallel()
     {
-        m_server->AddFault(
-            Fault::On(u"/slow"_s).WithBody("slow").WithMediaType("image/png").WithStatus(200).WithDelay(500));
+        m_server->AddFault(Fault::On(u"/slow"_s)
+                               .WithBody("slow")
+                               .WithMediaType("image/png")
+                               .WithStatus(200)
+                               .WithDelay(1500));
         m_server->Answer(u"/fast"_s, "fast", "image/png");
         m_manager->RequestPictureBinaryData(Url(u"/slow"_s));
         m_manager->RequestPictureBinaryData(Url(u"/fast"_s));

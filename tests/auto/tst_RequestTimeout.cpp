@@ -32,7 +32,8 @@ void RunInsideEachOther(QList<Step> steps, QList<qint64>& times)
     if (steps.isEmpty())
         return;
     const Step step = steps.takeFirst();
-    QTimer::singleShot(0, qApp, [steps, &times]() { RunInsideEachOther(steps, times); });
+    QTimer::singleShot(0, QCoreApplication::instance(),
+                       [steps, &times]() { RunInsideEachOther(steps, times); });
     ConnectorJsonRest connector(nullptr);
     QElapsedTimer timer;
     timer.start();
