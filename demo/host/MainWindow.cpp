@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QToolBar>
@@ -39,7 +40,9 @@ void MainWindow::SetupUi()
 
     SetupToolBar();
     SetupMenus();
-    statusBar()->showMessage(tr("No venue"));
+    m_status = new QLabel(tr("No venue"), this);
+    statusBar()->addWidget(m_status);
+    statusBar()->setSizeGripEnabled(false);
     resize(1280, 800);
 }
 
@@ -100,16 +103,17 @@ void MainWindow::ShowVenue(const VenueModel& venue)
 {
     m_planView->SetVenue(venue);
     setWindowTitle(tr("Tessra – %1").arg(venue.name));
-    statusBar()->showMessage(tr("Imported from the venue database"));
+    m_status->setText(tr("Imported from the venue database"));
 }
 
 void MainWindow::ShowHelp()
 {
-    // The full-screen viewer is modal: only a child of the active window can be read and closed over it.
+    // Over the modal full-screen viewer only a window of its own can be read and closed.
     QWidget* parent = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : this;
+    if (m_help && m_help->parentWidget() != parent)
+        delete m_help;
     if (!m_help)
         m_help = new HelpWindow(parent);
-    m_help->setParent(parent, m_help->windowFlags());
     m_help->show();
     m_help->raise();
     m_help->activateWindow();

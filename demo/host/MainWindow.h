@@ -4,8 +4,10 @@
 #include "VenueDatabaseEmbedding.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class QAction;
+class QLabel;
 
 namespace korvel::Demo {
 
@@ -34,7 +36,8 @@ private:
     void ShowHelp();
 
     PlanView* m_planView = nullptr;
-    HelpWindow* m_help = nullptr;
+    QLabel* m_status = nullptr;
+    QPointer<HelpWindow> m_help;
     QAction* m_venueDatabaseAction = nullptr;
     QAction* m_themeAction = nullptr;
     QAction* m_helpAction = nullptr;

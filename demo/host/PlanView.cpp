@@ -159,6 +159,8 @@ void PlanView::DrawRigging(QPainter& painter, const QTransform& toView) const
     constexpr double c_roomForLoad = 36;
     const bool loadsFit = SmallestDistance(m_venue->riggingPoints) * toView.m11() >= c_roomForLoad;
     const QColor colour = Colour("plan-rigging");
+    QColor ground = Colour("plan-paper");
+    ground.setAlphaF(0.75F);
     painter.setFont(FontOfSize(this, 11));
     for (const RiggingPoint& point : m_venue->riggingPoints) {
         const QPointF centre = toView.map(point.position);
@@ -169,9 +171,15 @@ void PlanView::DrawRigging(QPainter& painter, const QTransform& toView) const
         painter.drawLine(centre - QPointF(0, c_radius + 3), centre + QPointF(0, c_radius + 3));
         if (!loadsFit)
             continue;
+        // On a ground of its own: loads stand across edges of the stage and of seats.
+        const QString load = QString::number(point.load);
+        const QRectF text(centre + QPointF(-30, c_radius + 4), QSizeF(60, 13));
+        const double slack = text.width() - painter.fontMetrics().horizontalAdvance(load) - 4;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ground);
+        painter.drawRoundedRect(text.adjusted(slack / 2, 0, -slack / 2, 0), 3, 3);
         painter.setPen(Colour("plan-text"));
-        painter.drawText(QRectF(centre + QPointF(-30, c_radius + 3), QSizeF(60, 14)), Qt::AlignHCenter | Qt::AlignTop,
-                         QString::number(point.load));
+        painter.drawText(text, Qt::AlignCenter, load);
     }
 }
 

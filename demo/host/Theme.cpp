@@ -49,7 +49,8 @@ QString Theme::StyleSheet() const
         sheet += name == QStringLiteral("theme") ? FileSuffix() : Colour(name).name();
         end = match.capturedEnd();
     }
-    return sheet + QStringView(rules).mid(end);
+    sheet += QStringView(rules).mid(end);
+    return sheet;
 }
 
 QIcon Theme::Icon(const QString& name) const

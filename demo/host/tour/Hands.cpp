@@ -1,0 +1,153 @@
+#include "Hands.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace korvel::Demo {
+
+void Require(bool isSo, const QString& what)
+{
+    if (!isSo)
+        throw TourFailure {what};
+}
+
+namespace Hands {
+
+void WaitUntil(const std::function<bool()>& isSo, const QString& what, int milliseconds)
+{
+    Require(QTest::qWaitFor(isSo, milliseconds), QStringLiteral("waited in vain: ") + what);
+}
+
+void Settle()
+{
+    // A picture is taken from the screen, and no event says that the window system has drawn the last frame.
+    QTest::qWait(150);
+}
+
+QPushButton* Button(const QWidget* root, const QString& text)
+{
+    for (QPushButton* button : root->findChildren<QPushButton*>()) {
+        if (button->isVisible() && button->text().remove(QLatin1Char('&')) == text)
+            return button;
+    }
+    throw TourFailure {QStringLiteral("there is no button \"%1\"").arg(text)};
+}
+
+QWidget* FindFieldBeside(const QWidget* root, const QString& text, int which,
+                         const std::function<bool(QWidget*)>& isField)
+{
+    QList<QLabel*> labels;
+    for (QLabel* label : root->findChildren<QLabel*>()) {
+        if (label->isVisible() && label->text() == text)
+            labels.append(label);
+    }
+    Require(which < labels.size(), QStringLiteral("there is no label \"%1\"").arg(text));
+    const auto place = [root](const QWidget* widget) {
+        return QRect(widget->mapTo(root, QPoint()), widget->size());
+    };
+    std::sort(labels.begin(), labels.end(),
+              [&](const QLabel* a, const QLabel* b) { return place(a).top() < place(b).top(); });
+    const QRect label = place(labels.at(which));
+
+    QWidget* nearest = nullptr;
+    for (QWidget* widget : root->findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !isField(widget))
+            continue;
+        const QRect field = place(widget);
+        const bool isBeside = field.left() > label.left() && field.top() <= label.center().y()
+            && field.bottom() >= label.top();
+        if (isBeside && (nearest == nullptr || field.left() < place(nearest).left()))
+            nearest = widget;
+    }
+    Require(nearest != nullptr, QStringLiteral("there is no field beside \"%1\"").arg(text));
+    return nearest;
+}
+
+void Click(QWidget* widget)
+{
+    Click(widget, widget->rect().center());
+}
+
+void Click(QWidget* widget, QPoint position)
+{
+    QWidget* window = widget->window();
+    const QPoint place = widget->mapTo(window, position);
+    const QWidget* top = window->childAt(place);
+    Require(widget->isEnabled() && (top == widget || widget->isAncestorOf(top) || widget == window),
+            QStringLiteral("%1 cannot be clicked").arg(QLatin1String(widget->metaObject()->className())));
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+}
+
+namespace {
+
+QWidget* KeyTarget()
+{
+    for (QWidget* widget :
+         {QApplication::activePopupWidget(), QApplication::focusWidget(), QApplication::activeWindow()}) {
+        if (widget)
+            return widget;
+    }
+    throw TourFailure {QStringLiteral("no window has the keyboard")};
+}
+
+} // namespace
+
+void Press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(KeyTarget(), key, modifiers);
+}
+
+void Type(const QString& text)
+{
+    for (const QChar letter : text)
+        QTest::sendKeyEvent(QTest::Click, KeyTarget(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
+}
+
+void Fill(QWidget* field, const QString& text)
+{
+    Click(field);
+    WaitUntil([field] { return field->hasFocus(); }, QStringLiteral("the field has the focus"));
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    Type(text);
+}
+
+void AnswerModal(const std::function<void()>& action, const std::function<bool(QDialog*)>& answer)
+{
+    bool isAnswered = false;
+    std::exception_ptr failure;
+    QTimer poll;
+    const QPointer<QWidget> before = QApplication::activeModalWidget();
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        const QPointer<QDialog> dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog || dialog == before || !dialog->isActiveWindow())
+            return;
+        poll.stop();
+        // No exception may cross Qt's event handling: it waits here until the action has returned.
+        try {
+            Settle();
+            Require(answer(dialog), QStringLiteral("a dialog of another kind appeared"));
+        } catch (const TourFailure&) {
+            failure = std::current_exception();
+            if (dialog)
+                dialog->reject();
+        }
+        isAnswered = true;
+    });
+    poll.start(50);
+    action();
+    WaitUntil([&] { return isAnswered; }, QStringLiteral("a dialog appears"));
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+} // namespace Hands
+
+} // namespace korvel::Demo

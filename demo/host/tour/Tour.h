@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Watchdog.h"
+
+#include <QObject>
+#include <QString>
+
+namespace korvel::Demo {
+
+class VenueServer;
+struct TourContext;
+struct TourStep;
+
+/// The main flow unattended, through the real widgets with clicks and keys, once in each theme. Each step checks what
+/// is on screen against the catalogue of the server, writes "NN-theme-name.png" and prints a line.
+class Tour : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \p server runs and is installed in the application; the tour stops it and starts it again. \p folder is made
+    /// if it does not exist.
+    Tour(VenueServer& server, const QString& folder);
+
+    /// True when every step showed what it should. Ends at the first that did not. Runs nested event loops; a tour
+    /// that hangs ends the process.
+    bool Run();
+
+private:
+    bool RunInTheme(bool dayMode);
+    bool RunStep(const TourStep& step, TourContext& context);
+    bool TakePicture(const QString& name);
+
+    VenueServer& m_server;
+    QString m_folder;
+    int m_number = 0;
+    Watchdog m_watchdog;
+};
+
+} // namespace korvel::Demo
