@@ -35,9 +35,13 @@ double RoundStep(double pixelsPerMetre, double pixels)
     return step * pixelsPerMetre >= pixels ? step : 10 * RoundStep(pixelsPerMetre * 10, pixels);
 }
 
-/// The smallest distance between two rigging points; it decides whether there is room for their loads.
+/// The smallest distance between two rigging points; it decides whether there is room for their loads. Zero where
+/// there are more than anyone could read.
 double SmallestDistance(const QList<RiggingPoint>& points)
 {
+    constexpr qsizetype c_readable = 500;
+    if (points.size() > c_readable)
+        return 0;
     double smallest = std::numeric_limits<double>::max();
     for (qsizetype i = 0; i < points.size(); ++i) {
         for (qsizetype j = i + 1; j < points.size(); ++j) {
@@ -169,7 +173,7 @@ void PlanView::DrawRigging(QPainter& painter, const QTransform& toView) const
         painter.drawEllipse(centre, c_radius, c_radius);
         painter.drawLine(centre - QPointF(c_radius + 3, 0), centre + QPointF(c_radius + 3, 0));
         painter.drawLine(centre - QPointF(0, c_radius + 3), centre + QPointF(0, c_radius + 3));
-        if (!loadsFit)
+        if (!loadsFit || point.load == 0)
             continue;
         // On a ground of its own: loads stand across edges of the stage and of seats.
         const QString load = QString::number(point.load);
@@ -263,7 +267,9 @@ QTransform PlanView::ModelToView() const
     const QRectF hall = m_venue ? m_venue->outline.boundingRect() : QRectF(-20, -15, 40, 30);
     const QRectF room = QRectF(rect()).adjusted(c_margin, m_venue ? c_titleHeight : c_margin, -c_margin,
                                                 m_venue ? -c_footerHeight : -c_margin);
-    const double scale = std::min(room.width() / hall.width(), room.height() / hall.height());
+    // A hall can be as flat as a line, but not smaller than a metre.
+    const double scale
+        = std::min(room.width() / std::max(hall.width(), 1.0), room.height() / std::max(hall.height(), 1.0));
     QTransform transform;
     transform.translate(room.center().x(), room.center().y());
     transform.scale(scale, scale);
