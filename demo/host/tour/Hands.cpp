@@ -89,8 +89,9 @@ namespace {
 
 QWidget* KeyTarget()
 {
-    for (QWidget* widget :
-         {QApplication::activePopupWidget(), QApplication::focusWidget(), QApplication::activeWindow()}) {
+    if (QWidget* popup = QApplication::activePopupWidget())
+        return popup->focusWidget() ? popup->focusWidget() : popup;
+    for (QWidget* widget : {QApplication::focusWidget(), QApplication::activeWindow()}) {
         if (widget)
             return widget;
     }
