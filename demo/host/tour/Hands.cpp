@@ -1,14 +1,14 @@
 #include "Hands.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLabel>
+#include <QMap>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
-
-#include <algorithm>
 
 namespace korvel::Demo {
 
@@ -43,31 +43,32 @@ QPushButton* Button(const QWidget* root, const QString& text)
 QWidget* FindFieldBeside(const QWidget* root, const QString& text, int which,
                          const std::function<bool(QWidget*)>& isField)
 {
-    QList<QLabel*> labels;
-    for (QLabel* label : root->findChildren<QLabel*>()) {
-        if (label->isVisible() && label->text() == text)
-            labels.append(label);
-    }
-    Require(which < labels.size(), QStringLiteral("there is no label \"%1\"").arg(text));
     const auto place = [root](const QWidget* widget) {
         return QRect(widget->mapTo(root, QPoint()), widget->size());
     };
-    std::sort(labels.begin(), labels.end(),
-              [&](const QLabel* a, const QLabel* b) { return place(a).top() < place(b).top(); });
-    const QRect label = place(labels.at(which));
+    const auto nearestTo = [&](const QRect& label) {
+        QWidget* nearest = nullptr;
+        for (QWidget* widget : root->findChildren<QWidget*>()) {
+            if (!widget->isVisible() || !isField(widget))
+                continue;
+            const QRect field = place(widget);
+            const bool isBeside = field.left() > label.left() && field.top() <= label.center().y()
+                && field.bottom() >= label.top();
+            if (isBeside && (!nearest || field.left() < place(nearest).left()))
+                nearest = widget;
+        }
+        return nearest;
+    };
 
-    QWidget* nearest = nullptr;
-    for (QWidget* widget : root->findChildren<QWidget*>()) {
-        if (!widget->isVisible() || !isField(widget))
+    QMap<int, QWidget*> fields; // by the height at which they stand
+    for (const QLabel* label : root->findChildren<QLabel*>()) {
+        if (!label->isVisible() || label->text() != text)
             continue;
-        const QRect field = place(widget);
-        const bool isBeside = field.left() > label.left() && field.top() <= label.center().y()
-            && field.bottom() >= label.top();
-        if (isBeside && (nearest == nullptr || field.left() < place(nearest).left()))
-            nearest = widget;
+        if (QWidget* field = nearestTo(place(label)))
+            fields.insert(place(label).top(), field);
     }
-    Require(nearest != nullptr, QStringLiteral("there is no field beside \"%1\"").arg(text));
-    return nearest;
+    Require(which < fields.size(), QStringLiteral("there is no field beside \"%1\"").arg(text));
+    return fields.values().at(which);
 }
 
 void Click(QWidget* widget)
@@ -82,7 +83,14 @@ void Click(QWidget* widget, QPoint position)
     const QWidget* top = window->childAt(place);
     Require(widget->isEnabled() && (top == widget || widget->isAncestorOf(top) || widget == window),
             QStringLiteral("%1 cannot be clicked").arg(QLatin1String(widget->metaObject()->className())));
+    // A second click at once would be a double click, which means nothing to most widgets.
+    static QElapsedTimer sinceLastClick;
+    if (sinceLastClick.isValid() && !sinceLastClick.hasExpired(QApplication::doubleClickInterval() + 50))
+        QTest::qWait(int(QApplication::doubleClickInterval() + 50 - sinceLastClick.elapsed()));
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    // The window system's events are queued.
+    QTest::qWait(10);
+    sinceLastClick.start();
 }
 
 namespace {

@@ -117,6 +117,22 @@ QString CountrySearch(TourContext& context)
         .arg(inJapan.size());
 }
 
+/// The dates that the catalogue has for the listed venues, from the newest down; a venue whose date the module does not
+/// know counts as the oldest. \p isReversed: the same read from the bottom.
+void RequireNewestFirst(const TourContext& context, bool isReversed)
+{
+    const QList<qint64> ids = context.ListedIds();
+    const QStringList texts = ColumnTexts(context, 5);
+    QStringList dates;
+    for (qsizetype row = 0; row < ids.size(); ++row)
+        dates.append(texts[row].isEmpty() ? QString() : context.Venue(ids[row]).changed.left(19));
+    if (isReversed)
+        std::reverse(dates.begin(), dates.end());
+    for (qsizetype row = 1; row < dates.size(); ++row)
+        Require(dates[row] <= dates[row - 1], QStringLiteral("%1 stands below %2").arg(dates[row], dates[row - 1]));
+    Require(dates.constFirst() > dates.at(dates.size() / 2), QStringLiteral("the dates differ"));
+}
+
 QString DateSort(TourContext& context)
 {
     context.ClickReset();
@@ -125,26 +141,14 @@ QString DateSort(TourContext& context)
         constexpr int c_dateColumn = 5;
         Hands::Click(header->viewport(), QPoint(header->sectionViewportPosition(c_dateColumn) + 40, header->height() / 2));
     };
-    const auto dates = [&context] {
-        QStringList dates;
-        for (const qint64 id : context.ListedIds())
-            dates.append(context.Venue(id).changed.left(19));
-        return dates;
-    };
     clickDates();
-    if (header->sortIndicatorOrder() == Qt::AscendingOrder)
-        clickDates();
-    // A date that the module does not know counts as before all others, wherever its text would stand.
-    QStringList shown = dates();
-    const QStringList texts = ColumnTexts(context, 5);
-    for (qsizetype row = 0; row < shown.size(); ++row) {
-        if (texts[row].isEmpty())
-            shown[row].clear();
-    }
-    Require(std::is_sorted(shown.rbegin(), shown.rend()), QStringLiteral("the latest date is on top"));
-    Require(!shown.constFirst().isEmpty() && shown.constFirst() > shown.at(shown.size() / 2),
-            QStringLiteral("the dates differ"));
-    return QStringLiteral("latest first, %1 on top").arg(texts.constFirst());
+    RequireNewestFirst(context, false);
+    const QString newest = ColumnTexts(context, 5).constFirst();
+    Hands::Settle();
+    context.takePicture();
+    clickDates();
+    RequireNewestFirst(context, true);
+    return QStringLiteral("latest first, %1 on top, and the other way round").arg(newest);
 }
 
 } // namespace

@@ -44,7 +44,7 @@ QString SavedFile(const TourContext& context)
 QString ViewerBeforeTheLargePicture(TourContext& context)
 {
     // Long enough to look at the small picture, short enough to wait for.
-    context.server.AddFault(Fault::On(QStringLiteral("/large/")).WithDelay(2500));
+    context.server.AddFault(Fault::On(QStringLiteral("/large/")).WithDelay(6000));
     auto* slider = context.Details()->findChild<PictureSlider*>();
     for (auto* button : slider->findChildren<QPushButton*>()) {
         if (button->size() == QSize(24, 24))
