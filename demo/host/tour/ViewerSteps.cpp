@@ -51,12 +51,12 @@ QString ViewerBeforeTheLargePicture(TourContext& context)
             Hands::Click(button);
     }
     auto* viewer = Viewer(context);
-    Hands::WaitUntil([viewer] { return viewer->isMaximized() && viewer->isActiveWindow(); },
-                     QStringLiteral("the viewer fills the screen"));
     RequireEqual(viewer->GetStatusLabel()->text(), QStringLiteral("Loading large image..."), QStringLiteral("status"));
     const double width = View(context)->sceneRect().width();
     Require(width > 100 && width < 1000, QStringLiteral("a small picture is shown, %1 wide").arg(width));
     RequireEqual(QApplication::overrideCursor() != nullptr, true, QStringLiteral("wait cursor"));
+    Hands::WaitUntil([viewer] { return viewer->isMaximized() && viewer->isActiveWindow(); },
+                     QStringLiteral("the viewer fills the screen"));
     Hands::Settle();
     context.takePicture();
     return QStringLiteral("the small picture, %1 wide, while the large one loads").arg(width);
