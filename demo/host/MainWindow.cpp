@@ -79,7 +79,8 @@ void MainWindow::ConnectSignals()
     connect(m_helpAction, &QAction::triggered, this, &MainWindow::ShowHelp);
 
     connect(&m_venueDatabase, &VenueDatabaseEmbedding::VenueImported, this, &MainWindow::ShowVenue);
-    connect(&m_venueDatabase, &VenueDatabaseEmbedding::DayModeChangeRequested, this, &MainWindow::ToggleTheme);
+    connect(&m_venueDatabase, &VenueDatabaseEmbedding::DayModeChangeRequested, this,
+            &MainWindow::ToggleTheme);
     connect(&m_venueDatabase, &VenueDatabaseEmbedding::HelpRequested, this, &MainWindow::ShowHelp);
 }
 

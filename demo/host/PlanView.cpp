@@ -35,8 +35,8 @@ double RoundStep(double pixelsPerMetre, double pixels)
     return step * pixelsPerMetre >= pixels ? step : 10 * RoundStep(pixelsPerMetre * 10, pixels);
 }
 
-/// The smallest distance between two rigging points; it decides whether there is room for their loads. Zero where
-/// there are more than anyone could read.
+/// The smallest distance between two rigging points; it decides whether there is room for their loads. Zero
+/// where there are more than anyone could read.
 double SmallestDistance(const QList<RiggingPoint>& points)
 {
     constexpr qsizetype c_readable = 500;
@@ -122,9 +122,8 @@ void PlanView::DrawGrid(QPainter& painter, const QTransform& toView) const
     const double step = RoundStep(toView.m11(), 14);
     const QRectF area = toView.inverted().mapRect(QRectF(rect()));
     painter.setRenderHint(QPainter::Antialiasing, false);
-    const auto pen = [this](int index) {
-        return QPen(Colour(index % 5 == 0 ? "plan-grid-major" : "plan-grid"), 1);
-    };
+    const auto pen
+        = [this](int index) { return QPen(Colour(index % 5 == 0 ? "plan-grid-major" : "plan-grid"), 1); };
     for (int i = int(std::floor(area.left() / step)); i * step <= area.right(); ++i) {
         const double x = toView.map(QPointF(i * step, 0)).x();
         painter.setPen(pen(i));
@@ -195,7 +194,8 @@ void PlanView::DrawTitle(QPainter& painter) const
         load += point.load;
     const QLocale locale;
     const QString facts
-        = tr("Hall %1 × %2 m   ·   %n rigging points, %3 t in all", nullptr, int(m_venue->riggingPoints.size()))
+        = tr("Hall %1 × %2 m   ·   %n rigging points, %3 t in all", nullptr,
+             int(m_venue->riggingPoints.size()))
               .arg(locale.toString(hall.width(), 'f', 1), locale.toString(hall.height(), 'f', 1),
                    locale.toString(load / 1000, 'f', 1));
 

@@ -22,7 +22,10 @@ public:
     void SetTheme(const Theme& theme);
     /// Replaces the venue that is shown.
     void SetVenue(const VenueModel& venue);
-    bool HasVenue() const { return m_venue.has_value(); }
+    bool HasVenue() const
+    {
+        return m_venue.has_value();
+    }
 
     QSize sizeHint() const override;
 

@@ -60,7 +60,8 @@ QIcon Theme::Icon(const QString& name) const
 
 void Theme::Apply(QApplication* application) const
 {
-    // What no rule of the style sheet reaches, plain containers for example, takes its colours from the palette.
+    // What no rule of the style sheet reaches, plain containers for example, takes its colours from the
+    // palette.
     QPalette palette(Colour(QStringLiteral("raised")), Colour(QStringLiteral("window")));
     const struct
     {

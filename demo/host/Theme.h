@@ -11,15 +11,20 @@ namespace korvel::Demo {
 
 /// One of Tessra's two appearances: named colours and the style sheet made with them.
 ///
-/// The style sheet serves Tessra's own windows and, through the property "customStyle", those of the venue database.
+/// The style sheet serves Tessra's own windows and, through the property "customStyle", those of the venue
+/// database.
 class Theme
 {
 public:
     /// \p dayMode: the light theme, otherwise the dark one. Both are compiled in.
     explicit Theme(bool dayMode);
 
-    bool IsDayMode() const { return m_dayMode; }
-    /// The colour called \p name in the theme's .colours file; a name that is not there is a programming error.
+    bool IsDayMode() const
+    {
+        return m_dayMode;
+    }
+    /// The colour called \p name in the theme's .colours file; a name that is not there is a programming
+    /// error.
     QColor Colour(const QString& name) const;
     /// The complete style sheet, every name replaced by its value.
     QString StyleSheet() const;

@@ -15,8 +15,8 @@ namespace korvel::Demo {
 
 /// Everything that a host application does to have the venue database: this class is the example to copy.
 ///
-/// It owns the dialog, opens it, keeps it in the host's appearance, imports what the user chose and answers. What the
-/// module asks of the rest of the host comes out as signals.
+/// It owns the dialog, opens it, keeps it in the host's appearance, imports what the user chose and answers.
+/// What the module asks of the rest of the host comes out as signals.
 class VenueDatabaseEmbedding : public QObject
 {
     Q_OBJECT
@@ -26,10 +26,11 @@ public:
     explicit VenueDatabaseEmbedding(QWidget* window);
     ~VenueDatabaseEmbedding() override;
 
-    /// Shows the dialog on the screen of the main window. The first time it searches all venues, in a nested event
-    /// loop that starts after this call.
+    /// Shows the dialog on the screen of the main window. The first time it searches all venues, in a nested
+    /// event loop that starts after this call.
     void Open();
-    /// To be called once at the start and whenever the host has changed its appearance; true is the light theme.
+    /// To be called once at the start and whenever the host has changed its appearance; true is the light
+    /// theme.
     void SetDayMode(bool dayMode);
 
 Q_SIGNALS:

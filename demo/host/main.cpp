@@ -65,10 +65,11 @@ int main(int argc, char* argv[])
     const QCommandLineOption ca(QStringLiteral("ca"),
                                 QStringLiteral("The certificate authority of that server, a PEM file."),
                                 QStringLiteral("file"));
-    const QCommandLineOption tour(QStringLiteral("tour"),
-                                  QStringLiteral("Go through the main flow unattended, in both themes, leave a picture "
-                                                 "of each step in the folder and quit; fails if a step does."),
-                                  QStringLiteral("folder"));
+    const QCommandLineOption tour(
+        QStringLiteral("tour"),
+        QStringLiteral("Go through the main flow unattended, in both themes, leave a picture "
+                       "of each step in the folder and quit; fails if a step does."),
+        QStringLiteral("folder"));
     parser.addOptions({theme, proxy, ca, tour});
     parser.process(application);
 

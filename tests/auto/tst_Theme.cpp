@@ -18,10 +18,10 @@ namespace {
 /// Relative luminance of a colour as the web's accessibility guidelines define it.
 double Luminance(const QColor& colour)
 {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+    const auto linear
+        = [](double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
+        + 0.0722 * linear(colour.blueF());
 }
 
 double Contrast(const QColor& a, const QColor& b)
@@ -38,8 +38,14 @@ class tst_Theme : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { korvel::Test::FailOnUnexpectedWarnings(); }
-    void cleanup() { QVERIFY(korvel::Test::NoWindowIsLeft()); }
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
 
     void TextIsReadableOnItsGround_data();
     void TextIsReadableOnItsGround();
@@ -59,7 +65,9 @@ void tst_Theme::TextIsReadableOnItsGround_data()
         const char* text;
         QStringList grounds;
     } pairs[] = {
-        {"text", QStringLiteral("window surface surface-alt raised raised-hover raised-pressed row-hover").split(QLatin1Char(' '))},
+        {"text",
+         QStringLiteral("window surface surface-alt raised raised-hover raised-pressed row-hover")
+             .split(QLatin1Char(' '))},
         {"text-muted", QStringLiteral("window surface raised-off plan-paper").split(QLatin1Char(' '))},
         {"accent-text", QStringLiteral("accent accent-hover accent-pressed").split(QLatin1Char(' '))},
         {"selection-text", {QStringLiteral("selection")}},
@@ -70,7 +78,8 @@ void tst_Theme::TextIsReadableOnItsGround_data()
     };
     for (const auto& pair : pairs) {
         for (const QString& ground : pair.grounds)
-            QTest::addRow("%s on %s", pair.text, qPrintable(ground)) << QString::fromLatin1(pair.text) << ground;
+            QTest::addRow("%s on %s", pair.text, qPrintable(ground))
+                << QString::fromLatin1(pair.text) << ground;
     }
 }
 
@@ -81,16 +90,17 @@ void tst_Theme::TextIsReadableOnItsGround()
     for (const bool dayMode : {true, false}) {
         const Theme theme(dayMode);
         const double contrast = Contrast(theme.Colour(text), theme.Colour(ground));
-        QVERIFY2(contrast >= 4.5, qPrintable(QStringLiteral("%1 : 1 in day mode %2").arg(contrast).arg(dayMode)));
+        QVERIFY2(contrast >= 4.5,
+                 qPrintable(QStringLiteral("%1 : 1 in day mode %2").arg(contrast).arg(dayMode)));
     }
 }
 
 void tst_Theme::EveryStyleClassOfTheModuleHasARule()
 {
     const QString sheet = Theme(true).StyleSheet();
-    static const QRegularExpression styleClass(
-        QStringLiteral("\"((?:dialog|widget|label|button|frame|lineEdit|textEdit|comboBox|line|tableView|splitter|"
-                       "scrollArea)Korvel[A-Za-z]+)\""));
+    static const QRegularExpression styleClass(QStringLiteral(
+        "\"((?:dialog|widget|label|button|frame|lineEdit|textEdit|comboBox|line|tableView|splitter|"
+        "scrollArea)Korvel[A-Za-z]+)\""));
     QSet<QString> used;
     QDirIterator sources(QStringLiteral(VDB_SOURCE_DIR "/ui"), {QStringLiteral("*.cpp")}, QDir::Files);
     while (sources.hasNext()) {
@@ -103,7 +113,8 @@ void tst_Theme::EveryStyleClassOfTheModuleHasARule()
     for (const QString& name : std::as_const(used)) {
         QVERIFY2(sheet.contains(QStringLiteral("[customStyle=\"%1\"]").arg(name)), qPrintable(name));
         // A plain widget can carry a button's class: a rule for the bare class would catch it.
-        QVERIFY2(!sheet.contains(QRegularExpression(QStringLiteral("(^|[\\s,*>])\\[customStyle=\"%1\"").arg(name))),
+        QVERIFY2(!sheet.contains(
+                     QRegularExpression(QStringLiteral("(^|[\\s,*>])\\[customStyle=\"%1\"").arg(name))),
                  qPrintable(name));
     }
 }
@@ -131,8 +142,8 @@ void tst_Theme::EveryPictureOfTheSheetCanBeLoaded()
 void tst_Theme::FoldingIconsAreWhereTheModuleLooks_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char* name : {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day", "korvelFoldingWidgetClosed",
-                             "korvelFoldingWidgetClosed_day"})
+    for (const char* name : {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day",
+                             "korvelFoldingWidgetClosed", "korvelFoldingWidgetClosed_day"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 

@@ -35,7 +35,10 @@ qsizetype ColoursOfPicture(const TourContext& context)
 
 QString Caption(const VenueRecord& venue, qsizetype index)
 {
-    return QStringLiteral("%1/%2 %3").arg(index + 1).arg(venue.pictures.size()).arg(venue.pictures.at(index).alt);
+    return QStringLiteral("%1/%2 %3")
+        .arg(index + 1)
+        .arg(venue.pictures.size())
+        .arg(venue.pictures.at(index).alt);
 }
 
 QString SelectedVenue(TourContext& context)
@@ -94,7 +97,8 @@ QString PictureSteps(TourContext& context)
     const VenueRecord& venue = context.Venue(c_palaisGarnier);
     auto* slider = context.Details()->findChild<PictureSlider*>();
     const auto step = [slider](bool forward) {
-        for (auto* button : slider->findChildren<PictureNavigationButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+        for (auto* button :
+             slider->findChildren<PictureNavigationButton*>(QString(), Qt::FindDirectChildrenOnly)) {
             if ((button->x() > 0) == forward)
                 Hands::Click(button);
         }
@@ -105,7 +109,8 @@ QString PictureSteps(TourContext& context)
     Require(slider->grab().toImage() != first, QStringLiteral("another picture is shown"));
     step(false);
     step(false);
-    RequireEqual(context.PictureCaption(), Caption(venue, venue.pictures.size() - 1), QStringLiteral("caption"));
+    RequireEqual(context.PictureCaption(), Caption(venue, venue.pictures.size() - 1),
+                 QStringLiteral("caption"));
     Hands::Settle();
     context.takePicture();
     step(true);

@@ -15,7 +15,7 @@ namespace korvel::Demo {
 void Require(bool isSo, const QString& what)
 {
     if (!isSo)
-        throw TourFailure {what};
+        throw TourFailure{what};
 }
 
 namespace Hands {
@@ -37,15 +37,14 @@ QPushButton* Button(const QWidget* root, const QString& text)
         if (button->isVisible() && button->text().remove(QLatin1Char('&')) == text)
             return button;
     }
-    throw TourFailure {QStringLiteral("there is no button \"%1\"").arg(text)};
+    throw TourFailure{QStringLiteral("there is no button \"%1\"").arg(text)};
 }
 
 QWidget* FindFieldBeside(const QWidget* root, const QString& text, int which,
                          const std::function<bool(QWidget*)>& isField)
 {
-    const auto place = [root](const QWidget* widget) {
-        return QRect(widget->mapTo(root, QPoint()), widget->size());
-    };
+    const auto place
+        = [root](const QWidget* widget) { return QRect(widget->mapTo(root, QPoint()), widget->size()); };
     const auto nearestTo = [&](const QRect& label) {
         QWidget* nearest = nullptr;
         for (QWidget* widget : root->findChildren<QWidget*>()) {
@@ -103,7 +102,7 @@ QWidget* KeyTarget()
         if (widget)
             return widget;
     }
-    throw TourFailure {QStringLiteral("no window has the keyboard")};
+    throw TourFailure{QStringLiteral("no window has the keyboard")};
 }
 
 } // namespace

@@ -30,8 +30,9 @@ template <typename Value> void RequireEqual(const Value& actual, const Value& ex
     Require(actual == expected, what + QStringLiteral(": ") + text);
 }
 
-/// What a user has: eyes that find a widget by what it shows, and hands that click and type. Clicks go through the
-/// window, so they reach whatever is on top at that place. Every wait processes events and ends with a TourFailure.
+/// What a user has: eyes that find a widget by what it shows, and hands that click and type. Clicks go
+/// through the window, so they reach whatever is on top at that place. Every wait processes events and ends
+/// with a TourFailure.
 namespace Hands {
 
 /// Waits until \p isSo, for \p milliseconds at the most.
@@ -41,8 +42,8 @@ void Settle();
 
 /// The visible button of \p root with the text \p text.
 QPushButton* Button(const QWidget* root, const QString& text);
-/// The visible child of type \p T that stands right of the label \p label, the nearest one; where several labels
-/// read the same, that of the label number \p which from the top.
+/// The visible child of type \p T that stands right of the label \p label, the nearest one; where several
+/// labels read the same, that of the label number \p which from the top.
 template <typename T> T* FieldBeside(const QWidget* root, const QString& label, int which = 0);
 
 void Click(QWidget* widget);
@@ -65,9 +66,8 @@ void AnswerModal(const std::function<void()>& action, const std::function<bool(Q
 
 template <typename T> T* Hands::FieldBeside(const QWidget* root, const QString& label, int which)
 {
-    return static_cast<T*>(FindFieldBeside(root, label, which, [](QWidget* widget) {
-        return qobject_cast<T*>(widget) != nullptr;
-    }));
+    return static_cast<T*>(FindFieldBeside(
+        root, label, which, [](QWidget* widget) { return qobject_cast<T*>(widget) != nullptr; }));
 }
 
 template <typename Dialog>

@@ -68,9 +68,11 @@ void CloseDialog(const TourContext& context)
 void ReopenDialog(const TourContext& context)
 {
     context.window->activateWindow();
-    Hands::WaitUntil([&] { return context.window->isActiveWindow(); }, QStringLiteral("the main window is active"));
+    Hands::WaitUntil([&] { return context.window->isActiveWindow(); },
+                     QStringLiteral("the main window is active"));
     Hands::Press(Qt::Key_D, Qt::ControlModifier);
-    Hands::WaitUntil([&] { return context.Dialog()->isActiveWindow(); }, QStringLiteral("Ctrl+D opens again"));
+    Hands::WaitUntil([&] { return context.Dialog()->isActiveWindow(); },
+                     QStringLiteral("Ctrl+D opens again"));
 }
 
 QString Import(TourContext& context)
@@ -78,7 +80,8 @@ QString Import(TourContext& context)
     Hands::Click(ImportButton(context));
     Require(ImportButton(context)->isEnabled(), QStringLiteral("the next import is possible"));
     const QString title = context.window->windowTitle();
-    Require(title.contains(QStringLiteral("Palais Garnier")), QStringLiteral("the plan is named after the hall: ") + title);
+    Require(title.contains(QStringLiteral("Palais Garnier")),
+            QStringLiteral("the plan is named after the hall: ") + title);
     Require(PlanShowsAStage(context), QStringLiteral("the plan shows the stage"));
     CloseDialog(context);
     Hands::Settle();
@@ -100,7 +103,8 @@ QString ChosenModel(TourContext& context)
     RequireEqual(offered, names, QStringLiteral("model files"));
     ChooseFile(context, int(names.size()) - 1);
     Hands::Click(ImportButton(context));
-    Require(context.window->windowTitle().contains(venue.title), QStringLiteral("the plan is of ") + venue.title);
+    Require(context.window->windowTitle().contains(venue.title),
+            QStringLiteral("the plan is of ") + venue.title);
     CloseDialog(context);
     Hands::Settle();
     context.takePicture();
@@ -122,7 +126,8 @@ QString BrokenModel(TourContext& context)
     Hands::Answer<QMessageBox>([&] { Hands::Click(ImportButton(context)); },
                                [&](QMessageBox* box) {
                                    said = box->informativeText();
-                                   Require(box->text().contains(QStringLiteral("cannot be read")) && !said.isEmpty(),
+                                   Require(box->text().contains(QStringLiteral("cannot be read"))
+                                               && !said.isEmpty(),
                                            QStringLiteral("the box says what is wrong: ") + box->text());
                                    Require(!ImportButton(context)->isEnabled(),
                                            QStringLiteral("no import as long as the box is open"));

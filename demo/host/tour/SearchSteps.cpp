@@ -64,9 +64,12 @@ QString AllVenues(TourContext& context)
     Hands::Click(button);
     auto* dialog = context.Dialog();
     const auto everything = context.CatalogueIds([](const VenueRecord&) { return true; });
-    Hands::WaitUntil([&] { return context.ListedIds().size() == everything.size() && CountryChooser(context)->isEnabled()
-                                  && dialog->GetStatusLabel()->text().isEmpty(); },
-                     QStringLiteral("the first search ends"));
+    Hands::WaitUntil(
+        [&] {
+            return context.ListedIds().size() == everything.size() && CountryChooser(context)->isEnabled()
+                && dialog->GetStatusLabel()->text().isEmpty();
+        },
+        QStringLiteral("the first search ends"));
     RequireListed(context, everything, QStringLiteral("listed"));
     RequireEqual(dialog->size(), QSize(1062, 768), QStringLiteral("size of the dialog"));
     const QStringList names = ColumnTexts(context, 1);
@@ -77,7 +80,8 @@ QString AllVenues(TourContext& context)
 
 QString FilteredSearch(TourContext& context)
 {
-    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), QStringLiteral("City:")), QStringLiteral("paris"));
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), QStringLiteral("City:")),
+                QStringLiteral("paris"));
     Hands::Press(Qt::Key_Return);
     const auto inParis = context.CatalogueIds([](const VenueRecord& venue) {
         return venue.locality.contains(QStringLiteral("paris"), Qt::CaseInsensitive);
@@ -96,11 +100,12 @@ QString CountrySearch(TourContext& context)
     for (int item = 0; item < chooser->count(); ++item)
         countries.append(chooser->itemText(item));
     RequireEqual(countries.value(0), QStringLiteral("--"), QStringLiteral("first entry"));
-    const auto inJapan
-        = context.CatalogueIds([](const VenueRecord& venue) { return venue.countryCode == QStringLiteral("JP"); });
+    const auto inJapan = context.CatalogueIds(
+        [](const VenueRecord& venue) { return venue.countryCode == QStringLiteral("JP"); });
 
     Hands::Click(chooser);
-    Hands::WaitUntil([] { return QApplication::activePopupWidget() != nullptr; }, QStringLiteral("the countries drop down"));
+    Hands::WaitUntil([] { return QApplication::activePopupWidget() != nullptr; },
+                     QStringLiteral("the countries drop down"));
     Hands::Type(QStringLiteral("jap"));
     Hands::Settle();
     context.takePicture();
@@ -117,8 +122,8 @@ QString CountrySearch(TourContext& context)
         .arg(inJapan.size());
 }
 
-/// The dates that the catalogue has for the listed venues, from the newest down; a venue whose date the module does not
-/// know counts as the oldest. \p isReversed: the same read from the bottom.
+/// The dates that the catalogue has for the listed venues, from the newest down; a venue whose date the
+/// module does not know counts as the oldest. \p isReversed: the same read from the bottom.
 void RequireNewestFirst(const TourContext& context, bool isReversed)
 {
     const QList<qint64> ids = context.ListedIds();
@@ -129,7 +134,8 @@ void RequireNewestFirst(const TourContext& context, bool isReversed)
     if (isReversed)
         std::reverse(dates.begin(), dates.end());
     for (qsizetype row = 1; row < dates.size(); ++row)
-        Require(dates[row] <= dates[row - 1], QStringLiteral("%1 stands below %2").arg(dates[row], dates[row - 1]));
+        Require(dates[row] <= dates[row - 1],
+                QStringLiteral("%1 stands below %2").arg(dates[row], dates[row - 1]));
     Require(dates.constFirst() > dates.at(dates.size() / 2), QStringLiteral("the dates differ"));
 }
 
@@ -139,7 +145,8 @@ QString DateSort(TourContext& context)
     QHeaderView* header = context.Table()->horizontalHeader();
     const auto clickDates = [header] {
         constexpr int c_dateColumn = 5;
-        Hands::Click(header->viewport(), QPoint(header->sectionViewportPosition(c_dateColumn) + 40, header->height() / 2));
+        Hands::Click(header->viewport(),
+                     QPoint(header->sectionViewportPosition(c_dateColumn) + 40, header->height() / 2));
     };
     clickDates();
     RequireNewestFirst(context, false);
@@ -156,10 +163,8 @@ QString DateSort(TourContext& context)
 std::span<const TourStep> SearchSteps()
 {
     static const TourStep steps[] = {
-        {"empty plan", EmptyPlan},
-        {"all venues", AllVenues},
-        {"filtered search", FilteredSearch},
-        {"search by country", CountrySearch},
+        {"empty plan", EmptyPlan},           {"all venues", AllVenues},
+        {"filtered search", FilteredSearch}, {"search by country", CountrySearch},
         {"sorted by date", DateSort},
     };
     return steps;

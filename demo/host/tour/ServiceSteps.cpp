@@ -38,21 +38,24 @@ QString VenueWithoutPictures(TourContext& context)
 
 QString ServerDownAndRetry(TourContext& context)
 {
-    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), QStringLiteral("City:")), QStringLiteral("london"));
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), QStringLiteral("City:")),
+                QStringLiteral("london"));
     context.server.Stop();
-    Hands::Answer<QMessageBox>([&] { context.ClickSearch(); },
-                               [&](QMessageBox* box) {
-                                   RequireEqual(box->windowTitle(), QStringLiteral("Error"), QStringLiteral("title"));
-                                   Require(box->text().startsWith(QStringLiteral("Unable to connect to server.")),
-                                           QStringLiteral("the box says so: ") + box->text());
-                                   context.takePicture();
-                                   Require(context.server.Start(), context.server.ErrorText());
-                                   Hands::Click(Hands::Button(box, QStringLiteral("Retry")));
-                               });
+    Hands::Answer<QMessageBox>(
+        [&] { context.ClickSearch(); },
+        [&](QMessageBox* box) {
+            RequireEqual(box->windowTitle(), QStringLiteral("Error"), QStringLiteral("title"));
+            Require(box->text().startsWith(QStringLiteral("Unable to connect to server.")),
+                    QStringLiteral("the box says so: ") + box->text());
+            context.takePicture();
+            Require(context.server.Start(), context.server.ErrorText());
+            Hands::Click(Hands::Button(box, QStringLiteral("Retry")));
+        });
     const auto inLondon = context.CatalogueIds([](const VenueRecord& venue) {
         return venue.locality.contains(QStringLiteral("london"), Qt::CaseInsensitive);
     });
-    Hands::WaitUntil([&] { return context.ListedIds().size() == inLondon.size(); }, QStringLiteral("the retried search ends"));
+    Hands::WaitUntil([&] { return context.ListedIds().size() == inLondon.size(); },
+                     QStringLiteral("the retried search ends"));
     return QStringLiteral("error box; Retry finds %1 venues in London").arg(inLondon.size());
 }
 
@@ -77,9 +80,11 @@ QString ReopenedWithResults(TourContext& context)
     const auto listed = context.ListedIds();
     auto* dialog = context.Dialog();
     Hands::Press(Qt::Key_Escape);
-    Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, QStringLiteral("Escape closes the venue database"));
+    Hands::WaitUntil([dialog] { return !dialog->isVisible(); },
+                     QStringLiteral("Escape closes the venue database"));
     context.window->activateWindow();
-    Hands::WaitUntil([&] { return context.window->isActiveWindow(); }, QStringLiteral("the main window is active"));
+    Hands::WaitUntil([&] { return context.window->isActiveWindow(); },
+                     QStringLiteral("the main window is active"));
     const qsizetype requests = context.server.Log().RequestCount();
     Hands::Press(Qt::Key_D, Qt::ControlModifier);
     Hands::WaitUntil([dialog] { return dialog->isActiveWindow(); }, QStringLiteral("Ctrl+D opens it again"));
@@ -91,7 +96,9 @@ QString ReopenedWithResults(TourContext& context)
 
 QString OtherTheme(TourContext& context)
 {
-    context.SelectVenue(context.CatalogueIds([](const VenueRecord& venue) { return venue.pictures.size() >= 5; }).constFirst());
+    context.SelectVenue(
+        context.CatalogueIds([](const VenueRecord& venue) { return venue.pictures.size() >= 5; })
+            .constFirst());
     const auto isInTheme = [&context](bool dayMode) {
         const QImage image = context.Dialog()->grab().toImage();
         return image.pixelColor(image.width() / 2, 3) == Theme(dayMode).Colour(QStringLiteral("window"));

@@ -54,8 +54,10 @@ bool Tour::Run()
 
 bool Tour::RunInTheme(bool dayMode)
 {
-    // Begins in the other theme: the first step changes it at run time, which shows what would keep its colours.
-    TourContext context {m_server, m_server.Catalogue(), dayMode, m_folder, std::make_unique<MainWindow>(!dayMode), {}};
+    // Begins in the other theme: the first step changes it at run time, which shows what would keep its
+    // colours.
+    TourContext context{
+        m_server, m_server.Catalogue(), dayMode, m_folder, std::make_unique<MainWindow>(!dayMode), {}};
     context.window->show();
     for (const auto& part : {SearchSteps(), DetailSteps(), ViewerSteps(), ImportSteps(), ServiceSteps()}) {
         for (const TourStep& step : part) {
@@ -81,7 +83,8 @@ bool Tour::RunStep(const TourStep& step, TourContext& context)
     };
     m_watchdog.SetPlace(heading.toStdString());
     try {
-        Hands::WaitUntil([] { return QApplication::activeWindow() != nullptr; }, QStringLiteral("a window is active"));
+        Hands::WaitUntil([] { return QApplication::activeWindow() != nullptr; },
+                         QStringLiteral("a window is active"));
         const QString result = step.run(context);
         if (!isTaken) {
             Hands::Settle();

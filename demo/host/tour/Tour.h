@@ -11,19 +11,20 @@ class VenueServer;
 struct TourContext;
 struct TourStep;
 
-/// The main flow unattended, through the real widgets with clicks and keys, once in each theme. Each step checks what
-/// is on screen against the catalogue of the server, writes "NN-theme-name.png" and prints a line.
+/// The main flow unattended, through the real widgets with clicks and keys, once in each theme. Each step
+/// checks what is on screen against the catalogue of the server, writes "NN-theme-name.png" and prints a
+/// line.
 class Tour : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \p server runs and is installed in the application; the tour stops it and starts it again. \p folder is made
-    /// if it does not exist.
+    /// \p server runs and is installed in the application; the tour stops it and starts it again. \p folder
+    /// is made if it does not exist.
     Tour(VenueServer& server, const QString& folder);
 
-    /// True when every step showed what it should. Ends at the first that did not. Runs nested event loops; a tour
-    /// that hangs ends the process.
+    /// True when every step showed what it should. Ends at the first that did not. Runs nested event loops; a
+    /// tour that hangs ends the process.
     bool Run();
 
 private:

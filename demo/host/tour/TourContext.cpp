@@ -61,8 +61,8 @@ QList<qint64> TourContext::CatalogueIds(const std::function<bool(const VenueReco
 const VenueRecord& TourContext::Venue(qint64 id) const
 {
     const QList<VenueRecord>& venues = catalogue->Venues();
-    const auto found
-        = std::find_if(venues.begin(), venues.end(), [id](const VenueRecord& venue) { return venue.entityId == id; });
+    const auto found = std::find_if(venues.begin(), venues.end(),
+                                    [id](const VenueRecord& venue) { return venue.entityId == id; });
     Require(found != venues.end(), QStringLiteral("the catalogue has venue %1").arg(id));
     return *found;
 }

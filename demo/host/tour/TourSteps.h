@@ -51,7 +51,8 @@ struct TourContext
     QString PictureCaption() const;
 };
 
-/// One step: does something, checks what is then to be seen and says it in one line; throws a TourFailure otherwise.
+/// One step: does something, checks what is then to be seen and says it in one line; throws a TourFailure
+/// otherwise.
 struct TourStep
 {
     const char* name;

@@ -37,21 +37,23 @@ QGraphicsView* View(const TourContext& context)
 
 QString SavedFile(const TourContext& context)
 {
-    return QDir(context.folder).absoluteFilePath(context.dayMode ? QStringLiteral("saved-day.jpg")
-                                                                 : QStringLiteral("saved-night.jpg"));
+    return QDir(context.folder)
+        .absoluteFilePath(context.dayMode ? QStringLiteral("saved-day.jpg")
+                                          : QStringLiteral("saved-night.jpg"));
 }
 
 QString ViewerBeforeTheLargePicture(TourContext& context)
 {
     // Long enough to look at the small picture, short enough to wait for.
-    context.server.AddFault(Fault::On(QStringLiteral("/large/")).WithDelay(6000));
+    context.server.AddFault(Fault::On(QStringLiteral("-large.jpg")).WithDelay(3500));
     auto* slider = context.Details()->findChild<PictureSlider*>();
     for (auto* button : slider->findChildren<QPushButton*>()) {
         if (button->size() == QSize(24, 24))
             Hands::Click(button);
     }
     auto* viewer = Viewer(context);
-    RequireEqual(viewer->GetStatusLabel()->text(), QStringLiteral("Loading large image..."), QStringLiteral("status"));
+    RequireEqual(viewer->GetStatusLabel()->text(), QStringLiteral("Loading large image..."),
+                 QStringLiteral("status"));
     const double width = View(context)->sceneRect().width();
     Require(width > 100 && width < 1000, QStringLiteral("a small picture is shown, %1 wide").arg(width));
     RequireEqual(QApplication::overrideCursor() != nullptr, true, QStringLiteral("wait cursor"));
@@ -64,7 +66,8 @@ QString ViewerBeforeTheLargePicture(TourContext& context)
 
 QString ViewerWithTheLargePicture(TourContext& context)
 {
-    Hands::WaitUntil([&] { return View(context)->sceneRect().width() > 2000; }, QStringLiteral("the large picture arrives"));
+    Hands::WaitUntil([&] { return View(context)->sceneRect().width() > 2000; },
+                     QStringLiteral("the large picture arrives"));
     context.server.ClearFaults();
     RequireEqual(Viewer(context)->GetStatusLabel()->text(), QString(), QStringLiteral("status"));
     RequireEqual(QApplication::overrideCursor() == nullptr, true, QStringLiteral("ordinary cursor"));
@@ -88,23 +91,24 @@ QString Zoomed(TourContext& context)
     context.takePicture();
     for (int i = 0; i < c_steps + 2; ++i)
         Hands::Press(Qt::Key_Minus);
-    Require(qAbs(View(context)->transform().m11() / fitted - 1) < 0.01, QStringLiteral("zoomed out to the fitted size"));
+    Require(qAbs(View(context)->transform().m11() / fitted - 1) < 0.01,
+            QStringLiteral("zoomed out to the fitted size"));
     return QStringLiteral("%1 times and back").arg(factor, 0, 'f', 2);
 }
 
 QString SaveDialog(TourContext& context)
 {
     QFile::remove(SavedFile(context));
-    Hands::Answer<QFileDialog>([] { Hands::Press(Qt::Key_S, Qt::ControlModifier); },
-                               [&](QFileDialog* dialog) {
-                                   RequireEqual(dialog->windowTitle(), QStringLiteral("Save Image As"),
-                                                QStringLiteral("title"));
-                                   auto* name = dialog->findChild<QLineEdit*>();
-                                   Require(!name->text().isEmpty(), QStringLiteral("a file name is suggested"));
-                                   context.takePicture();
-                                   Hands::Fill(name, SavedFile(context));
-                                   Hands::Press(Qt::Key_Return);
-                               });
+    Hands::Answer<QFileDialog>(
+        [] { Hands::Press(Qt::Key_S, Qt::ControlModifier); },
+        [&](QFileDialog* dialog) {
+            RequireEqual(dialog->windowTitle(), QStringLiteral("Save Image As"), QStringLiteral("title"));
+            auto* name = dialog->findChild<QLineEdit*>();
+            Require(!name->text().isEmpty(), QStringLiteral("a file name is suggested"));
+            context.takePicture();
+            Hands::Fill(name, SavedFile(context));
+            Hands::Press(Qt::Key_Return);
+        });
     return QStringLiteral("asks for a file name");
 }
 
@@ -112,11 +116,13 @@ QString SavedPicture(TourContext& context)
 {
     const QString path = SavedFile(context);
     RequireEqual(Viewer(context)->GetStatusLabel()->text(),
-                 QStringLiteral("Saved \"%1\"").arg(QDir::toNativeSeparators(path)), QStringLiteral("status"));
+                 QStringLiteral("Saved \"%1\"").arg(QDir::toNativeSeparators(path)),
+                 QStringLiteral("status"));
     QImageReader reader(path);
     RequireEqual(reader.format(), QByteArrayLiteral("jpeg"), QStringLiteral("format of the file"));
     const QImage image = reader.read();
-    RequireEqual(QSizeF(image.size()), View(context)->sceneRect().size(), QStringLiteral("size of the saved picture"));
+    RequireEqual(QSizeF(image.size()), View(context)->sceneRect().size(),
+                 QStringLiteral("size of the saved picture"));
     return QStringLiteral("a JPEG file of %1 × %2 pixels").arg(image.width()).arg(image.height());
 }
 
@@ -126,14 +132,17 @@ QString NextPictureAndBack(TourContext& context)
     const auto caption = [&] { return View(context)->findChild<QLabel*>()->text(); };
     const QString first = caption();
     Hands::Press(Qt::Key_D);
-    Hands::WaitUntil([&] { return View(context)->sceneRect().width() > 2000; }, QStringLiteral("the next picture arrives"));
-    Require(caption().startsWith(QStringLiteral("2/")) && caption() != first, QStringLiteral("the next picture: ") + caption());
+    Hands::WaitUntil([&] { return View(context)->sceneRect().width() > 2000; },
+                     QStringLiteral("the next picture arrives"));
+    Require(caption().startsWith(QStringLiteral("2/")) && caption() != first,
+            QStringLiteral("the next picture: ") + caption());
     Hands::Settle();
     context.takePicture();
     const QString shown = caption();
     auto* viewer = Viewer(context);
     Hands::Press(Qt::Key_Escape);
-    Hands::WaitUntil([&] { return !viewer->isVisible() && context.window->isVisible(); }, QStringLiteral("Escape closes the viewer"));
+    Hands::WaitUntil([&] { return !viewer->isVisible() && context.window->isVisible(); },
+                     QStringLiteral("Escape closes the viewer"));
     Hands::Settle();
     return shown;
 }

@@ -7,7 +7,8 @@
 
 namespace korvel::Demo {
 
-/// Ends the process with exit code 3 when its owner stays alive for too long, even if the event loop stands still.
+/// Ends the process with exit code 3 when its owner stays alive for too long, even if the event loop stands
+/// still.
 class Watchdog
 {
 public:
