@@ -70,17 +70,21 @@ QString SelectedVenue(TourContext& context)
         .arg(venue.modelFiles.size());
 }
 
+/// The fold icon is the one label of the panel that shows a picture.
+QLabel* FoldIcon(const QWidget* details)
+{
+    for (QLabel* label : details->findChildren<QLabel*>()) {
+        if (!label->pixmap().isNull())
+            return label;
+    }
+    throw TourFailure{QStringLiteral("there is no fold icon")};
+}
+
 QString CollapsedPanel(TourContext& context)
 {
     QWidget* details = context.Details();
     auto* body = details->findChild<QScrollArea*>();
-    // The fold icon is the label with a pixmap in the caption bar.
-    QLabel* icon = nullptr;
-    for (QLabel* label : details->findChildren<QLabel*>()) {
-        if (!label->pixmap().isNull())
-            icon = label;
-    }
-    Require(icon != nullptr, QStringLiteral("the fold icon is there"));
+    QLabel* icon = FoldIcon(details);
     const QImage open = icon->pixmap().toImage();
     Hands::Click(icon);
     Require(!body->isVisible() && details->isVisible(), QStringLiteral("only the caption bar is left"));
