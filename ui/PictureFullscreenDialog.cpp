@@ -332,9 +332,12 @@ void PictureFullscreenDialog::SetupUi()
 
     m_leftButton = new PictureNavigationButton(-1, m_view);
     m_rightButton = new PictureNavigationButton(1, m_view);
-    // The view keeps the focus when they are pressed: the arrow keys scroll it.
-    m_leftButton->setFocusPolicy(Qt::NoFocus);
-    m_rightButton->setFocusPolicy(Qt::NoFocus);
+    // The view keeps the focus when the mouse presses them: the arrow keys scroll it.
+    m_leftButton->setFocusPolicy(Qt::TabFocus);
+    m_rightButton->setFocusPolicy(Qt::TabFocus);
+    m_view->setAccessibleName(tr("Picture"));
+    m_view->setAccessibleDescription(tr(
+        "Plus and Minus zoom, Page Up shows the next picture and Page Down the previous one, Ctrl+S saves."));
 
     m_descriptionLabel = new QLabel(QStringLiteral("-/0"), m_view);
     m_descriptionLabel->setTextFormat(Qt::PlainText);

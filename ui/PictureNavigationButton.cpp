@@ -1,6 +1,9 @@
 #include <ui/PictureNavigationButton.h>
 
+#include <ui/FocusRing_p.h>
+
 #include <QEvent>
+#include <QFocusEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
@@ -13,6 +16,7 @@ namespace korvel::Ui::VenueDatabase {
 namespace {
 
 constexpr qreal c_discRadius = 12.0;
+constexpr qreal c_focusRingRadius = 14.0;
 constexpr qreal c_chevronPenWidth = 1.5;
 constexpr int c_minimumWidth = 32;
 constexpr int c_maximumWidth = 80;
@@ -36,6 +40,12 @@ PictureNavigationButton::PictureNavigationButton(int direction, QWidget* parent)
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);
     setMouseTracking(true);
+    if (direction == -1)
+        setAccessibleName(tr("Previous picture"));
+    else if (direction == 1)
+        setAccessibleName(tr("Next picture"));
+    // What is left to the button classes: the click by key or screen reader.
+    connect(this, &QAbstractButton::clicked, this, [this] { Q_EMIT PictureNavigationClicked(m_direction); });
 }
 
 PictureNavigationButton::~PictureNavigationButton() = default;
@@ -66,6 +76,10 @@ bool PictureNavigationButton::event(QEvent* event)
         update();
         return true;
     }
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        m_isFocusShown = ShowsFocusAfter(*static_cast<QFocusEvent*>(event), m_isFocusShown);
+        update();
+    }
     // Deliberate: past the button classes. Their hover and press handling would repaint and click.
     return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
 }
@@ -93,6 +107,9 @@ void PictureNavigationButton::paintEvent(QPaintEvent* event)
     painter.setPen(QPen(m_dayMode ? Qt::white : Qt::black, c_chevronPenWidth, Qt::SolidLine, Qt::SquareCap,
                         Qt::MiterJoin));
     painter.drawPolyline(ChevronLine(m_direction).translated(center));
+
+    if (m_isFocusShown && hasFocus())
+        PaintFocusRing(painter, center, c_focusRingRadius);
 }
 
 void PictureNavigationButton::resizeEvent(QResizeEvent* event)

@@ -9,7 +9,8 @@ namespace korvel::Ui::VenueDatabase {
 /// The translucent round button over the left or right edge of a picture, which asks for the previous or the
 /// next one. It covers the whole height of its parent's edge and draws itself; it has no text and no icon.
 ///
-/// It reports the press itself: it never looks pressed and a mouse never makes it emit clicked().
+/// It reports the press itself: it never looks pressed and a mouse never makes it emit clicked(). Space and a
+/// screen reader's press do, and navigate as well. A ring shows a focus that did not come by the mouse.
 class KVVENUEDATABASE_API PictureNavigationButton : public QPushButton
 {
     Q_OBJECT
@@ -27,7 +28,8 @@ public:
     void AdjustToParent(int offset);
 
 Q_SIGNALS:
-    /// A mouse button was pressed on this button; \p direction is the button's own.
+    /// A mouse button was pressed on this button, or it was clicked without a mouse; \p direction is the
+    /// button's own.
     void PictureNavigationClicked(int direction);
 
 protected:
@@ -39,6 +41,7 @@ protected:
 private:
     qint32 m_direction = 0;
     bool m_isHovered = false;
+    bool m_isFocusShown = false;
     bool m_dayMode = false;
 };
 

@@ -1,11 +1,13 @@
 #include <ui/PictureSlider.h>
 
 #include <ui/CustomStyle_p.h>
+#include <ui/FocusRing_p.h>
 #include <ui/PictureCaption_p.h>
 #include <ui/PictureDecoder_p.h>
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureNavigationButton.h>
 
+#include <QFocusEvent>
 #include <QIcon>
 #include <QLabel>
 #include <QMouseEvent>
@@ -28,6 +30,7 @@ constexpr QRect c_captionBand(0, 213, 500, 23);
 /// Deliberate: larger than the slider, so that the text is centred on (400, 150).
 constexpr QRect c_textArea(0, 0, 800, 300);
 constexpr QRect c_fullscreenArea(238, 108, 24, 24);
+constexpr qreal c_focusRingRadius = 14.0;
 
 int CenteredAt(int available, double extent)
 {
@@ -105,6 +108,7 @@ void PictureSlider::ShowVenuePic(short direction)
         setCursor(Qt::ArrowCursor);
     }
     SetVenuePicButtonsStatus();
+    setAccessibleDescription(m_text);
     update();
 }
 
@@ -138,6 +142,17 @@ void PictureSlider::ShowFullScreen()
     m_fullscreenDialog->ShowPictureAt(m_index);
 }
 
+bool PictureSlider::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_fullscreenButton
+        && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
+        m_isFullscreenFocusShown
+            = ShowsFocusAfter(*static_cast<QFocusEvent*>(event), m_isFullscreenFocusShown);
+        update();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 void PictureSlider::leaveEvent(QEvent* event)
 {
     // A quick mouse is gone without a last move, and the viewer covers the slider without one.
@@ -155,6 +170,10 @@ void PictureSlider::paintEvent(QPaintEvent* event)
 {
     QWidget::paintEvent(event);
 
+    // The slider may have moved to a screen of another scale.
+    if (!m_pixmap.isNull() && !qFuzzyCompare(m_pixmap.devicePixelRatio(), devicePixelRatioF()))
+        LoadPixmap();
+
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(QRect(QPoint(0, 0), c_size), m_dayMode ? QColor(Qt::white) : QColor(49, 49, 49));
@@ -171,12 +190,16 @@ void PictureSlider::paintEvent(QPaintEvent* event)
         painter.setFont(m_font);
         painter.drawText(c_textArea, Qt::AlignHCenter | Qt::AlignVCenter, m_text);
     }
+    // Round the button, which draws itself above this.
+    if (m_isFullscreenFocusShown && m_fullscreenButton->hasFocus())
+        PaintFocusRing(painter, QRectF(c_fullscreenArea).center(), c_focusRingRadius);
 }
 
 void PictureSlider::SetupUi()
 {
     setFixedSize(c_size);
     setMouseTracking(true);
+    setAccessibleName(tr("Venue pictures"));
 
     auto* layout = new QVBoxLayout;
     layout->addSpacing(c_size.height());
@@ -196,6 +219,8 @@ void PictureSlider::SetupUi()
     m_fullscreenButton->setIconSize(QSize(16, 16));
     m_fullscreenButton->setMouseTracking(true);
     m_fullscreenButton->setCursor(Qt::PointingHandCursor);
+    m_fullscreenButton->setAccessibleName(tr("Show pictures full screen"));
+    m_fullscreenButton->installEventFilter(this);
     SetFullscreenIconStyle();
 }
 

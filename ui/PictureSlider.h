@@ -52,6 +52,7 @@ public Q_SLOTS:
     void ShowFullScreen();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -67,6 +68,7 @@ private:
     /// What is drawn instead of a picture; empty while there is one.
     QString m_text;
     bool m_isFullscreenHovered = false;
+    bool m_isFullscreenFocusShown = false;
     QFont m_font;
     QPixmap m_pixmap;
     QLabel* m_captionLabel = nullptr;

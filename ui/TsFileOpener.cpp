@@ -106,6 +106,7 @@ void TsFileOpener::SetupUi()
     m_fileComboBox = new QComboBox(this);
     SetCustomStyle(m_fileComboBox, QLatin1String("comboBoxKorvelDefault"));
     m_fileComboBox->setMinimumWidth(100);
+    label->setBuddy(m_fileComboBox);
     // File names come from the server: however long one is, it must not widen the panel.
     m_fileComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     row->addWidget(m_fileComboBox);

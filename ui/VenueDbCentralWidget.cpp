@@ -3,6 +3,7 @@
 #include <ui/CustomStyle_p.h>
 #include <ui/VenueDetailsWidget.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFrame>
@@ -27,6 +28,9 @@ namespace {
 
 constexpr int c_buttonMinimumWidth = 90;
 constexpr int c_labelIndent = 10;
+/// What the dialog's stated width leaves for the row of search fields.
+constexpr int c_searchRowWidth = 1062 - 2 * 4;
+constexpr int c_narrowCountryWidth = 120;
 
 /// The entry of the country list that stands for every country.
 QString AnyCountry()
@@ -42,6 +46,7 @@ VenueDbCentralWidget::VenueDbCentralWidget(QWidget* parent, QLabel* statusLabel)
 {
     SetupUi();
     PopulateUi();
+    FitSearchRow();
     ConnectSignals();
     m_complexNameLineEdit->setFocus(Qt::OtherFocusReason);
 }
@@ -81,9 +86,12 @@ void VenueDbCentralWidget::SetupUi()
                         "fields below and click Search. To view the complete result list, click Reset."),
                      this);
     hintLabel->setMargin(4);
+    // On one line where it fits, as in English; other languages say it with more letters.
+    hintLabel->setWordWrap(true);
     SetCustomStyle(hintLabel, QLatin1String("labelKorvelDefault"));
     searchAreaLayout->addWidget(hintLabel);
-    searchAreaLayout->addLayout(SetupSearchUi());
+    m_searchLayout = SetupSearchUi();
+    searchAreaLayout->addLayout(m_searchLayout);
     auto* separator = new QFrame(this);
     separator->setFixedHeight(1);
     separator->setFrameShape(QFrame::HLine);
@@ -140,6 +148,11 @@ QHBoxLayout* VenueDbCentralWidget::SetupSearchUi()
     m_queryButton->setMinimumWidth(c_buttonMinimumWidth);
     m_resetFilterButton = CreateButton(tr("Reset"));
 
+    m_complexNameLabel->setBuddy(m_complexNameLineEdit);
+    m_venueRoomNameLabel->setBuddy(m_venueRoomNameLineEdit);
+    m_cityLabel->setBuddy(m_cityLineEdit);
+    m_countryLabel->setBuddy(m_countryComboBox);
+
     auto* layout = new QHBoxLayout;
     layout->setContentsMargins(4, 4, 4, 4);
     for (QWidget* widget :
@@ -181,6 +194,10 @@ void VenueDbCentralWidget::SetupTable()
     m_tableView->setFrameShadow(QFrame::Plain);
     SetCustomStyle(m_tableView, QLatin1String("tableViewKorvelAudioNetworkDevices"));
     m_tableView->setMinimumHeight(45);
+    m_tableView->setAccessibleName(tr("Venues"));
+    m_tableView->setAccessibleDescription(tr("The venues that were found. Select one to see its details."));
+    // Tab leads on to the details: the cells of a row are not chosen one by one.
+    m_tableView->setTabKeyNavigation(false);
     m_tableView->verticalHeader()->setVisible(false);
     m_tableView->setSortingEnabled(true);
     m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -193,6 +210,18 @@ void VenueDbCentralWidget::PopulateUi()
 {
     m_countryComboBox->addItem(AnyCountry());
     m_countryComboBox->addItems(m_countryCodeTranslator.GetCountryList());
+}
+
+void VenueDbCentralWidget::FitSearchRow()
+{
+    if (m_searchLayout->minimumSize().width() <= c_searchRowWidth)
+        return;
+    // Longer words than the English ones, or a larger font: the dialog keeps its width, the country list
+    // gives way.
+    m_countryComboBox->view()->setMinimumWidth(m_countryComboBox->sizeHint().width());
+    m_countryComboBox->setMinimumWidth(c_narrowCountryWidth);
+    // Nobody has been shown yet, so nothing else would make it ask again.
+    m_searchLayout->invalidate();
 }
 
 void VenueDbCentralWidget::ConnectSignals()

@@ -100,6 +100,8 @@ private:
     void paintEvent(QPaintEvent* event) override;
 
     void SetupTable();
+    /// Keeps the row of search fields within the dialog's stated width.
+    void FitSearchRow();
     QLabel* CreateFieldLabel(const QString& text, const QString& toolTip);
     QLineEdit* CreateLineEdit(const QString& toolTip);
     QPushButton* CreateButton(const QString& text);
@@ -127,6 +129,7 @@ private:
     VenueSortFilterProxyModel m_proxyModel;
     QTableView* m_tableView = nullptr;
     QVBoxLayout* m_mainLayout = nullptr;
+    QHBoxLayout* m_searchLayout = nullptr;
     VenueDetailsWidget* m_detailsWidget = nullptr;
     VenueTableModel m_tableModel;
     Data::VenueDatabase::Connector_Interface* m_connector = nullptr;

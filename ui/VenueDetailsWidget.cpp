@@ -2,6 +2,7 @@
 
 #include <data/Venue.h>
 #include <ui/CustomStyle_p.h>
+#include <ui/FoldingIcon_p.h>
 #include <ui/PictureSlider.h>
 #include <ui/TsFileOpener.h>
 
@@ -10,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPixmap>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSizePolicy>
@@ -163,7 +163,7 @@ void VenueDetailsWidget::UpdateCollapseIcon()
         path = m_isDayMode ? QStringLiteral(":/Resources/korvelFoldingWidgetOpen_day.svg")
                            : QStringLiteral(":/Resources/korvelFoldingWidgetOpen.svg");
     }
-    m_foldIcon->setPixmap(QPixmap(path));
+    m_foldIcon->ShowIcon(path, m_isCollapsed, m_isDayMode);
 }
 
 bool VenueDetailsWidget::eventFilter(QObject* watched, QEvent* event)
@@ -202,6 +202,8 @@ void VenueDetailsWidget::SetupUi()
     m_body->setWidgetResizable(true);
     SetCustomStyle(m_body, QLatin1String("scrollAreaKorvelDefault"));
     m_body->setFrameShape(QFrame::NoFrame);
+    // Its fields have the focus, and it scrolls to them; its own would show nowhere.
+    m_body->setFocusPolicy(Qt::NoFocus);
     m_body->setMaximumHeight(c_bodyHeight);
     m_body->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_body->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Ignored);
@@ -229,8 +231,9 @@ QWidget* VenueDetailsWidget::CreateCaptionBar()
     auto* layout = new QHBoxLayout(bar);
     layout->setContentsMargins(8, 0, 8, 0);
 
-    m_foldIcon = new QLabel(this);
+    m_foldIcon = new FoldingIcon(this);
     m_foldIcon->installEventFilter(this);
+    connect(m_foldIcon, &FoldingIcon::ToggleRequested, this, [this] { SetCollapsed(!m_isCollapsed); });
     layout->addWidget(m_foldIcon);
 
     auto* caption = new QLabel(tr("Venue details"), this);
@@ -371,6 +374,7 @@ QLabel* VenueDetailsWidget::CreateFieldLabel(int labelIndex)
 
 void VenueDetailsWidget::AddFieldRow(QBoxLayout* layout, QLabel* label, QWidget* field, bool visible)
 {
+    label->setBuddy(field);
     auto* row = new QHBoxLayout;
     // Not that of the column around it: the fields of both blocks stand in line.
     row->setSpacing(c_labelFieldSpacing);

@@ -21,11 +21,12 @@ class Venue;
 
 namespace korvel::Ui::VenueDatabase {
 
+class FoldingIcon;
 class PictureSlider;
 class TsFileOpener;
 
 /// Shows every field of one venue read-only, with its pictures and its model files, below a caption bar whose
-/// icon folds the panel up to the bar alone.
+/// icon folds the panel up to the bar alone, by mouse, by Space or Return, and by a screen reader's press.
 ///
 /// Texts come from the server and are shown as plain text. The four folding icons
 /// ":/Resources/korvelFoldingWidget{Open,Closed}{,_day}.svg" are the host's; without them the bar has none.
@@ -88,7 +89,7 @@ private:
     QLineEdit* m_uploadDateLineEdit = nullptr;
     QLineEdit* m_editorLineEdit = nullptr;
     QLineEdit* m_editDateLineEdit = nullptr;
-    QLabel* m_foldIcon = nullptr;
+    FoldingIcon* m_foldIcon = nullptr;
     QScrollArea* m_body = nullptr;
     QWidget* m_captionBar = nullptr;
     bool m_isCollapsed = false;
