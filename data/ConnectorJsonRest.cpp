@@ -17,9 +17,11 @@
 #include <QPointer>
 #include <QTimer>
 #include <QUrlQuery>
+#include <QtMath>
 
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 namespace korvel::Data::VenueDatabase {
 
@@ -156,17 +158,50 @@ QHash<QString, qint64> EditorsById(const QJsonArray& included)
     return editors;
 }
 
-Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countries)
+/// Lets equal texts of one reply share their memory. Rooms of one building have name and address in common,
+/// other venues their city or a number, and the JSON parser gives each its own copy.
+///
+/// Remembers only the last text of each slot: a look-up costs the same in every reply.
+class TextPool
+{
+public:
+    explicit TextPool(qsizetype venueCount)
+        : m_slots(qNextPowerOfTwo(static_cast<quint32>(qBound(c_fewest, venueCount, c_most))))
+    {
+    }
+
+    QString Shared(const QString& text)
+    {
+        // Empty texts need no memory, and an empty one must not become a null one, which equals it.
+        if (text.isEmpty())
+            return text;
+        QString& slot = m_slots[qHash(text) & (m_slots.size() - 1)];
+        if (slot != text)
+            slot = text;
+        return slot;
+    }
+
+private:
+    static constexpr qsizetype c_fewest = 1000;
+    static constexpr qsizetype c_most = 65535;
+
+    std::vector<QString> m_slots;
+};
+
+Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countries, TextPool& pool)
 {
     const QJsonObject attributes = element.value(QLatin1String("attributes")).toObject();
     const QJsonObject address = attributes.value(QLatin1String("address")).toObject();
     const auto text = [&attributes](QLatin1String name) { return attributes.value(name).toString(); };
-    const auto addressText = [&address](QLatin1String name) { return address.value(name).toString(); };
+    const auto sharedText
+        = [&attributes, &pool](QLatin1String name) { return pool.Shared(attributes.value(name).toString()); };
+    const auto addressText
+        = [&address, &pool](QLatin1String name) { return pool.Shared(address.value(name).toString()); };
 
     Venue venue;
     venue.SetId(attributes.value(QLatin1String("entity_id")).toInt(0));
-    venue.SetComplexName(text(QLatin1String("title")));
-    venue.SetVenueRoomName(text(QLatin1String("venue_room_name")));
+    venue.SetComplexName(sharedText(QLatin1String("title")));
+    venue.SetVenueRoomName(sharedText(QLatin1String("venue_room_name")));
     venue.SetGeneralComment(text(QLatin1String("general_comment")));
     venue.SetStreetAddress(addressText(QLatin1String("address_line1")));
     venue.SetPostalCode(addressText(QLatin1String("postal_code")));
@@ -175,10 +210,10 @@ Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countri
     venue.SetCountryCode(countryCode);
     venue.SetCountry(countries.GetCountry(countryCode));
     venue.SetLocationComment(text(QLatin1String("comment")));
-    venue.SetLoadDockStreetAddress(text(QLatin1String("loading_dock_street_address")));
+    venue.SetLoadDockStreetAddress(sharedText(QLatin1String("loading_dock_street_address")));
     venue.SetLoadDockComment(text(QLatin1String("load_in_comments")));
     venue.SetClearingOfHouseGrid(
-        text(QLatin1String("clearance_of_house_grid_rigging_beams_above_venue_floor")));
+        sharedText(QLatin1String("clearance_of_house_grid_rigging_beams_above_venue_floor")));
     venue.SetRiggingComment(text(QLatin1String("rigging_specialties")));
     venue.SetUploadDate(ReadServerDate(text(QLatin1String("created"))));
     venue.SetEditDate(ReadServerDateTime(text(QLatin1String("changed"))));
@@ -290,10 +325,11 @@ QList<Venue> ConnectorJsonRest::ProcessVenueEntriesReply(const QJsonObject& repl
 
     const QHash<QString, qint64> editors = EditorsById(reply.value(QLatin1String("included")).toArray());
     venues.reserve(data.size());
+    TextPool pool(data.size());
     // Deliberate: the list is in the reverse order of the server's.
     for (qsizetype index = data.size() - 1; index >= 0; --index) {
         const QJsonObject element = data.at(index).toObject();
-        Venue venue = ReadVenue(element, *m_countryCodeTranslator);
+        Venue venue = ReadVenue(element, *m_countryCodeTranslator, pool);
         const auto editor = editors.constFind(TextAt(element,
                                                      {QLatin1String("relationships"), QLatin1String("editor"),
                                                       QLatin1String("data"), QLatin1String("id")}));
