@@ -32,6 +32,9 @@ constexpr QRect c_textArea(0, 0, 800, 300);
 constexpr QRect c_fullscreenArea(238, 108, 24, 24);
 constexpr qreal c_focusRingRadius = 14.0;
 
+/// What the pictures that were shown before may hold together, in bytes: 21 of the largest at the scale 1.
+constexpr qsizetype c_seenPixmapsLimit = 16 * 1024 * 1024;
+
 int CenteredAt(int available, double extent)
 {
     return static_cast<int>(std::round((available - extent) * 0.5));
@@ -42,6 +45,7 @@ int CenteredAt(int available, double extent)
 PictureSlider::PictureSlider(QWidget* parent)
     : QWidget(parent)
     , m_font(QStringLiteral("Verdana"), 40)
+    , m_seenPixmaps(c_seenPixmapsLimit)
     , m_fullscreenDialog(new PictureFullscreenDialog(this))
 {
     SetupUi();
@@ -54,6 +58,7 @@ void PictureSlider::UpdateUi(QList<Picture>* pictures)
 {
     if (pictures) {
         m_pictures = *pictures;
+        m_seenPixmaps.clear();
         ShowVenuePic(0);
         m_leftButton->setVisible(m_pictures.size() > 1);
         m_rightButton->setVisible(m_pictures.size() > 1);
@@ -235,6 +240,13 @@ void PictureSlider::ConnectSignals()
 
 void PictureSlider::LoadPixmap()
 {
+    const double ratio = devicePixelRatioF();
+    const QPixmap* seen = m_seenPixmaps.object(m_index);
+    if (seen && qFuzzyCompare(seen->devicePixelRatio(), ratio)) {
+        m_pixmap = *seen;
+        m_text.clear();
+        return;
+    }
     const QPixmap decoded = DecodePicture(m_pictures.at(m_index).GetPictureDataSmall());
     if (decoded.isNull()) {
         m_pixmap = QPixmap();
@@ -242,10 +254,11 @@ void PictureSlider::LoadPixmap()
         return;
     }
     // As many pixels as the screen shows in the box, so that the picture is sharp on scaled screens too.
-    const double ratio = devicePixelRatioF();
     m_pixmap = decoded.scaled(c_pictureBox * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     m_pixmap.setDevicePixelRatio(ratio);
     m_text.clear();
+    const qsizetype bytes = qsizetype(m_pixmap.width()) * m_pixmap.height() * m_pixmap.depth() / 8;
+    m_seenPixmaps.insert(m_index, new QPixmap(m_pixmap), bytes);
 }
 
 void PictureSlider::SetFullscreenHovered(bool hovered)

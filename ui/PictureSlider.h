@@ -3,6 +3,7 @@
 #include <data/Picture.h>
 #include <data/VenueDatabaseExport.h>
 
+#include <QCache>
 #include <QFont>
 #include <QList>
 #include <QPixmap>
@@ -60,7 +61,7 @@ protected:
 private:
     void SetupUi();
     void ConnectSignals();
-    /// Decodes the current picture into the pixmap that is drawn.
+    /// Decodes the current picture into the pixmap that is drawn, or takes it from those seen before.
     void LoadPixmap();
     void SetFullscreenHovered(bool hovered);
 
@@ -71,6 +72,9 @@ private:
     bool m_isFullscreenFocusShown = false;
     QFont m_font;
     QPixmap m_pixmap;
+    /// The pictures of the list that were shown before, scaled, by their rows; at most 16 MB, those shown
+    /// last.
+    QCache<qsizetype, QPixmap> m_seenPixmaps;
     QLabel* m_captionLabel = nullptr;
     QList<Data::VenueDatabase::Picture> m_pictures;
     qsizetype m_index = -1;

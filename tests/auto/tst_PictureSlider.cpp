@@ -300,6 +300,45 @@ private Q_SLOTS:
         QTRY_VERIFY(requests.count > 0);
     }
 
+    // Pictures that were shown before are kept, which must not be seen.
+    void PicturesLookTheSameTheSecondTime()
+    {
+        QList<Picture> pictures{SmallPicture(QStringLiteral("Green"), c_green),
+                                SmallPicture(QStringLiteral("Red"), Qt::red, QSize(300, 300)), Picture(),
+                                SmallPicture(QStringLiteral("Blue"), Qt::blue)};
+        PictureSlider slider(nullptr);
+        slider.UpdateUi(&pictures);
+        QList<QImage> firstTime;
+        for (qsizetype i = 0; i < pictures.size(); ++i) {
+            firstTime.append(Painted(slider));
+            slider.ShowVenuePic(1);
+        }
+        QVERIFY(firstTime.at(0) != firstTime.at(1));
+        QVERIFY(firstTime.at(1) != firstTime.at(2));
+        QVERIFY(firstTime.at(2) != firstTime.at(3));
+        for (qsizetype i = 0; i < pictures.size(); ++i) {
+            QCOMPARE(Painted(slider), firstTime.at(i));
+            slider.ShowVenuePic(1);
+        }
+        for (qsizetype i = pictures.size() - 1; i >= 0; --i) {
+            slider.ShowVenuePic(-1);
+            QCOMPARE(Painted(slider), firstTime.at(i));
+        }
+    }
+
+    void PicturesOfTheListBeforeAreForgotten()
+    {
+        QList<Picture> greens = SmallPictures(2);
+        QList<Picture> reds(2, SmallPicture(QStringLiteral("Red"), Qt::red));
+        PictureSlider slider(nullptr);
+        slider.UpdateUi(&greens);
+        slider.ShowVenuePic(1);
+        slider.UpdateUi(&reds);
+        QVERIFY(IsNear(Painted(slider).pixelColor(250, 60), Qt::red));
+        slider.ShowVenuePic(1);
+        QVERIFY(IsNear(Painted(slider).pixelColor(250, 60), Qt::red));
+    }
+
     void NullListKeepsListAndPicture()
     {
         PictureSlider slider;
