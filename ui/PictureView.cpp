@@ -33,6 +33,8 @@ PictureView::PictureView(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setDragMode(QGraphicsView::ScrollHandDrag);
     setMouseTracking(true);
+    // The background covers it all: Qt need not fill the viewport before.
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 PictureView::~PictureView() = default;
