@@ -366,15 +366,18 @@ ResultStatus VenueDbCentralWidget::UpdateCountryComboBox()
 
 void VenueDbCentralWidget::FillCountryComboBox(const QList<Venue>& venues, const QString& chosenCountry)
 {
-    QSet<QString> countries;
+    // The list besides the set: names that differ only in case are sorted by where they occur first.
+    QSet<QString> known;
+    QStringList countries;
     for (const Venue& venue : venues) {
         const QString country = venue.GetCountry();
-        if (!country.isNull())
-            countries.insert(country);
+        if (country.isNull() || known.contains(country))
+            continue;
+        known.insert(country);
+        countries.append(country);
     }
-    QStringList sortedCountries(countries.cbegin(), countries.cend());
-    sortedCountries.sort(Qt::CaseInsensitive);
-    m_countryComboBox->addItems(sortedCountries);
+    countries.sort(Qt::CaseInsensitive);
+    m_countryComboBox->addItems(countries);
 
     const int index = m_countryComboBox->findText(chosenCountry, Qt::MatchCaseSensitive);
     if (index >= 0)
