@@ -1,0 +1,21 @@
+#include <bench/Main.h>
+
+#include <benchmark/benchmark.h>
+
+#include <QString>
+
+namespace korvel::Bench {
+
+int RunBenchmarks(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::AddCustomContext("qt", qVersion());
+    benchmark::AddCustomContext("zone", qEnvironmentVariable("TZ", QStringLiteral("unset")).toStdString());
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
+
+} // namespace korvel::Bench

@@ -1,0 +1,131 @@
+// The venue table and the country list.
+#include <bench/Comparison.h>
+#include <bench/Documents.h>
+#include <bench/LiteralTable.h>
+
+#include <support/ConnectorStub.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueTableModel.h>
+
+#include <QComboBox>
+
+#include <algorithm>
+#include <numeric>
+
+using namespace korvel::Bench;
+using korvel::Data::VenueDatabase::Venue;
+using korvel::Ui::VenueDatabase::VenueDbCentralWidget;
+using korvel::Ui::VenueDatabase::VenueTableModel;
+
+namespace {
+
+constexpr int c_dateColumn = 5;
+
+/// A model and the proxy that sorts it.
+template <typename Model, typename Proxy> class SortedTable
+{
+public:
+    SortedTable()
+    {
+        m_proxy.setSourceModel(&m_model);
+    }
+
+    /// Fills the table with \p venues and sorts it by \p column, as a click on a header does after a search.
+    void FillAndSort(const QList<Venue>& venues, int column)
+    {
+        m_model.SetVenueData(venues);
+        m_proxy.sort(column, Qt::AscendingOrder);
+    }
+
+    /// Back to the order of the list, for the next time.
+    void Clear()
+    {
+        m_proxy.sort(-1);
+        m_model.SetVenueData({});
+    }
+
+    QList<int> Rows() const
+    {
+        QList<int> rows(m_proxy.rowCount());
+        for (int row = 0; row < rows.size(); ++row)
+            rows[row] = m_proxy.mapToSource(m_proxy.index(row, 0)).row();
+        return rows;
+    }
+
+private:
+    Model m_model;
+    Proxy m_proxy;
+};
+
+using OurTable = SortedTable<VenueTableModel, VenueDbCentralWidget::VenueSortFilterProxyModel>;
+using LiteralTable = SortedTable<LiteralTableModel, LiteralSortProxy>;
+
+/// Model reset and sort by a column, against the same written literally.
+void SortTable(benchmark::State& state)
+{
+    const QList<Venue>& venues = Venues(state.range(0));
+    const int column = static_cast<int>(state.range(1));
+    OurTable ours;
+    LiteralTable literal;
+    ours.FillAndSort(venues, column);
+    literal.FillAndSort(venues, column);
+    if (ours.Rows() != literal.Rows()) {
+        state.SkipWithError("the order differs from the literal one");
+        return;
+    }
+    Comparison comparison(state);
+    comparison.prepare = [&]() {
+        ours.Clear();
+        literal.Clear();
+    };
+    comparison.Run([&]() { ours.FillAndSort(venues, column); },
+                   [&]() { literal.FillAndSort(venues, column); });
+}
+BENCHMARK(SortTable)->Args({10000, 0})->Args({10000, 1})->Args({10000, 5})->Iterations(15)->UseManualTime();
+BENCHMARK(SortTable)->Args({100000, 1})->Args({100000, 5})->Iterations(5)->UseManualTime();
+
+/// Model reset and sort by date, against sorting the row numbers by keys that are ready.
+void SortTableAgainstKeys(benchmark::State& state)
+{
+    const QList<Venue>& venues = Venues(state.range(0));
+    std::vector<qint64> keys;
+    keys.reserve(static_cast<std::size_t>(venues.size()));
+    for (const Venue& venue : venues)
+        keys.push_back(venue.GetEditDate().toMSecsSinceEpoch());
+
+    OurTable ours;
+    Comparison comparison(state);
+    comparison.prepare = [&]() { ours.Clear(); };
+    comparison.Run([&]() { ours.FillAndSort(venues, c_dateColumn); },
+                   [&]() {
+                       std::vector<int> rows(keys.size());
+                       std::iota(rows.begin(), rows.end(), 0);
+                       std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
+                           return keys[std::size_t(right)] < keys[std::size_t(left)];
+                       });
+                       return rows;
+                   });
+}
+BENCHMARK(SortTableAgainstKeys)->Arg(100000)->Iterations(21)->UseManualTime();
+
+/// The country list after a search, against the same written literally.
+void CountryList(benchmark::State& state)
+{
+    const QList<Venue>& venues = Venues(state.range(0));
+    korvel::Test::ConnectorStub connector;
+    connector.venues = venues;
+    VenueDbCentralWidget widget;
+    widget.SetConnector(&connector);
+    QComboBox comboBox;
+    Comparison(state).Run([&]() { widget.UpdateCountryComboBox(); },
+                          [&]() {
+                              const QString chosen = comboBox.currentText();
+                              comboBox.clear();
+                              comboBox.addItem(QStringLiteral("--"));
+                              comboBox.addItems(LiteralCountries(venues));
+                              comboBox.setCurrentIndex(qMax(0, comboBox.findText(chosen)));
+                          });
+}
+BENCHMARK(CountryList)->Arg(100000)->Iterations(21)->UseManualTime();
+
+} // namespace

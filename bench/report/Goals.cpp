@@ -1,0 +1,182 @@
+#include <bench/report/Goals.h>
+
+namespace korvel::Bench {
+
+namespace {
+
+constexpr QLatin1String c_figure("figure");
+
+QString Thousands(int count)
+{
+    return QString::number(count / 1000) + QStringLiteral(",000");
+}
+
+QString Mix(int venuesPerUser)
+{
+    return venuesPerUser == 1 ? QStringLiteral("a user each") : QStringLiteral("a user in ten");
+}
+
+void AddReplyGoals(QList<Goal>& goals)
+{
+    for (const int count : {1000, 10000, 100000}) {
+        for (const int venuesPerUser : {10, 1}) {
+            goals.append({QStringLiteral("1"),
+                          QStringLiteral("records / JSON parse, %1 venues, %2")
+                              .arg(Thousands(count), Mix(venuesPerUser)),
+                          QStringLiteral("ReadRecords/%1/%2").arg(count).arg(venuesPerUser),
+                          c_figure,
+                          Judgement::AtMost,
+                          1.1,
+                          1.4,
+                          {}});
+        }
+    }
+    for (const int venuesPerUser : {10, 1}) {
+        goals.append({QStringLiteral("2"),
+                      QStringLiteral("records, time per venue, 100,000 / 1,000, %1").arg(Mix(venuesPerUser)),
+                      QStringLiteral("ReadRecordsGrowth/%1").arg(venuesPerUser),
+                      c_figure,
+                      Judgement::AtMost,
+                      1.3,
+                      1.3,
+                      {}});
+    }
+    for (const int venuesPerUser : {10, 1}) {
+        goals.append({QStringLiteral("3"),
+                      QStringLiteral("body to venues / jsona on Node, 10,000, %1").arg(Mix(venuesPerUser)),
+                      QStringLiteral("ReadBodyAgainstJsona/10000/%1").arg(venuesPerUser),
+                      c_figure,
+                      Judgement::AtMost,
+                      1.0,
+                      1.2,
+                      {}});
+    }
+}
+
+void AddTableGoals(QList<Goal>& goals)
+{
+    goals.append({QStringLiteral("4"), QStringLiteral("reset + sort by date against the literal, 10,000"),
+                  QStringLiteral("SortTable/10000/5"), c_figure, Judgement::TimesFaster, 6, 15,
+                  QStringLiteral("x faster")});
+    goals.append({QStringLiteral("4"), QStringLiteral("the same, 100,000"),
+                  QStringLiteral("SortTable/100000/5"), c_figure, Judgement::Note, 0, -1,
+                  QStringLiteral("x faster")});
+    goals.append({QStringLiteral("5"),
+                  QStringLiteral("reset + sort by date / sort of ready keys, 100,000"),
+                  QStringLiteral("SortTableAgainstKeys/100000"),
+                  c_figure,
+                  Judgement::AtMost,
+                  4,
+                  4,
+                  {}});
+    for (const int count : {10000, 100000}) {
+        goals.append({QStringLiteral("6"),
+                      QStringLiteral("sort by a text column against the literal, %1").arg(Thousands(count)),
+                      QStringLiteral("SortTable/%1/1").arg(count), c_figure, Judgement::TimesFaster, 6, 6,
+                      QStringLiteral("x faster")});
+    }
+    goals.append({QStringLiteral("6"), QStringLiteral("sort by the id, as shown first, 10,000"),
+                  QStringLiteral("SortTable/10000/0"), c_figure, Judgement::Note, 0, -1,
+                  QStringLiteral("x faster")});
+    goals.append({QStringLiteral("7"), QStringLiteral("country list of 100,000 venues against the literal"),
+                  QStringLiteral("CountryList/100000"), c_figure, Judgement::TimesFaster, 3, 3,
+                  QStringLiteral("x faster")});
+}
+
+void AddNetworkGoals(QList<Goal>& goals)
+{
+    goals.append({QStringLiteral("8"),
+                  QStringLiteral("20 pictures of 40 KB / plain loop, same manager"),
+                  QStringLiteral("FetchPictures"),
+                  c_figure,
+                  Judgement::AtMost,
+                  1.05,
+                  0,
+                  {}});
+    goals.append({QStringLiteral("8"),
+                  QStringLiteral("the same / libcurl, one connection"),
+                  QStringLiteral("FetchPicturesAgainstCurl"),
+                  c_figure,
+                  Judgement::Note,
+                  0,
+                  0,
+                  {}});
+    goals.append({QStringLiteral("9"),
+                  QStringLiteral("TLS connections of 200 queries"),
+                  QStringLiteral("Connections"),
+                  c_figure,
+                  Judgement::AtMost,
+                  1,
+                  0,
+                  {}});
+    goals.append({QStringLiteral("10"), QStringLiteral("memory per venue with 416 bytes of text, 100,000"),
+                  QStringLiteral("RecordMemory/100000/10"), c_figure, Judgement::AtMost, 1.1 * 1024, 0,
+                  QStringLiteral("bytes")});
+    goals.append({QStringLiteral("11"), QStringLiteral("heap growth per fetched picture"),
+                  QStringLiteral("PictureMemory"), c_figure, Judgement::AtMost, 1024, 0,
+                  QStringLiteral("bytes")});
+}
+
+void AddPictureGoals(QList<Goal>& goals)
+{
+    goals.append({QStringLiteral("12"),
+                  QStringLiteral("first step to a picture / decode + scale alone"),
+                  QStringLiteral("FirstPictureSteps"),
+                  c_figure,
+                  Judgement::AtMost,
+                  1.1,
+                  0,
+                  {}});
+    goals.append({QStringLiteral("12"),
+                  QStringLiteral("step back to a picture already seen / the same"),
+                  QStringLiteral("RepeatedPictureSteps"),
+                  c_figure,
+                  Judgement::AtMost,
+                  0.1,
+                  0,
+                  {}});
+    const QStringList actions{QStringLiteral("repaint"), QStringLiteral("zoom step"),
+                              QStringLiteral("pan step")};
+    for (int action = 0; action < actions.size(); ++action) {
+        const QString& name = actions.at(action);
+        const QString equipped = QStringLiteral("PaintViewer/%1/0").arg(action);
+        const QString bare = QStringLiteral("PaintViewer/%1/1").arg(action);
+        goals.append({QStringLiteral("13"), QStringLiteral("viewer, 24 megapixels, %1").arg(name), equipped,
+                      QStringLiteral("waitMs"), Judgement::AtMost, 8, 0, QStringLiteral("ms")});
+        goals.append({QStringLiteral("13"),
+                      QStringLiteral("viewer, %1 / graphics view with the same on it").arg(name),
+                      equipped,
+                      c_figure,
+                      Judgement::AtMost,
+                      1.1,
+                      0,
+                      {}});
+        goals.append({QStringLiteral("13"),
+                      QStringLiteral("the same / bare graphics view"),
+                      bare,
+                      c_figure,
+                      Judgement::Note,
+                      0,
+                      0,
+                      {}});
+    }
+    goals.append({QStringLiteral("14"), QStringLiteral("dialog constructed"), QStringLiteral("FirstShow"),
+                  QStringLiteral("constructedMs"), Judgement::Note, 0, 0, QStringLiteral("ms")});
+    goals.append({QStringLiteral("14"), QStringLiteral("dialog shown for the first time"),
+                  QStringLiteral("FirstShow"), QStringLiteral("shownMs"), Judgement::Note, 0, 0,
+                  QStringLiteral("ms")});
+}
+
+} // namespace
+
+QList<Goal> Goals()
+{
+    QList<Goal> goals;
+    AddReplyGoals(goals);
+    AddTableGoals(goals);
+    AddNetworkGoals(goals);
+    AddPictureGoals(goals);
+    return goals;
+}
+
+} // namespace korvel::Bench
