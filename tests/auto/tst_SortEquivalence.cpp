@@ -2,9 +2,10 @@
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueTableModel.h>
 
+#include <support/ConnectorStub.h>
 #include <support/MessageGuard.h>
 
-#include <QLocale>
+#include <QComboBox>
 #include <QRandomGenerator>
 #include <QStandardItemModel>
 #include <QTest>
@@ -329,6 +330,38 @@ private Q_SLOTS:
                 literal.sort(column, order);
                 QCOMPARE(SourceRows(ours), SourceRows(literal));
             }
+        }
+    }
+
+    void CountryListIsTheLiteralOne()
+    {
+        const QStringList countries{QStringLiteral("Germany"),
+                                    QStringLiteral("germany"),
+                                    QStringLiteral("GERMANY"),
+                                    QStringLiteral("France"),
+                                    QStringLiteral("france"),
+                                    QStringLiteral("unknown"),
+                                    QStringLiteral("Österreich"),
+                                    QString(),
+                                    QLatin1String(""),
+                                    QStringLiteral("Aland Islands"),
+                                    QStringLiteral("aLAND islands")};
+        for (quint32 seed = 1; seed <= 20; ++seed) {
+            QRandomGenerator random(seed);
+            korvel::Test::ConnectorStub connector;
+            for (int i = 0; i < 60; ++i) {
+                Venue venue;
+                venue.SetCountry(Pick(random, countries));
+                connector.venues.append(venue);
+            }
+            VenueDbCentralWidget widget;
+            widget.SetConnector(&connector);
+            widget.UpdateCountryComboBox();
+            const auto* comboBox = widget.findChild<QComboBox*>();
+            QStringList shown;
+            for (int i = 0; i < comboBox->count(); ++i)
+                shown.append(comboBox->itemText(i));
+            QCOMPARE(shown, QStringList(QStringLiteral("--")) + LiteralCountries(connector.venues));
         }
     }
 
