@@ -6,8 +6,10 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFontDatabase>
+#include <QLocale>
 #include <QStyleFactory>
 #include <QTimer>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -72,6 +74,14 @@ int main(int argc, char* argv[])
         QStringLiteral("folder"));
     parser.addOptions({theme, proxy, ca, tour});
     parser.process(application);
+
+    // Before the dialog is created: widgets read their texts when they are built. The tour looks for English
+    // ones.
+    QTranslator venueDatabaseTexts;
+    if (!parser.isSet(tour)
+        && venueDatabaseTexts.load(QLocale(), QStringLiteral("kvvenuedatabase"), QStringLiteral("_"),
+                                   QStringLiteral(":/kvVenueDatabase/translations")))
+        QApplication::installTranslator(&venueDatabaseTexts);
 
     const QString themeName = parser.value(theme);
     if (themeName != QStringLiteral("day") && themeName != QStringLiteral("night"))
