@@ -523,3 +523,5 @@ QList<User> ConnectorJsonRest::GetUserEntries()
 }
 
 } // namespace korvel::Data::VenueDatabase
+
+#include "moc_ConnectorJsonRest.cpp"

@@ -311,3 +311,5 @@ QList<QString> CountryCodeTranslator::GetCountryList() const
 }
 
 } // namespace korvel::Data::VenueDatabase
+
+#include "moc_CountryCodeTranslator.cpp"

@@ -52,3 +52,5 @@ void DownloadManager::OnPictureBinaryDataResponse(QUrl url, QNetworkReply* reply
 }
 
 } // namespace korvel::Data::VenueDatabase
+
+#include "moc_DownloadManager.cpp"

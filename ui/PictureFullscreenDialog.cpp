@@ -417,3 +417,5 @@ void PictureFullscreenDialog::PopAllWaitCursors()
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_PictureFullscreenDialog.cpp"

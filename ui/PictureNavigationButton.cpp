@@ -119,3 +119,5 @@ void PictureNavigationButton::resizeEvent(QResizeEvent* event)
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_PictureNavigationButton.cpp"

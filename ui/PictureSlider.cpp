@@ -270,3 +270,5 @@ void PictureSlider::SetFullscreenHovered(bool hovered)
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_PictureSlider.cpp"

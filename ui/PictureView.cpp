@@ -107,3 +107,5 @@ void PictureView::keyPressEvent(QKeyEvent* event)
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_PictureView.cpp"

@@ -133,3 +133,5 @@ void TsFileOpener::SelectFile(const TsFile& file)
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_TsFileOpener.cpp"

@@ -494,3 +494,5 @@ void VenueDbCentralWidget::paintEvent(QPaintEvent* event)
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_VenueDbCentralWidget.cpp"

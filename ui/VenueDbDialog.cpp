@@ -136,3 +136,5 @@ void VenueDbDialog::HideAllWindows()
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_VenueDbDialog.cpp"

@@ -121,3 +121,5 @@ QFrame* VenueDbDialogBase::SetupFooterUi()
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_VenueDbDialogBase.cpp"

@@ -21,3 +21,5 @@ VenueDbSignalHandler* VenueDbSignalHandler::GetInstance()
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_VenueDbSignalHandler.cpp"

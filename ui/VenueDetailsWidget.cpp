@@ -396,3 +396,5 @@ void VenueDetailsWidget::AddSectionCaption(QBoxLayout* layout, const QString& te
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_VenueDetailsWidget.cpp"
