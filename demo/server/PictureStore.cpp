@@ -10,10 +10,14 @@ namespace korvel::Demo {
 
 namespace {
 
+/// To be raised when the drawing program changes what it draws.
+constexpr char c_drawingVersion[] = "2";
+
 /// A name that changes with everything that a picture shows, so that a folder never serves an outdated one.
 QString CacheName(const VenueRecord& venue, const PictureRecord& picture, QSize size)
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
+    hash.addData(QByteArrayView(c_drawingVersion));
     for (const QString& text :
          {picture.id, picture.view, venue.title, venue.venueRoomName, venue.locality, venue.countryCode}) {
         hash.addData(text.toUtf8());

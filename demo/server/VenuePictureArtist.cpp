@@ -113,13 +113,14 @@ void PaintVignette(QPainter& painter, QSizeF sheet, int strength)
 void PaintCaption(QPainter& painter, QSizeF sheet, const PictureSubject& subject, const VenueStyle& style)
 {
     const qreal height = 46.0;
-    const QRectF strip(0, sheet.height() - height, sheet.width(), height);
-    QLinearGradient fade(0, strip.top() - 30, 0, strip.top());
-    fade.setColorAt(0, QColor(10, 12, 16, 0));
-    fade.setColorAt(1, QColor(10, 12, 16, 110));
-    painter.fillRect(QRectF(0, strip.top() - 30, sheet.width(), 30), fade);
+    // At the top: viewers put captions of their own over the bottom edge.
+    const QRectF strip(0, 0, sheet.width(), height);
+    QLinearGradient fade(0, strip.bottom(), 0, strip.bottom() + 30);
+    fade.setColorAt(0, QColor(10, 12, 16, 110));
+    fade.setColorAt(1, QColor(10, 12, 16, 0));
+    painter.fillRect(QRectF(0, strip.bottom(), sheet.width(), 30), fade);
     painter.fillRect(strip, QColor(12, 14, 18, 205));
-    painter.fillRect(QRectF(0, strip.top(), sheet.width(), 1.6), ToColor(style.trim, 0.85F));
+    painter.fillRect(QRectF(0, strip.bottom() - 1.6, sheet.width(), 1.6), ToColor(style.trim, 0.85F));
     painter.fillRect(QRectF(24, strip.center().y() - 5, 10, 10), ToColor(style.seat * 1.2F));
 
     QFont font(QStringLiteral("DejaVu Sans"));

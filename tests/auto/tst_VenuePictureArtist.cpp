@@ -64,7 +64,7 @@ double Difference(const QImage& left, const QImage& right)
 
 QRect CaptionStrip(const QImage& image)
 {
-    return {0, image.height() * 96 / 100, image.width(), image.height() * 4 / 100};
+    return {0, 0, image.width(), image.height() * 4 / 100};
 }
 
 } // namespace
