@@ -38,8 +38,8 @@ QAccessibleInterface* Accessible(QObject* object)
     return QAccessible::queryAccessibleInterface(object);
 }
 
-/// What a screen reader says: the label of a field where it has one. On some systems the name of a combo box is
-/// its current text, so that only this relation tells what it is for.
+/// What a screen reader says: the label of a field where it has one. On some systems the name of a combo box
+/// is its current text, so that only this relation tells what it is for.
 QString NameOf(QObject* object)
 {
     const auto labels = Accessible(object)->relations(QAccessible::Label);
