@@ -155,6 +155,8 @@ bool TsFile::CopyToTempFolder()
         return false;
     if (!StandsDirectlyInTempFolder(file->fileName()))
         return false;
+    // Keeps the file and its name, and gives the buffer back: 16 KB for each file that stays for the host.
+    file->close();
 
     m_temporaryFile = file.get();
     TemporaryFileKeeper::Instance().Keep(file.release());
