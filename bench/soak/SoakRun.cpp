@@ -6,6 +6,7 @@
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbSignalHandler.h>
 
+#include <bench/HeapUse.h>
 #include <demo/server/CatalogueGenerator.h>
 
 #include <QApplication>
@@ -21,7 +22,6 @@
 #include <QTableView>
 
 #include <cstdio>
-#include <malloc.h>
 
 namespace korvel::Soak {
 
@@ -73,12 +73,6 @@ template <typename Condition> void WaitUntil(Condition isDone, const char* what)
         Require(waited.elapsed() < c_patience, what);
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, c_slice);
     }
-}
-
-qint64 HeapInUse()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<qint64>(info.uordblks + info.hblkhd);
 }
 
 qint64 EntryCount(const QString& folder)
@@ -173,7 +167,7 @@ Sample SoakRun::TakeSample(const QString& phase, qint64 round)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return {phase,
             round,
-            HeapInUse(),
+            static_cast<qint64>(Bench::HeapInUse()),
             EntryCount(QStringLiteral("/proc/self/fd")),
             m_connector.findChildren<QNetworkReply*>().size(),
             EntryCount(QDir::tempPath())};

@@ -32,6 +32,9 @@ qint64 HeapLimit(const QString& phase, qint64 rounds)
     // The viewer's replies live as long as the viewer.
     if (phase == QLatin1String("downloads"))
         return 16 * c_kilobyte * rounds;
+    // The files that the host may still read live until the application ends.
+    if (phase == QLatin1String("new imports"))
+        return 4 * c_kilobyte * rounds;
     return 2 * c_megabyte;
 }
 
