@@ -20,3 +20,10 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabaseConfig.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabaseConfigVersion.cmake
   DESTINATION ${packageDir})
+
+# Diagnosis: which logging categories there are, and the program that asks a server step by step.
+install(FILES ${PROJECT_SOURCE_DIR}/resources/vdb.categories
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/qlogging-categories6 COMPONENT Runtime)
+if(TARGET vdbprobe)
+  install(TARGETS vdbprobe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Development)
+endif()

@@ -2,6 +2,7 @@
 
 #include <data/CountryCodeTranslator.h>
 #include <data/Logging_p.h>
+#include <data/RequestTracer_p.h>
 #include <data/RequestUrl_p.h>
 #include <data/ServerDate_p.h>
 
@@ -252,12 +253,20 @@ QNetworkReply* ConnectorJsonRest::SendGetJsonRequest(const QString& path,
     QUrlQuery urlQuery;
     for (const auto& [name, value] : query)
         urlQuery.addQueryItem(name, value);
-    return m_networkAccessManager->get(QNetworkRequest(ServerUrl(path, urlQuery)));
+    const QUrl wanted = ServerUrl(path, urlQuery);
+    QNetworkReply* const reply = m_networkAccessManager->get(QNetworkRequest(wanted));
+    // Which of the queries it is; their other values may be what the user typed.
+    RequestTracer::Follow(QLatin1String("Server request"), wanted, reply,
+                          {QLatin1String("include"), QLatin1String("filter[entity_id]")});
+    return reply;
 }
 
 QNetworkReply* ConnectorJsonRest::SendGetUrlRequest(const QString& url) const
 {
-    return m_networkAccessManager->get(QNetworkRequest(RequestUrl(QUrl(url, QUrl::TolerantMode))));
+    const QUrl wanted(url, QUrl::TolerantMode);
+    QNetworkReply* const reply = m_networkAccessManager->get(QNetworkRequest(RequestUrl(wanted)));
+    RequestTracer::Follow(QLatin1String("Request"), wanted, reply);
+    return reply;
 }
 
 bool ConnectorJsonRest::waitForFinished(QNetworkReply* reply, int timeout) const

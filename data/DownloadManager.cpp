@@ -1,6 +1,7 @@
 #include <data/DownloadManager.h>
 
 #include <data/Logging_p.h>
+#include <data/RequestTracer_p.h>
 #include <data/RequestUrl_p.h>
 
 #include <QNetworkAccessManager>
@@ -26,6 +27,8 @@ void DownloadManager::ConnectSignals() { }
 void DownloadManager::RequestPictureBinaryData(const QUrl& url)
 {
     QNetworkReply* reply = m_networkAccessManager->get(QNetworkRequest(RequestUrl(url)));
+    // Before the connections below: what they call reads the body or deletes this object.
+    RequestTracer::Follow(QLatin1String("Picture download"), url, reply);
     connect(
         reply, &QNetworkReply::finished, reply,
         [this, url, reply]() { OnPictureBinaryDataResponse(url, reply); }, Qt::DirectConnection);

@@ -2,6 +2,7 @@
 
 #include <QNetworkReply>
 #include <QUrl>
+#include <QVariant>
 
 namespace korvel::Data::VenueDatabase {
 
@@ -10,7 +11,20 @@ namespace {
 // A "data:" URL or a hostile one has no natural end; a log line has.
 constexpr qsizetype c_longestLoggedText = 300;
 
-/// \p text as one line of reasonable length: servers must not forge log entries or talk to a terminal.
+} // namespace
+
+const QLoggingCategory& VdbLog()
+{
+    static const QLoggingCategory category("vdb", QtDebugMsg);
+    return category;
+}
+
+const QLoggingCategory& VdbTrace()
+{
+    static const QLoggingCategory category("vdb.trace", QtInfoMsg);
+    return category;
+}
+
 QString Loggable(const QString& text)
 {
     QString line
@@ -38,21 +52,17 @@ QString ErrorText(const QNetworkReply& reply)
     return text;
 }
 
-} // namespace
-
-const QLoggingCategory& VdbLog()
+QString StatusText(const QVariant& status)
 {
-    static const QLoggingCategory category("vdb", QtDebugMsg);
-    return category;
+    return status.isValid() ? QStringLiteral("HTTP status %1").arg(status.toInt())
+                            : QStringLiteral("no HTTP status");
 }
 
 void LogFailedRequest(QLatin1String what, const QUrl& url, const QNetworkReply& reply, const QString& reason)
 {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    const QString statusText = status.isValid() ? QStringLiteral("HTTP status %1").arg(status.toInt())
-                                                : QStringLiteral("no HTTP status");
     qCCritical(VdbLog).noquote() << what << QLatin1String("failed:") << Loggable(url.host() + url.path())
-                                 << QLatin1String("-") << statusText << QLatin1String("-")
+                                 << QLatin1String("-") << StatusText(status) << QLatin1String("-")
                                  << Loggable(reason.isEmpty() ? ErrorText(reply) : reason);
 }
 

@@ -1,5 +1,6 @@
 #include <support/VdbMessages.h>
 
+#include <QByteArrayView>
 #include <QMutex>
 #include <QRegularExpression>
 #include <QTest>
@@ -33,7 +34,8 @@ QString Severity(QtMsgType type)
 
 void Collect(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    if (qstrcmp(context.category, "vdb") != 0) {
+    const QByteArrayView category(context.category);
+    if (category != "vdb" && !category.startsWith("vdb.")) {
         g_previousHandler(type, context, message);
         return;
     }

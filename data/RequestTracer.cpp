@@ -1,0 +1,90 @@
+#include <data/RequestTracer_p.h>
+
+#include <data/Logging_p.h>
+
+#include <QMetaEnum>
+#include <QNetworkReply>
+#include <QStringList>
+#include <QUrlQuery>
+
+#include <algorithm>
+#include <atomic>
+
+namespace korvel::Data::VenueDatabase {
+
+namespace {
+
+/// \p query without its values, which may be tokens or what a user typed, but for those of \p openItems.
+QString QueryText(const QUrlQuery& query, std::initializer_list<QLatin1String> openItems)
+{
+    QStringList items;
+    const auto pairs = query.queryItems();
+    for (const auto& [name, value] : pairs) {
+        const bool isOpen = std::find(openItems.begin(), openItems.end(), name) != openItems.end();
+        items.append(name + QLatin1Char('=') + (isOpen ? value : QStringLiteral("...")));
+    }
+    return items.join(QLatin1Char('&'));
+}
+
+QString AddressText(const QUrl& url, std::initializer_list<QLatin1String> openItems = {})
+{
+    QString text = url.toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment);
+    if (url.hasQuery())
+        text += QLatin1Char('?') + QueryText(QUrlQuery(url), openItems);
+    return Loggable(text);
+}
+
+} // namespace
+
+void RequestTracer::Follow(QLatin1String what, const QUrl& url, QNetworkReply* reply,
+                           std::initializer_list<QLatin1String> openItems)
+{
+    if (!VdbTrace().isDebugEnabled())
+        return;
+    // Downloads run side by side: the number tells which lines belong together.
+    static std::atomic<quint64> requestCount = 0;
+    const QString title = QStringLiteral("#%1 %2").arg(++requestCount).arg(what);
+    new RequestTracer(title, AddressText(url, openItems), reply);
+}
+
+RequestTracer::RequestTracer(const QString& title, const QString& address, QNetworkReply* reply)
+    : QObject(reply)
+    , m_reply(reply)
+    , m_title(title)
+    , m_address(address)
+{
+    m_elapsed.start();
+    connect(reply, &QNetworkReply::finished, this, &RequestTracer::OnFinished);
+    qCDebug(VdbTrace).noquote() << m_title << QLatin1String("sent:") << m_address;
+}
+
+RequestTracer::~RequestTracer()
+{
+    if (m_hasEnded)
+        return;
+    // The reply is no more than a plain object by now.
+    qCDebug(VdbTrace).noquote() << m_title << QLatin1String("dropped:") << m_address << QLatin1String("-")
+                                << m_elapsed.elapsed() << QLatin1String("ms");
+}
+
+void RequestTracer::OnFinished()
+{
+    m_hasEnded = true;
+    const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    const bool wasRedirected = m_reply->url() != m_reply->request().url();
+    const QString errorText = m_reply->error() == QNetworkReply::NoError
+        ? QStringLiteral("no error")
+        : QStringLiteral("%1: %2").arg(
+            QString::fromLatin1(
+                QMetaEnum::fromType<QNetworkReply::NetworkError>().valueToKey(m_reply->error())),
+            Loggable(ErrorText(*m_reply)));
+    qCDebug(VdbTrace).noquote() << m_title << QLatin1String("ended:")
+                                << (wasRedirected
+                                        ? m_address + QStringLiteral(" -> ") + AddressText(m_reply->url())
+                                        : m_address)
+                                << QLatin1String("-") << StatusText(status) << QLatin1String("-")
+                                << m_reply->bytesAvailable() << QLatin1String("bytes -")
+                                << m_elapsed.elapsed() << QLatin1String("ms -") << errorText;
+}
+
+} // namespace korvel::Data::VenueDatabase
