@@ -1,5 +1,7 @@
 #include <ui/VenueTableModel.h>
 
+#include <ui/VenueSortKeys_p.h>
+
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::Venue;
@@ -12,6 +14,7 @@ void VenueTableModel::SetVenueData(const QList<Venue>& venues)
 {
     beginResetModel();
     m_venues = venues;
+    m_sortKeys.reset();
     endResetModel();
 }
 
@@ -21,9 +24,13 @@ void VenueTableModel::GetSingleVenueData(const QModelIndex& index, Venue* venue)
         *venue = m_venues.at(index.row());
 }
 
-const Venue* VenueTableModel::GetVenueAt(int row) const
+const VenueSortKeys* VenueTableModel::GetSortKeys(int column) const
 {
-    return HasRow(row) ? &m_venues.at(row) : nullptr;
+    if (!VenueSortKeys::HasKeys(column))
+        return nullptr;
+    if (!m_sortKeys || m_sortKeys->Column() != column)
+        m_sortKeys = std::make_unique<VenueSortKeys>(m_venues, column);
+    return m_sortKeys.get();
 }
 
 int VenueTableModel::rowCount(const QModelIndex& parent) const

@@ -6,7 +6,11 @@
 #include <QAbstractTableModel>
 #include <QList>
 
+#include <memory>
+
 namespace korvel::Ui::VenueDatabase {
+
+class VenueSortKeys;
 
 /// The venues of the last search as a read-only table, one row per venue in the order of the list, in the
 /// minimised column set of the record.
@@ -29,9 +33,9 @@ public:
     /// venue as it is.
     void GetSingleVenueData(const QModelIndex& index, Data::VenueDatabase::Venue* venue) const;
 
-    /// The record of row \p row in place, valid until the next SetVenueData(); null for a row that does not
-    /// exist.
-    const Data::VenueDatabase::Venue* GetVenueAt(int row) const;
+    /// What \p column is sorted by, for the module's own use: made at the first call after SetVenueData() or
+    /// for another column, valid until the next such call. Null for columns that are not sorted by dates.
+    const VenueSortKeys* GetSortKeys(int column) const;
 
     /// The number of venues; 0 below a row.
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -47,6 +51,8 @@ private:
     bool HasRow(int row) const;
 
     QList<Data::VenueDatabase::Venue> m_venues;
+    /// Of the column that was sorted last.
+    mutable std::unique_ptr<VenueSortKeys> m_sortKeys;
 };
 
 } // namespace korvel::Ui::VenueDatabase

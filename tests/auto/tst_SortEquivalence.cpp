@@ -11,7 +11,9 @@
 #include <QTest>
 #include <QTimeZone>
 
+#include <array>
 #include <ctime>
+#include <limits>
 
 using namespace korvel::Bench;
 using korvel::Data::VenueDatabase::Venue;
@@ -104,7 +106,7 @@ QStringList OddTexts()
         QStringLiteral("2024–03–01"),
         QStringLiteral("2024-03-01T02:30:00"),
         QStringLiteral("2024-03-31T02:30:00"),
-        QStringLiteral("2024-10-27T02:30:00"),
+        QStringLiteral("2024-10-27T03:30:00"),
         QStringLiteral("2011-12-30T12:00:00"),
         QStringLiteral("https://example.test/2024-03-01"),
     };
@@ -122,9 +124,9 @@ QList<QDateTime> OddDates()
         QDateTime(QDate(2024, 3, 2), QTime(0, 30), Qt::OffsetFromUTC, -43200),
         QDateTime(QDate(2024, 3, 4), QTime(0, 0), Qt::UTC),
         QDateTime(QDate(2024, 3, 5), QTime(0, 0), Qt::UTC),
-        // The hours that zones skip and repeat, and a day that one zone skipped.
+        // Around the hours that zones skip and repeat, and a day that one zone skipped.
         QDateTime(QDate(2024, 3, 31), QTime(2, 30)),
-        QDateTime(QDate(2024, 10, 27), QTime(2, 30)),
+        QDateTime(QDate(2024, 10, 27), QTime(3, 0)),
         QDateTime(QDate(2024, 10, 27), QTime(1, 59)),
         QDateTime(QDate(2024, 10, 27), QTime(0, 59), Qt::UTC),
         QDateTime(QDate(2011, 12, 29), QTime(23, 59)),
@@ -163,9 +165,12 @@ QDateTime RandomDate(QRandomGenerator& random, const QList<QDateTime>& dates)
 {
     if (random.bounded(3) == 0)
         return Pick(random, dates);
-    // Few days, so that the times of day decide, and around the change of the clocks.
+    // Few days, so that the times of day decide, and around the change of the clocks. The hour that comes
+    // twice is left out: which of the two the C library takes depends on what it was asked before, so that
+    // one pair compares this way now and that way then, literally too.
+    constexpr std::array c_hours{0, 1, 3, 4};
     return QDateTime(QDate(2024, 10, 24).addDays(random.bounded(6)),
-                     QTime(random.bounded(4), random.bounded(60)));
+                     QTime(c_hours.at(random.bounded(4U)), random.bounded(60)));
 }
 
 QList<Venue> RandomVenues(quint32 seed, int count)
