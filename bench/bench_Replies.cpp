@@ -27,7 +27,7 @@ void ReadRecords(benchmark::State& state)
 }
 BENCHMARK(ReadRecords)->Args({1000, 10})->Args({1000, 1})->Iterations(101)->UseManualTime();
 BENCHMARK(ReadRecords)->Args({10000, 10})->Args({10000, 1})->Iterations(31)->UseManualTime();
-BENCHMARK(ReadRecords)->Args({100000, 10})->Args({100000, 1})->Iterations(11)->UseManualTime();
+BENCHMARK(ReadRecords)->Args({100000, 10})->Args({100000, 1})->Iterations(7)->UseManualTime();
 
 /// One reply of 100,000 venues against a hundred of 1,000: what a venue costs more in a large reply.
 void ReadRecordsGrowth(benchmark::State& state)
@@ -43,7 +43,7 @@ void ReadRecordsGrowth(benchmark::State& state)
                                   benchmark::DoNotOptimize(connector.ProcessVenueEntriesReply(small));
                           });
 }
-BENCHMARK(ReadRecordsGrowth)->Arg(10)->Arg(1)->Iterations(11)->UseManualTime();
+BENCHMARK(ReadRecordsGrowth)->Arg(10)->Arg(1)->Iterations(5)->UseManualTime();
 
 /// From the bytes to the records, against jsona on Node, each in its own program, in turn.
 void ReadBodyAgainstJsona(benchmark::State& state)
