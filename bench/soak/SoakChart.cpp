@@ -62,7 +62,7 @@ void DrawPanel(QPainter& painter, const QRect& area, const QList<Sample>& phase)
     painter.setFont(font);
     painter.drawText(QPointF(area.left() + 16, area.top() + 43),
                      QStringLiteral("heap %1 KB, descriptors %2 after %3 rounds")
-                         .arg(double(last.heap - first.heap) / c_kilobyte, 0, 'f', 0)
+                         .arg(qRound(double(last.heap - first.heap) / c_kilobyte))
                          .arg(last.descriptors - first.descriptors)
                          .arg(last.round));
 
