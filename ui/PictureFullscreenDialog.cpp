@@ -205,8 +205,9 @@ void PictureFullscreenDialog::OnPictureBinaryDataRequestFailed(QUrl url, QString
 
 void PictureFullscreenDialog::OnContextMenuRequested(QPoint pos)
 {
-    // No parent: nobody else deletes the menu while it is open.
+    // No parent: nobody else deletes the menu while it is open. It closes with the viewer all the same.
     QMenu menu;
+    connect(this, &QObject::destroyed, &menu, &QMenu::close);
     menu.addAction(tr("Save Image As..."), this, &PictureFullscreenDialog::OnSaveImageAs);
     menu.exec(m_view->mapToGlobal(pos));
 }

@@ -1069,7 +1069,9 @@ private Q_SLOTS:
         } else {
             OnceVisible<QMenu>(&QApplication::activePopupWidget, [dialog](QMenu* menu) {
                 delete dialog;
+                const bool isOpen = menu->isVisible();
                 menu->close();
+                QVERIFY(!isOpen);
             });
             dialog->OnContextMenuRequested(QPoint(10, 10));
         }
