@@ -121,6 +121,17 @@ Fault& Fault::WithReset()
     return *this;
 }
 
+Fault& Fault::WithClose()
+{
+    return WithRawAnswer({});
+}
+
+Fault& Fault::WithRawAnswer(const QByteArray& bytes)
+{
+    m_effect.rawAnswer = bytes;
+    return *this;
+}
+
 Fault& Fault::WithResetAfter(qint64 bytes)
 {
     m_effect.resetAfter = bytes;

@@ -59,6 +59,10 @@ public:
     Fault& WithChunks();
     /// Resets the connection (TCP RST) instead of answering.
     Fault& WithReset();
+    /// Closes the connection instead of answering.
+    Fault& WithClose();
+    /// Sends \p bytes, header and all, as they are instead of an answer, then closes the connection.
+    Fault& WithRawAnswer(const QByteArray& bytes);
     /// Sends the header and \p bytes of the body, then resets the connection.
     Fault& WithResetAfter(qint64 bytes);
     /// Announces gzip and sends bytes that are none.
@@ -75,6 +79,7 @@ public:
         std::optional<int> status;
         std::optional<QByteArray> body;
         std::optional<QByteArray> mediaType;
+        std::optional<QByteArray> rawAnswer;
         QByteArray secondMediaType;
         QList<std::pair<QByteArray, QByteArray>> headers;
         bool noMediaType = false;

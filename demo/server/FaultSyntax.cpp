@@ -85,6 +85,7 @@ const QHash<QString, ApplyToFault>& RequestKinds()
         {QStringLiteral("no-answer"), WithoutArgument([](Fault& f) { f.WithoutAnswer(); })},
         {QStringLiteral("silent"), WithoutArgument([](Fault& f) { f.WithSilenceAfterHeader(); })},
         {QStringLiteral("reset"), WithoutArgument([](Fault& f) { f.WithReset(); })},
+        {QStringLiteral("close"), WithoutArgument([](Fault& f) { f.WithClose(); })},
         {QStringLiteral("chunked"), WithoutArgument([](Fault& f) { f.WithChunks(); })},
         {QStringLiteral("broken-gzip"), WithoutArgument([](Fault& f) { f.WithBrokenGzip(); })},
         {QStringLiteral("drip"), &ApplyDrip},
@@ -117,6 +118,7 @@ const QHash<QString, ApplyToNetworkFault>& NetworkKinds()
         {QStringLiteral("garbage"), NetworkKind(Kind::GarbageInsteadOfTls, false)},
         {QStringLiteral("reset-after"), NetworkKind(Kind::ResetAfter, true)},
         {QStringLiteral("latency"), NetworkKind(Kind::Latency, true)},
+        {QStringLiteral("jitter"), NetworkKind(Kind::Jitter, true)},
         {QStringLiteral("rate"), NetworkKind(Kind::ByteRate, true)},
         {QStringLiteral("single-bytes"), NetworkKind(Kind::SingleBytes, false)},
         {QStringLiteral("certificate"), &ApplyCertificate},
@@ -174,11 +176,11 @@ QString FaultSyntaxHelp()
     return QStringLiteral(
         "Faults of requests, PATTERN=KIND, PATTERN being a part of path and query:\n"
         "  status:CODE  type:MEDIATYPE  no-type  body:TEXT  redirect:URL  delay:MS  no-answer\n"
-        "  silent  drip:BYTES/MS  cut:BYTES  reset  reset-after:BYTES  chunked  broken-gzip\n"
+        "  silent  drip:BYTES/MS  cut:BYTES  close  reset  reset-after:BYTES  chunked  broken-gzip\n"
         "  gzip-bomb:MEGABYTES\n"
         "Faults of connections, @HOST=KIND, @ alone being every host:\n"
         "  refuse  connect-status:CODE  no-connect  garbage  reset-after:BYTES  latency:MS\n"
-        "  rate:BYTES_PER_SECOND  single-bytes\n"
+        "  jitter:MS  rate:BYTES_PER_SECOND  single-bytes\n"
         "  certificate:expired|self-signed|wrong-host|unknown-authority\n"
         "*N at the end limits a fault to N requests or connections.");
 }

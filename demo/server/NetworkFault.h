@@ -18,6 +18,7 @@ struct NetworkFault
         GarbageInsteadOfTls, ///< the tunnel opens, then bytes arrive that are no TLS
         ResetAfter, ///< TCP reset once \a value bytes (TLS included) have gone to the client; 0: at once
         Latency, ///< each direction is \a value milliseconds late
+        Jitter, ///< each piece is up to \a value milliseconds late, a different time each
         ByteRate, ///< at most \a value bytes per second to the client
         SingleBytes ///< every byte to the client travels in a packet of its own
     };

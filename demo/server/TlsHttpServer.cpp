@@ -203,6 +203,11 @@ void TlsHttpServer::Handle(const httplib::Request& request, httplib::Response& r
         stream.FailWrites();
         return;
     }
+    if (effect.rawAnswer.has_value()) {
+        stream.write(effect.rawAnswer->constData(), static_cast<size_t>(effect.rawAnswer->size()));
+        stream.FailWrites();
+        return;
+    }
     Answer answer;
     if (effect.status.has_value() && !effect.body.has_value()) {
         answer.mediaType = JsonApiDocument::c_mediaType;

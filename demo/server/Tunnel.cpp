@@ -176,6 +176,9 @@ void Tunnel::OnUpstreamConnected()
     if (const NetworkFault* fault = FindFault(NetworkFault::Kind::Latency)) {
         m_latency = static_cast<int>(fault->value);
     }
+    if (const NetworkFault* fault = FindFault(NetworkFault::Kind::Jitter)) {
+        m_jitter = static_cast<int>(fault->value);
+    }
     if (const NetworkFault* fault = FindFault(NetworkFault::Kind::ByteRate)) {
         m_byteRate = fault->value;
         m_shaper.setInterval(c_shaperInterval);
@@ -284,13 +287,16 @@ qint64 Tunnel::Allowance(qint64 wanted)
 
 void Tunnel::Forward(QTcpSocket* to, const QByteArray& bytes)
 {
-    if (m_latency == 0) {
+    if (m_latency == 0 && m_jitter == 0) {
         Deliver(to, bytes);
         return;
     }
-    m_late.push_back({m_clock.elapsed() + m_latency, to, bytes});
+    const int lateness = m_latency + (m_jitter == 0 ? 0 : m_random.bounded(m_jitter));
+    // What is less late than the piece before it goes right behind that one.
+    const qint64 due = qMax(m_clock.elapsed() + lateness, m_late.empty() ? qint64(0) : m_late.back().due);
+    m_late.push_back({due, to, bytes});
     if (!m_lateTimer.isActive()) {
-        m_lateTimer.start(m_latency);
+        m_lateTimer.start(lateness);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QObject>
+#include <QRandomGenerator>
 #include <QTimer>
 
 #include <deque>
@@ -72,6 +73,8 @@ private:
 
     qint64 m_bytesUntilReset = -1;
     int m_latency = 0;
+    int m_jitter = 0;
+    QRandomGenerator m_random{1};
     qint64 m_byteRate = 0;
     qint64 m_allowance = 0;
     bool m_singleBytes = false;

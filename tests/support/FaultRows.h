@@ -1,0 +1,84 @@
+#pragma once
+
+#include <data/Connector_Interface.h>
+
+#include <support/ScriptedServer.h>
+
+#include <QByteArray>
+#include <QList>
+#include <QMetaType>
+#include <QRegularExpression>
+#include <QString>
+
+#include <functional>
+
+class QNetworkAccessManager;
+
+namespace korvel::Test {
+
+/// The one request that is to go wrong, and what its honest answer would be.
+struct FaultTarget
+{
+    QRegularExpression request; ///< of path and query as sent
+    QByteArray body; ///< longer than FaultRow::c_begin
+    QByteArray mediaType;
+    QString host; ///< faults of connections concern this host only; empty: every host
+    /// How many requests, each on a connection of its own, go well before.
+    int requestsBefore = 0;
+    /// Sends those requests; not needed where there are none.
+    QNetworkAccessManager* manager = nullptr;
+};
+
+/// Which bytes come out of a download that does not look at the status.
+enum class Received { Nothing, Whole, Page, Begin };
+
+/// What the download manager emits for one request, in this order.
+enum class Signals { Image, NotAnImage, TwoFailures, FailedThenImage };
+
+/// One way in which servers and networks fail, and what each kind of query makes of it.
+struct FaultRow
+{
+    /// How much of the body arrives where it ends too early.
+    static constexpr qsizetype c_begin = 5000;
+
+    QByteArray name;
+    std::function<void(ScriptedServer&, const FaultTarget&)> make;
+
+    /// The venue search's status. The lists are complete with Ok and empty otherwise.
+    Data::VenueDatabase::ResultStatus search = Data::VenueDatabase::WrongContentType;
+    Received picture = Received::Nothing;
+    Received file = Received::Nothing;
+    Signals viewer = Signals::TwoFailures;
+
+    bool isError = true; ///< Qt reports an error, which is logged
+    int status = 0; ///< the HTTP status that is logged, 0: none
+    bool isRequestSent = true; ///< the request leaves through a trusted connection
+    /// Qt does not report it on a manager's second connection to a host: only the time-out ends the wait.
+    bool isEndlessLater = false;
+    QByteArray page; ///< the body for Received::Page
+};
+
+/// Every fault whose end does not have to be waited for.
+QList<FaultRow> FaultRows();
+/// The same for a request that is not its manager's first to the host.
+QList<FaultRow> LaterFaultRows();
+/// Those that only the time-out ends; the viewer waits on.
+QList<FaultRow> EndlessFaultRows();
+/// The same for a request that is not its manager's first to the host.
+QList<FaultRow> LaterEndlessFaultRows();
+
+/// Adds each of \p rows to the running test's table, in the column "fault".
+void AddFaultRows(const QList<FaultRow>& rows);
+
+/// What is logged, as a pattern, when \p what failed at \p place (host and path).
+QString FailureMessage(const FaultRow& row, const QString& what, const QString& place);
+
+/// What a download of \p target yields.
+QByteArray Expected(Received received, const FaultRow& row, const FaultTarget& target);
+
+/// The honest answer to \p target as a fault, to be made dishonest.
+Demo::Fault Honest(const FaultTarget& target);
+
+} // namespace korvel::Test
+
+Q_DECLARE_METATYPE(korvel::Test::FaultRow)

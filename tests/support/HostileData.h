@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMetaType>
+#include <QSize>
+#include <QString>
+
+namespace korvel::Test {
+
+struct NamedBytes
+{
+    QByteArray name;
+    QByteArray bytes;
+};
+
+/// Bodies that are no JSON object, many of them made of the JSON object \p good.
+QList<NamedBytes> BrokenDocuments(const QByteArray& good);
+
+struct NamedText
+{
+    QByteArray name;
+    QString text;
+    QByteArray json; ///< the same as it stands between quotation marks in a document
+};
+
+/// Texts that must be shown as they are.
+QList<NamedText> HostileTexts();
+
+/// Bytes that are called a picture and are none that can be shown.
+QList<NamedBytes> UndecodablePictures();
+
+/// A picture of noise as PNG: nothing of it can be left out without notice.
+QByteArray NoisePicture(const QSize& size);
+/// A black PNG of any size, which takes next to no bytes.
+QByteArray BlankPng(const QSize& size);
+
+struct HostileUrl
+{
+    QByteArray name;
+    QString url;
+    bool isFetched = false; ///< the bytes come, from /pictures/odd.png
+    QString loggedPlace; ///< host and path in the log where it is not
+};
+
+/// Addresses of pictures; \p host is one that can be reached, \p file the path of a local picture that must
+/// not be read.
+QList<HostileUrl> HostileUrls(const QString& host, const QString& file);
+
+} // namespace korvel::Test
+
+Q_DECLARE_METATYPE(korvel::Test::HostileUrl)
