@@ -254,7 +254,7 @@ QNetworkReply* ConnectorJsonRest::SendGetJsonRequest(const QString& path,
     for (const auto& [name, value] : query)
         urlQuery.addQueryItem(name, value);
     const QUrl wanted = ServerUrl(path, urlQuery);
-    QNetworkReply* const reply = m_networkAccessManager->get(QNetworkRequest(wanted));
+    QNetworkReply* const reply = m_networkAccessManager->get(QNetworkRequest(RequestUrl(wanted)));
     // Which of the queries it is; their other values may be what the user typed.
     RequestTracer::Follow(QLatin1String("Server request"), wanted, reply,
                           {QLatin1String("include"), QLatin1String("filter[entity_id]")});
@@ -427,8 +427,8 @@ QByteArray ConnectorJsonRest::GetPictureBinaryData(const QString& url)
 QByteArray ConnectorJsonRest::GetBinaryData(const QString& path)
 {
     constexpr QLatin1String what("Model file download");
+    const QUrl url = ServerUrl(path);
     const ReplyReleaser reply(SendGetJsonRequest(path, {}));
-    const QUrl url = reply->request().url();
     if (!waitForFinished(reply.Get(), c_timeout)) {
         reply.LogTimeout(what, url);
         return {};

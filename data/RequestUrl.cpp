@@ -8,7 +8,8 @@ QUrl RequestUrl(const QUrl& url)
     const QString scheme = url.scheme();
     const bool isAllowed = scheme == QLatin1String("https") || scheme == QLatin1String("http")
         || scheme == QLatin1String("data");
-    return isAllowed ? url : QUrl();
+    // Qt would send a request without a target to the host of an invalid URL.
+    return isAllowed && url.isValid() ? url : QUrl();
 }
 
 } // namespace korvel::Data::VenueDatabase

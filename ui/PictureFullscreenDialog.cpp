@@ -19,6 +19,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QSaveFile>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QStyle>
@@ -40,6 +41,17 @@ QString PicturesFolder()
 {
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::PicturesLocation);
     return folders.isEmpty() ? QDir::currentPath() : folders.last();
+}
+
+/// Either the whole picture stands in the file afterwards, or what was there before.
+bool WriteJpeg(const QPixmap& pixmap, const QString& path)
+{
+    QSaveFile file(path);
+    // Where the file may be written but nothing be created beside it.
+    file.setDirectWriteFallback(true);
+    // commit() does not notice what only the flush brings to light.
+    return file.open(QIODevice::WriteOnly) && pixmap.save(&file, "JPG", c_jpegQuality) && file.flush()
+        && file.commit();
 }
 
 } // namespace
@@ -157,7 +169,7 @@ bool PictureFullscreenDialog::SaveImage(const QString& path)
         SetStatusLabelText(tr("Could not save file. Sorry."));
         return false;
     }
-    if (pixmap.save(path, "JPG", c_jpegQuality)) {
+    if (WriteJpeg(pixmap, path)) {
         SetStatusLabelText(tr("Saved \"%1\"").arg(QDir::toNativeSeparators(path)));
         return true;
     }

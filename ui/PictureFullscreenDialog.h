@@ -64,7 +64,8 @@ public:
     void Open();
     /// Saves the current picture at the largest rendition at hand as a JPEG file. The outcome stands in the
     /// status line, except that a file that cannot be written is reported by a message box: that runs a
-    /// nested event loop, in which the viewer may be destroyed. True when the file was written.
+    /// nested event loop, in which the viewer may be destroyed. True when the file was written;
+    /// otherwise nothing is left behind, and a file that was there stays.
     bool SaveImage(const QString& path);
     /// True: the light theme.
     void SetDayMode(bool dayMode);

@@ -53,6 +53,12 @@ std::shared_ptr<X509> MakeCertificate(EVP_PKEY* key, const QByteArray& commonNam
     return certificate;
 }
 
+/// The words with a number behind them: a client that trusts several authorities of one name tries only one.
+QByteArray UniqueName(const QByteArray& words)
+{
+    return words + ' ' + QByteArray::number(QRandomGenerator::global()->generate(), 16);
+}
+
 ServerIdentity MakeAuthority(const QByteArray& commonName)
 {
     ServerIdentity authority;
@@ -70,7 +76,7 @@ ServerIdentity MakeAuthority(const QByteArray& commonName)
 } // namespace
 
 CertificateAuthority::CertificateAuthority()
-    : m_authority(MakeAuthority("Throw-away venue server authority"))
+    : m_authority(MakeAuthority(UniqueName("Throw-away venue server authority")))
     , m_unknownAuthority(MakeAuthority("Authority that nobody trusts"))
     , m_serverKey(MakeKey())
 {

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void init()
     {
         korvel::Test::FailOnUnexpectedWarnings();
+        m_messages.reset();
         m_messages = std::make_unique<VdbMessages>();
         m_server->Reset();
         m_connector = std::make_unique<FaultConnector>();

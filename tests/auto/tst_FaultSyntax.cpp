@@ -50,6 +50,7 @@ void tst_FaultSyntax::EffectsAreRead()
     QVERIFY(effect("no-answer").noAnswer);
     QVERIFY(effect("silent").silentAfterHeader);
     QVERIFY(effect("reset").reset);
+    QCOMPARE(effect("close").rawAnswer, QByteArray());
     QVERIFY(effect("chunked").chunked);
     QVERIFY(effect("broken-gzip").brokenGzip);
 }
@@ -77,6 +78,9 @@ void tst_FaultSyntax::HostFaultsAreRead()
     QCOMPARE(status.value, 403);
     QCOMPARE(status.host, QStringLiteral("second.example"));
     QCOMPARE(status.times, 1);
+    const NetworkFault jitter = ParseFault(QStringLiteral("@=jitter:80")).networkFault.value();
+    QCOMPARE(jitter.kind, NetworkFault::Kind::Jitter);
+    QCOMPARE(jitter.value, 80);
     const NetworkFault certificate = ParseFault(QStringLiteral("@=certificate:expired")).networkFault.value();
     QCOMPARE(certificate.kind, NetworkFault::Kind::BadCertificate);
     QCOMPARE(certificate.certificate, CertificateKind::Expired);

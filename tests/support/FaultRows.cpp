@@ -18,6 +18,8 @@ using Change = std::function<void(Fault&, const FaultTarget&)>;
 constexpr const char* c_html = "text/html; charset=utf-8";
 const QByteArray c_page = "<html><body><h1>Something went wrong</h1></body></html>";
 const QByteArray c_errors = R"({"errors": [{"status": "500", "title": "Something went wrong"}]})";
+/// A body that Qt has given up to unpack leaves less than this of itself.
+constexpr qsizetype c_longestScrap = 100'000;
 const QByteArray c_elsewhere = "https://third.example/elsewhere";
 
 /// An answer that is honest but for \p change, and taken as one.
@@ -318,7 +320,7 @@ QList<FaultRow> BrokenBodyRows()
             "broken gzip", [](Fault& fault, const FaultTarget&) { fault.WithBrokenGzip(); },
             Received::Nothing),
         Broken(
-            "gzip bomb", [](Fault& fault, const FaultTarget&) { fault.WithGzipBomb(50); }, Received::Nothing),
+            "gzip bomb", [](Fault& fault, const FaultTarget&) { fault.WithGzipBomb(50); }, Received::Scrap),
         Raw("other protocol", "SSH-2.0-OpenSSH_9.2\r\n"),
         Raw("body without a header", c_page),
         Raw("status line without a number", "HTTP/1.1 good OK\r\nContent-Type: TYPE\r\n\r\n{}"),
@@ -462,6 +464,12 @@ QList<FaultRow> EndlessFaultRows()
     return {silentProxy, silent, halfSilent, drip};
 }
 
+FaultRow JustInTimeRow()
+{
+    return Harmless("answer just in time",
+                    [](Fault& fault, const FaultTarget&) { fault.WithDelay(28'000); });
+}
+
 QList<FaultRow> LaterEndlessFaultRows()
 {
     QList<FaultRow> rows = EndlessFaultRows();
@@ -486,19 +494,30 @@ QString FailureMessage(const FaultRow& row, const QString& what, const QString& 
     return u"^%1 failed: %2 - %3 - .+$"_s.arg(what, QRegularExpression::escape(place), status);
 }
 
-QByteArray Expected(Received received, const FaultRow& row, const FaultTarget& target)
+QString ReceivedComplaint(Received expected, const FaultRow& row, const FaultTarget& target,
+                          const QByteArray& bytes)
 {
-    switch (received) {
+    QByteArray right;
+    switch (expected) {
     case Received::Nothing:
         break;
     case Received::Whole:
-        return target.body;
+        right = target.body;
+        break;
     case Received::Page:
-        return row.page;
+        right = row.page;
+        break;
     case Received::Begin:
-        return target.body.left(FaultRow::c_begin);
+        right = target.body.left(FaultRow::c_begin);
+        break;
+    case Received::Scrap:
+        right = bytes.left(c_longestScrap);
+        break;
     }
-    return {};
+    return bytes == right ? QString()
+                          : u"%1 bytes instead of %2: %3"_s.arg(bytes.size())
+                                .arg(right.size())
+                                .arg(QString::fromLatin1(bytes.left(50)));
 }
 
 } // namespace korvel::Test

@@ -30,7 +30,13 @@ struct FaultTarget
 };
 
 /// Which bytes come out of a download that does not look at the status.
-enum class Received { Nothing, Whole, Page, Begin };
+enum class Received {
+    Nothing,
+    Whole,
+    Page, ///< FaultRow::page
+    Begin, ///< the first FaultRow::c_begin bytes
+    Scrap ///< something short and worthless
+};
 
 /// What the download manager emits for one request, in this order.
 enum class Signals { Image, NotAnImage, TwoFailures, FailedThenImage };
@@ -67,14 +73,18 @@ QList<FaultRow> EndlessFaultRows();
 /// The same for a request that is not its manager's first to the host.
 QList<FaultRow> LaterEndlessFaultRows();
 
+/// An answer that comes two seconds before the time-out.
+FaultRow JustInTimeRow();
+
 /// Adds each of \p rows to the running test's table, in the column "fault".
 void AddFaultRows(const QList<FaultRow>& rows);
 
 /// What is logged, as a pattern, when \p what failed at \p place (host and path).
 QString FailureMessage(const FaultRow& row, const QString& what, const QString& place);
 
-/// What a download of \p target yields.
-QByteArray Expected(Received received, const FaultRow& row, const FaultTarget& target);
+/// What is wrong with \p bytes as the result of a download of \p target; empty where nothing is.
+QString ReceivedComplaint(Received expected, const FaultRow& row, const FaultTarget& target,
+                          const QByteArray& bytes);
 
 /// The honest answer to \p target as a fault, to be made dishonest.
 Demo::Fault Honest(const FaultTarget& target);

@@ -13,6 +13,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const QString c_tooLarge
+    = u"QImageIOHandler: Rejecting image as it exceeds the current allocation limit of 128 megabytes"_s;
+const QString c_noJpeg = u"JPEG datastream contains no image"_s;
+
 QByteArray Nested(int levels)
 {
     return R"({"data":)" + QByteArray(levels, '[') + QByteArray(levels, ']') + "}";
@@ -137,31 +141,33 @@ QByteArray BlankPng(const QSize& size)
         + PngChunk("IDAT", packed) + PngChunk("IEND", {});
 }
 
-QList<NamedBytes> UndecodablePictures()
+QList<UndecodablePicture> UndecodablePictures()
 {
     const QByteArray png = NoisePicture(QSize(64, 64));
     const QByteArray bmp = Encoded(Noise(QSize(8, 8)), "BMP");
     const QByteArray claimedBmp
         = QByteArray(bmp).replace(18, 8, QByteArray("\xff\xff\xff\x7f\xff\xff\xff\x7f", 8));
     return {
-        {"text", "this is no picture"},
-        {"HTML", "<html><img src='x'></html>"},
-        {"zeros", QByteArray(10'000, '\0')},
-        {"PNG signature only", png.left(8)},
-        {"PNG cut in its header", png.left(20)},
-        {"PNG with a wrong header checksum", QByteArray(png).replace(29, 1, "x")},
-        {"PNG of no width", BlankPng(QSize(0, 10))},
-        {"PNG of 64 megapixels", BlankPng(QSize(8000, 8000))},
-        {"PNG of 1 x 40,000,000 pixels", BlankPng(QSize(1, 40'000'000)).left(2000)},
-        {"JPEG signature only", "\xff\xd8\xff\xe0"},
-        {"JPEG of nothing but ends", QByteArray("\xff\xd8\xff\xd9").repeated(100)},
-        {"PPM of 10,000,000,000 pixels", "P6 100000 100000 255\n" + QByteArray(1000, 'x')},
-        {"PPM of a negative size", "P6 -5 -5 255\n" + QByteArray(1000, 'x')},
-        {"XPM that names a file", "/* XPM */ static char* x[] = {\"100000 100000 1 1\","},
-        {"BMP of 2^31 pixels each way", claimedBmp},
+        {"text", "this is no picture", {}},
+        {"HTML", "<html><img src='x'></html>", {}},
+        {"zeros", QByteArray(10'000, '\0'), {}},
+        {"PNG signature only", png.left(8), {}},
+        {"PNG cut in its header", png.left(20), {}},
+        {"PNG with a wrong header checksum", QByteArray(png).replace(29, 1, "x"), {}},
+        {"PNG of no width", BlankPng(QSize(0, 10)), {}},
+        {"PNG of 64 megapixels", BlankPng(QSize(8000, 8000)), {c_tooLarge}},
+        {"PNG of 1 x 40,000,000 pixels", BlankPng(QSize(1, 40'000'000)).left(2000), {}},
+        {"JPEG signature only",
+         "\xff\xd8\xff\xe0",
+         {u"Corrupt JPEG data: 1 extraneous bytes before marker 0xd9"_s, c_noJpeg}},
+        {"JPEG of nothing but ends", QByteArray("\xff\xd8\xff\xd9").repeated(100), {c_noJpeg}},
+        {"PPM of 10,000,000,000 pixels", "P6 100000 100000 255\n" + QByteArray(1000, 'x'), {}},
+        {"PPM of a negative size", "P6 -5 -5 255\n" + QByteArray(1000, 'x'), {}},
+        {"XPM that names a file", "/* XPM */ static char* x[] = {\"100000 100000 1 1\",", {}},
+        {"BMP of 2^31 pixels each way", claimedBmp, {}},
         {"SVG that names a file",
-         R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><image href="file:///etc/passwd"/></svg>)"},
-        {"GIF without a picture", QByteArray("GIF89a\x05\x00\x05\x00\x00\x00\x00;", 14)},
+         R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><image href="file:///etc/passwd"/></svg>)", {}},
+        {"GIF without a picture", QByteArray("GIF89a\x05\x00\x05\x00\x00\x00\x00;", 14), {}},
     };
 }
 
@@ -170,33 +176,33 @@ QList<HostileUrl> HostileUrls(const QString& host, const QString& file)
     const QString path = u"/pictures/odd.png"_s;
     const QString pipe = u"file:///dev/stdin"_s;
     return {
-        {"ordinary", u"https://"_s + host + path, true, {}},
-        {"scheme in capitals", u"HTTPS://"_s + host + path, true, {}},
-        {"blanks around", u"  https://"_s + host + path + u"  "_s, true, {}},
-        {"relative", u"pictures/odd.png"_s, false, u"pictures/odd.png"_s},
-        {"path only", path, false, path},
-        {"without a scheme", u"//"_s + host + path, false, host + path},
-        {"file", u"file://"_s + file, false, file},
-        {"file in capitals", u"FILE://"_s + file, false, file},
-        {"file of a host", u"file://localhost"_s + file, false, u"localhost"_s + file},
-        {"file by its path", file, false, file},
-        {"standard input", pipe, false, u"/dev/stdin"_s},
-        {"process table", u"file:///proc/self/environ"_s, false, u"/proc/self/environ"_s},
-        {"resource", u"qrc:/Resources/korvelFullscreen.svg"_s, false, u"/Resources/korvelFullscreen.svg"_s},
-        {"resource by its path", u":/Resources/korvelFullscreen.svg"_s, false, {}},
-        {"ftp", u"ftp://"_s + host + path, false, host + path},
-        {"script", u"javascript:alert(1)"_s, false, u"alert(1)"_s},
-        {"mail", u"mailto:someone@korvel.example"_s, false, u"someone@korvel.example"_s},
-        {"drive", u"C:/pictures/odd.png"_s, false, u"/pictures/odd.png"_s},
-        {"local server socket", u"unix+https://"_s + host + path, false, host + path},
-        {"about", u"about:blank"_s, false, u"blank"_s},
-        {"https without a host", u"https:///pictures/odd.png"_s, false, path},
-        {"https alone", u"https:"_s, false, {}},
-        {"other port", u"https://"_s + host + u":444"_s + path, false, host + path},
-        {"port beyond 16 bits", u"https://"_s + host + u":99999"_s + path, false, {}},
-        {"blank in the host", u"https://a b/pictures/odd.png"_s, false, {}},
-        {"unknown host", u"https://unknown.example"_s + path, false, u"unknown.example"_s + path},
-        {"picture in the address that is none", u"data:text/plain,hello"_s, false, u"text/plain,hello"_s},
+        {"ordinary", u"https://"_s + host + path, true},
+        {"scheme in capitals", u"HTTPS://"_s + host + path, true},
+        {"blanks around", u"  https://"_s + host + path + u"  "_s, false},
+        {"relative", u"pictures/odd.png"_s, false},
+        {"path only", path, false},
+        {"without a scheme", u"//"_s + host + path, false},
+        {"file", u"file://"_s + file, false},
+        {"file in capitals", u"FILE://"_s + file, false},
+        {"file of a host", u"file://localhost"_s + file, false},
+        {"file by its path", file, false},
+        {"standard input", pipe, false},
+        {"process table", u"file:///proc/self/environ"_s, false},
+        {"resource", u"qrc:/Resources/korvelFullscreen.svg"_s, false},
+        {"resource by its path", u":/Resources/korvelFullscreen.svg"_s, false},
+        {"ftp", u"ftp://"_s + host + path, false},
+        {"script", u"javascript:alert(1)"_s, false},
+        {"mail", u"mailto:someone@korvel.example"_s, false},
+        {"drive", u"C:/pictures/odd.png"_s, false},
+        {"local server socket", u"unix+https://"_s + host + path, false},
+        {"about", u"about:blank"_s, false},
+        {"https without a host", u"https:///pictures/odd.png"_s, false},
+        {"https alone", u"https:"_s, false},
+        {"other port", u"https://"_s + host + u":444"_s + path, false},
+        {"port beyond 16 bits", u"https://"_s + host + u":99999"_s + path, false},
+        {"blank in the host", u"https://a b/pictures/odd.png"_s, false},
+        {"unknown host", u"https://unknown.example"_s + path, false},
+        {"picture in the address that is none", u"data:text/plain,hello"_s, false},
     };
 }
 

@@ -5,6 +5,7 @@
 #include <QMetaType>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 namespace korvel::Test {
 
@@ -27,8 +28,15 @@ struct NamedText
 /// Texts that must be shown as they are.
 QList<NamedText> HostileTexts();
 
+struct UndecodablePicture
+{
+    QByteArray name;
+    QByteArray bytes;
+    QStringList warnings; ///< what Qt's decoders have to say about them, each time they are decoded
+};
+
 /// Bytes that are called a picture and are none that can be shown.
-QList<NamedBytes> UndecodablePictures();
+QList<UndecodablePicture> UndecodablePictures();
 
 /// A picture of noise as PNG: nothing of it can be left out without notice.
 QByteArray NoisePicture(const QSize& size);
@@ -40,7 +48,6 @@ struct HostileUrl
     QByteArray name;
     QString url;
     bool isFetched = false; ///< the bytes come, from /pictures/odd.png
-    QString loggedPlace; ///< host and path in the log where it is not
 };
 
 /// Addresses of pictures; \p host is one that can be reached, \p file the path of a local picture that must
@@ -50,3 +57,4 @@ QList<HostileUrl> HostileUrls(const QString& host, const QString& file);
 } // namespace korvel::Test
 
 Q_DECLARE_METATYPE(korvel::Test::HostileUrl)
+Q_DECLARE_METATYPE(korvel::Test::UndecodablePicture)
