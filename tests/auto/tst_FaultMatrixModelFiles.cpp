@@ -40,9 +40,10 @@ const QString c_writeFailed = u"An error occurred while writing TSFile to disk."
 /// Longer than what is cut off.
 QByteArray ListOf(const QByteArray& name, const QByteArray& path = "/files/hall.tessra")
 {
-    return QByteArray(R"({"included": [{"type": "tessra", "attributes": {"name": "NAME", "file_version": "2.1"},)"
-                      R"("relationships": {"file": {"data": {"id": "f"}}}},)"
-                      R"({"type": "file", "id": "f", "attributes": {"url": "PATH"}}]})")
+    return QByteArray(
+               R"({"included": [{"type": "tessra", "attributes": {"name": "NAME", "file_version": "2.1"},)"
+               R"("relationships": {"file": {"data": {"id": "f"}}}},)"
+               R"({"type": "file", "id": "f", "attributes": {"url": "PATH"}}]})")
                .replace("NAME", name)
                .replace("PATH", path)
         + QByteArray(12'000, ' ');
@@ -240,10 +241,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("path");
         QTest::addColumn<QByteArray>("target"); // what the server is asked for; empty: nothing
-        const auto row
-            = [](const char* name, const char* path, const char* target) {
-                  QTest::newRow(name) << QByteArray(path) << QByteArray(target);
-              };
+        const auto row = [](const char* name, const char* path, const char* target) {
+            QTest::newRow(name) << QByteArray(path) << QByteArray(target);
+        };
         row("ordinary", "/files/a.tessra", "/files/a.tessra");
         row("escaped slashes", R"(\/files\/a.tessra)", "/files/a.tessra");
         row("backslashes", R"(\\/files\\/a.tessra)", "/files/a.tessra");
@@ -272,7 +272,8 @@ private Q_SLOTS:
             QCOMPARE(m_server->Log().RequestCount(), 1);
             QCOMPARE(m_dialog->connector.files.first().GetFileData(), QByteArray());
             VerifyMessage(u"^Model file download failed: "_s + m_host
-                          + QRegularExpression::escape(QString::fromUtf8(path)) + u" - no HTTP status - .+$"_s);
+                          + QRegularExpression::escape(QString::fromUtf8(path))
+                          + u" - no HTTP status - .+$"_s);
         } else {
             QCOMPARE(m_server->Log().RequestCount(), 2);
             QCOMPARE(m_server->Log().LastRequest().target, target);

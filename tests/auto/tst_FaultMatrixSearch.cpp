@@ -126,7 +126,8 @@ private Q_SLOTS:
     {
         QFETCH(FaultRow, fault);
         fault.make(*m_server, Target(c_refreshPattern, 1));
-        m_server->AddFault(korvel::Test::Honest(Target(c_searchPattern, 0)).WithHeader("Connection", "close"));
+        m_server->AddFault(
+            korvel::Test::Honest(Target(c_searchPattern, 0)).WithHeader("Connection", "close"));
 
         Panel()->PerformQuery();
 
@@ -200,11 +201,13 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("element");
         QTest::addColumn<QString>("id");
         QTest::addColumn<QString>("title");
-        const auto attributes = [](const char* json) { return R"({"attributes": )" + QByteArray(json) + "}"; };
+        const auto attributes
+            = [](const char* json) { return R"({"attributes": )" + QByteArray(json) + "}"; };
         const QString none;
-        const auto row = [](const char* name, const QByteArray& element, const char* id, const QString& title) {
-            QTest::newRow(name) << element << QString::fromLatin1(id) << title;
-        };
+        const auto row
+            = [](const char* name, const QByteArray& element, const char* id, const QString& title) {
+                  QTest::newRow(name) << element << QString::fromLatin1(id) << title;
+              };
         row("element null", "null", "0", none);
         row("element number", "1", "0", none);
         row("element text", "\"A\"", "0", none);
@@ -217,8 +220,8 @@ private Q_SLOTS:
         row("title object", attributes(R"({"entity_id": 5, "title": {"value": "A"}})"), "5", none);
         row("title array", attributes(R"({"entity_id": 5, "title": ["A"]})"), "5", none);
         row("title true", attributes(R"({"entity_id": 5, "title": true})"), "5", none);
-        row("address array",
-            attributes(R"({"entity_id": 5, "title": "A", "address": [{"locality": "x"}]})"), "5", u"A"_s);
+        row("address array", attributes(R"({"entity_id": 5, "title": "A", "address": [{"locality": "x"}]})"),
+            "5", u"A"_s);
         row("address text", attributes(R"({"entity_id": 5, "title": "A", "address": "x"})"), "5", u"A"_s);
         row("country code number",
             attributes(R"({"entity_id": 5, "title": "A", "address": {"country_code": 49}})"), "5", u"A"_s);
@@ -229,8 +232,8 @@ private Q_SLOTS:
             attributes(R"({"entity_id": 5, "title": "A", "created": "2023-02-30",)"
                        R"("changed": "2023-13-01T25:61:61+00:00"})"),
             "5", u"A"_s);
-        row("relationships array", R"({"attributes": {"entity_id": 5, "title": "A"}, "relationships": [1]})", "5",
-            u"A"_s);
+        row("relationships array", R"({"attributes": {"entity_id": 5, "title": "A"}, "relationships": [1]})",
+            "5", u"A"_s);
         row("editor without data",
             R"({"attributes": {"entity_id": 5, "title": "A"}, "relationships": {"editor": null}})", "5",
             u"A"_s);
@@ -241,8 +244,8 @@ private Q_SLOTS:
         row("id beyond 64 bits", attributes(R"({"entity_id": 1e300, "title": "A"})"), "0", u"A"_s);
         row("negative id", attributes(R"({"entity_id": -5, "title": "A"})"), "-5", u"A"_s);
         row("id null", attributes(R"({"entity_id": null, "title": "A"})"), "0", u"A"_s);
-        row("duplicate keys", attributes(R"({"entity_id": 4, "title": "Z", "title": "A", "entity_id": 5})"), "5",
-            u"A"_s);
+        row("duplicate keys", attributes(R"({"entity_id": 4, "title": "Z", "title": "A", "entity_id": 5})"),
+            "5", u"A"_s);
         row("duplicate attributes",
             R"({"attributes": {"entity_id": 4, "title": "Z"}, "attributes": {"entity_id": 5, "title": "A"}})",
             "5", u"A"_s);
@@ -279,10 +282,11 @@ private Q_SLOTS:
         QFETCH(QByteArray, json);
         m_server->AnswerJsonApi(
             u"/api/venue"_s,
-            OneAttribute(QByteArray(R"({"title": "TEXT", "venue_room_name": "TEXT", "general_comment": "TEXT",)"
-                                    R"("address": {"locality": "TEXT", "country_code": "TEXT"},)"
-                                    R"("rigging_specialties": "TEXT", "created": "TEXT", "changed": "TEXT"})")
-                             .replace("TEXT", json)));
+            OneAttribute(
+                QByteArray(R"({"title": "TEXT", "venue_room_name": "TEXT", "general_comment": "TEXT",)"
+                           R"("address": {"locality": "TEXT", "country_code": "TEXT"},)"
+                           R"("rigging_specialties": "TEXT", "created": "TEXT", "changed": "TEXT"})")
+                    .replace("TEXT", json)));
         Panel()->PerformQuery();
         VerifyFound(1);
         for (const int column : {1, 2, 3})

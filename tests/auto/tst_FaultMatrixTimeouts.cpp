@@ -42,10 +42,9 @@ constexpr qint64 c_longest = 30'500;
 constexpr qint64 c_shortest = c_timeout - 10;
 constexpr const char* c_jsonApi = "application/vnd.api+json";
 /// Serves as every kind of reply: one venue, one file behind /bytes.
-const QByteArray c_reply
-    = QByteArray(R"({"data": [{"attributes": {"title": "A"}}],)"
-                 R"("included": [{"type": "file", "attributes": {"url": "/bytes"},)"
-                 R"("links": {"small": {"href": "data:image\/png;base64,AAAA"}}}]})")
+const QByteArray c_reply = QByteArray(R"({"data": [{"attributes": {"title": "A"}}],)"
+                                      R"("included": [{"type": "file", "attributes": {"url": "/bytes"},)"
+                                      R"("links": {"small": {"href": "data:image\/png;base64,AAAA"}}}]})")
     + QByteArray(12'000, ' ');
 
 /// One kind of query.
@@ -174,10 +173,11 @@ protected:
         target.manager = connector.Manager();
         // The request before comes on a connection of its own.
         if (m_entry.isLater) {
-            m_server.AddFault(Demo::Fault::OnPattern(QRegularExpression(u"^/api/venue\\?(filter|include=tessra)"_s))
-                                  .WithBody(c_reply)
-                                  .WithMediaType(c_jsonApi)
-                                  .WithHeader("Connection", "close"));
+            m_server.AddFault(
+                Demo::Fault::OnPattern(QRegularExpression(u"^/api/venue\\?(filter|include=tessra)"_s))
+                    .WithBody(c_reply)
+                    .WithMediaType(c_jsonApi)
+                    .WithHeader("Connection", "close"));
         }
         m_fault.make(m_server, target);
         m_server.Answer(QString(), c_reply, c_jsonApi);
@@ -208,8 +208,8 @@ private Q_SLOTS:
     {
         m_messages = std::make_unique<VdbMessages>();
         for (const EntryPoint& entry : EntryPoints()) {
-            const auto rows = entry.isLater ? korvel::Test::LaterEndlessFaultRows()
-                                            : korvel::Test::EndlessFaultRows();
+            const auto rows
+                = entry.isLater ? korvel::Test::LaterEndlessFaultRows() : korvel::Test::EndlessFaultRows();
             for (const FaultRow& fault : rows + QList{korvel::Test::JustInTimeRow()})
                 m_waits.push_back(std::make_unique<Wait>(fault, entry));
         }
@@ -264,7 +264,8 @@ private Q_SLOTS:
         QStringList expected;
         for (const auto& wait : m_waits) {
             if (wait->Fault().search == Timeout && !wait->Entry().logged.isEmpty()) {
-                const QString path = wait->Entry().request.contains(u"bytes"_s) ? u"/bytes"_s : u"/api/venue"_s;
+                const QString path
+                    = wait->Entry().request.contains(u"bytes"_s) ? u"/bytes"_s : u"/api/venue"_s;
                 const QString status = wait->Fault().status == 0 ? u"no HTTP status"_s : u"HTTP status 200"_s;
                 expected.append(u"%1 failed: %2%3 - %4 - no reply within 30000 ms"_s.arg(
                     wait->Entry().logged, m_server->Server().Host(), path, status));
@@ -354,8 +355,7 @@ private:
         panel->SetConnector(&connector);
         dialog.show();
         ErrorBoxes boxes(QMessageBox::Close);
-        QTimer::singleShot(15'000, &dialog,
-                           [&]() { m_statusMeanwhile = dialog.GetStatusLabel()->text(); });
+        QTimer::singleShot(15'000, &dialog, [&]() { m_statusMeanwhile = dialog.GetStatusLabel()->text(); });
         panel->PerformQuery();
         m_boxes = boxes.shown;
         m_dialogElapsed = connector.longest;

@@ -46,6 +46,8 @@ namespace {
 constexpr QSize c_smallSize(60, 40);
 constexpr QSize c_largeSize(64, 64);
 const QString c_loading = u"Loading large image..."_s;
+/// The JPEG plug-in's word for a device that takes no more.
+const QString c_encoderFailed = u"Bogus message code 0"_s;
 const QString c_path = u"/pictures/odd.png"_s;
 
 QStringList ExpectedSignals(Signals sequence)
@@ -179,7 +181,9 @@ private Q_SLOTS:
 
         Show(address.url);
         const bool isText = address.url.startsWith(u"data:"_s);
-        VerifyOutcome(address.isFetched ? Signals::Image : isText ? Signals::NotAnImage : Signals::TwoFailures);
+        VerifyOutcome(address.isFetched ? Signals::Image
+                          : isText      ? Signals::NotAnImage
+                                        : Signals::TwoFailures);
 
         QCOMPARE(m_viewer->GetStatusLabel()->text(), address.isFetched ? QString() : c_loading);
         QCOMPARE(ShownSize(), address.isFetched ? c_largeSize : c_smallSize);
@@ -272,7 +276,8 @@ private Q_SLOTS:
             QTest::addRow("read-only folder, %s picture", which) << u"/proc/odd.jpg"_s << size << false;
             QTest::addRow("missing folder, %s picture", which) << u"missing/odd.jpg"_s << size << false;
             QTest::addRow("folder that is a file, %s picture", which) << u"file/odd.jpg"_s << size << false;
-            QTest::addRow("full disk, %s picture", which) << u"full-%1.jpg"_s.arg(QLatin1String(which)) << size << true;
+            QTest::addRow("full disk, %s picture", which)
+                << u"full-%1.jpg"_s.arg(QLatin1String(which)) << size << true;
         }
     }
     void SaveTarget()
@@ -289,6 +294,9 @@ private Q_SLOTS:
         VerifyOutcome(Signals::Image);
         const QString target = QDir(m_home.path()).absoluteFilePath(path);
         QVERIFY(!QFile::exists(target));
+        // What does not fit into the buffers fails inside the encoder.
+        if (isFull && size != c_largeSize)
+            Expect({c_encoderFailed});
         VerifyCannotWrite(target, isFull);
         QVERIFY(!QFile::exists(target));
         QVERIFY(m_viewer->SaveImage(SavePath()));
@@ -305,6 +313,7 @@ private Q_SLOTS:
         m_server->Answer(c_path, korvel::Test::NoisePicture(QSize(700, 500)), "image/png");
         Show(ScriptedServer::Url(c_path));
         VerifyOutcome(Signals::Image);
+        Expect({c_encoderFailed});
         SaveDriver user(path);
         {
             const FullDisk fullDisk;

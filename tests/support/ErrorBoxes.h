@@ -15,7 +15,8 @@ class ErrorBoxes : public QObject
 public:
     explicit ErrorBoxes(QMessageBox::StandardButton answer);
 
-    /// Title, text, and the standard buttons in hexadecimal digits, the default one first, of each box so far.
+    /// Title, text, and the standard buttons in hexadecimal digits, the default one first, of each box so
+    /// far.
     QStringList shown;
     /// What the search panel's box says.
     static QString ServerUnreachable();

@@ -13,7 +13,7 @@ namespace korvel::Ui::VenueDatabase {
 class PictureSlider;
 class TsFileOpener;
 class VenueDetailsWidget;
-}
+} // namespace korvel::Ui::VenueDatabase
 
 namespace korvel::Test {
 

@@ -451,23 +451,20 @@ QList<FaultRow> EndlessFaultRows()
 {
     using Kind = NetworkFault::Kind;
     FaultRow silentProxy = TimedOut(Unreachable("proxy that never answers", Kind::NeverAnswer));
-    FaultRow silent = TimedOut(
-        Unanswered("no answer", [](Fault& fault, const FaultTarget&) { fault.WithoutAnswer(); }));
-    FaultRow halfSilent = TimedOut(Unanswered("header and then silence", [](Fault& fault, const FaultTarget&) {
-        fault.WithSilenceAfterHeader();
-    }));
+    FaultRow silent
+        = TimedOut(Unanswered("no answer", [](Fault& fault, const FaultTarget&) { fault.WithoutAnswer(); }));
+    FaultRow halfSilent = TimedOut(Unanswered(
+        "header and then silence", [](Fault& fault, const FaultTarget&) { fault.WithSilenceAfterHeader(); }));
     halfSilent.status = 200;
-    FaultRow drip = TimedOut(Unanswered("slow drip past the time-out", [](Fault& fault, const FaultTarget&) {
-        fault.WithDrip(10, 500);
-    }));
+    FaultRow drip = TimedOut(Unanswered("slow drip past the time-out",
+                                        [](Fault& fault, const FaultTarget&) { fault.WithDrip(10, 500); }));
     drip.status = 200;
     return {silentProxy, silent, halfSilent, drip};
 }
 
 FaultRow JustInTimeRow()
 {
-    return Harmless("answer just in time",
-                    [](Fault& fault, const FaultTarget&) { fault.WithDelay(28'000); });
+    return Harmless("answer just in time", [](Fault& fault, const FaultTarget&) { fault.WithDelay(28'000); });
 }
 
 QList<FaultRow> LaterEndlessFaultRows()

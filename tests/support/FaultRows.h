@@ -30,7 +30,8 @@ struct FaultTarget
 };
 
 /// Which bytes come out of a download that does not look at the status.
-enum class Received {
+enum class Received
+{
     Nothing,
     Whole,
     Page, ///< FaultRow::page
@@ -39,7 +40,13 @@ enum class Received {
 };
 
 /// What the download manager emits for one request, in this order.
-enum class Signals { Image, NotAnImage, TwoFailures, FailedThenImage };
+enum class Signals
+{
+    Image,
+    NotAnImage,
+    TwoFailures,
+    FailedThenImage
+};
 
 /// One way in which servers and networks fail, and what each kind of query makes of it.
 struct FaultRow

@@ -42,7 +42,8 @@ quint32 Crc32(const QByteArray& bytes)
 
 QByteArray PngChunk(const QByteArray& type, const QByteArray& content)
 {
-    return BigEndian(static_cast<quint32>(content.size())) + type + content + BigEndian(Crc32(type + content));
+    return BigEndian(static_cast<quint32>(content.size())) + type + content
+        + BigEndian(Crc32(type + content));
 }
 
 QByteArray Encoded(const QImage& image, const char* format)
@@ -136,7 +137,8 @@ QByteArray BlankPng(const QSize& size)
     const QByteArray packed = qCompress(row.repeated(size.height())).mid(4);
     return "\x89PNG\r\n\x1a\n"
         + PngChunk("IHDR",
-                   BigEndian(static_cast<quint32>(size.width())) + BigEndian(static_cast<quint32>(size.height()))
+                   BigEndian(static_cast<quint32>(size.width()))
+                       + BigEndian(static_cast<quint32>(size.height()))
                        + QByteArray(oneBitGray.data(), oneBitGray.size()))
         + PngChunk("IDAT", packed) + PngChunk("IEND", {});
 }
@@ -166,7 +168,8 @@ QList<UndecodablePicture> UndecodablePictures()
         {"XPM that names a file", "/* XPM */ static char* x[] = {\"100000 100000 1 1\",", {}},
         {"BMP of 2^31 pixels each way", claimedBmp, {}},
         {"SVG that names a file",
-         R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><image href="file:///etc/passwd"/></svg>)", {}},
+         R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><image href="file:///etc/passwd"/></svg>)",
+         {}},
         {"GIF without a picture", QByteArray("GIF89a\x05\x00\x05\x00\x00\x00\x00;", 14), {}},
     };
 }
