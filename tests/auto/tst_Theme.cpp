@@ -26,7 +26,8 @@ double Luminance(const QColor& colour)
 
 double Contrast(const QColor& a, const QColor& b)
 {
-    const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+    // A list: of two values std::minmax() would return references to what is gone.
+    const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
     return (light + 0.05) / (dark + 0.05);
 }
 
