@@ -43,7 +43,7 @@ public:
     /// The same for the content of a file.
     static std::optional<VenueModel> Parse(const QByteArray& content, QString* error = nullptr);
 
-    static constexpr qint64 c_maximumSize = qint64 {4} * 1024 * 1024; ///< largest file in bytes
+    static constexpr qint64 c_maximumSize = qint64{4} * 1024 * 1024; ///< largest file in bytes
     static constexpr int c_maximumPoints = 20000; ///< corners and rigging points of one file together
     static constexpr double c_maximumPosition = 10000.0; ///< largest distance from the origin along an axis
     static constexpr double c_maximumLoad = 1.0e6; ///< largest load of a point in kilograms

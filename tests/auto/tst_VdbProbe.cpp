@@ -440,8 +440,8 @@ private:
              {"http_proxy", "https_proxy", "all_proxy", "no_proxy", "HTTP_PROXY", "HTTPS_PROXY", "ALL_PROXY",
               "NO_PROXY", "QT_LOGGING_RULES", "QT_LOGGING_CONF"})
             environment.remove(QString::fromLatin1(name));
-        // A sanitized probe: what OpenSSL keeps for Qt's network thread, which may still run at the end, looks like
-        // leaks in some runs. The module's own leaks show in the tests that link it.
+        // A sanitized probe: what OpenSSL keeps for Qt's network thread, which may still run at the end,
+        // looks like leaks in some runs. The module's own leaks show in the tests that link it.
         environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s);
         return environment;
     }

@@ -4,8 +4,8 @@
 
 namespace korvel::Test {
 
-/// Collects what is written to the module's logging categories, "vdb" and "vdb.trace", for as long as it lives;
-/// messages of other categories go on to the test's own log. One at a time.
+/// Collects what is written to the module's logging categories, "vdb" and "vdb.trace", for as long as it
+/// lives; messages of other categories go on to the test's own log. One at a time.
 class VdbMessages
 {
 public:
