@@ -1,0 +1,2 @@
+
+#include "moc_RequestTracer_p.cpp"

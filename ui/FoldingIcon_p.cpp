@@ -1,0 +1,2 @@
+
+#include "moc_FoldingIcon_p.cpp"
