@@ -88,3 +88,5 @@ void RequestTracer::OnFinished()
 }
 
 } // namespace korvel::Data::VenueDatabase
+
+#include "moc_RequestTracer_p.cpp"

@@ -148,3 +148,5 @@ void FoldingIcon::paintEvent(QPaintEvent* event)
 }
 
 } // namespace korvel::Ui::VenueDatabase
+
+#include "moc_FoldingIcon_p.cpp"

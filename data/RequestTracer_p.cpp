@@ -1,2 +1,0 @@
-
-#include "moc_RequestTracer_p.cpp"

@@ -1,2 +1,0 @@
-
-#include "moc_FoldingIcon_p.cpp"
