@@ -18,6 +18,7 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTextOption>
 #include <QVBoxLayout>
 
 namespace korvel::Ui::VenueDatabase {
@@ -72,6 +73,29 @@ void ShowText(QLineEdit* lineEdit, const QString& text)
     lineEdit->setCursorPosition(0);
 }
 
+/// Whether \p text has a word of more characters than any word has.
+bool HasEndlessWord(const QString& text)
+{
+    constexpr qsizetype c_longestWord = 1000;
+    qsizetype length = 0;
+    for (const QChar character : text) {
+        length = character.isSpace() ? 0 : length + 1;
+        if (length > c_longestWord)
+            return true;
+    }
+    return false;
+}
+
+void ShowText(QTextEdit* textEdit, const QString& text)
+{
+    // For each line of a word that does not fit into one Qt looks for the end of the word again, which takes
+    // minutes for a megabyte without a blank. The old text goes first: the mode lays it out once more.
+    textEdit->clear();
+    textEdit->setWordWrapMode(HasEndlessWord(text) ? QTextOption::WrapAnywhere
+                                                   : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    textEdit->setPlainText(text);
+}
+
 void ClearSelection(QTextEdit* textEdit)
 {
     // Handing the cursor back scrolls to it, that is to the end of the text.
@@ -102,15 +126,14 @@ void VenueDetailsWidget::UpdateUi(Venue* venue, QList<Picture>* pictures, QList<
     ShowText(m_idLineEdit, QString::number(venue->GetId()));
     ShowText(m_complexNameLineEdit, venue->GetComplexName());
     ShowText(m_venueRoomNameLineEdit, venue->GetVenueRoomName());
-    m_generalCommentTextEdit->setPlainText(venue->GetGeneralComment());
+    ShowText(m_generalCommentTextEdit, venue->GetGeneralComment());
     // The lines of the address are joined by this literal text.
-    m_addressTextEdit->setPlainText(
-        venue->GetAddressText().replace(QLatin1String("<br/>"), QLatin1String("\n")));
-    m_locationCommentTextEdit->setPlainText(venue->GetLocationComment());
+    ShowText(m_addressTextEdit, venue->GetAddressText().replace(QLatin1String("<br/>"), QLatin1String("\n")));
+    ShowText(m_locationCommentTextEdit, venue->GetLocationComment());
     ShowText(m_loadDockStreetAddressLineEdit, venue->GetLoadDockStreetAddress());
-    m_loadDockCommentTextEdit->setPlainText(venue->GetLoadDockComment());
+    ShowText(m_loadDockCommentTextEdit, venue->GetLoadDockComment());
     ShowText(m_clearingOfHouseGridLineEdit, venue->GetClearingOfHouseGrid());
-    m_riggingCommentTextEdit->setPlainText(venue->GetRiggingComment());
+    ShowText(m_riggingCommentTextEdit, venue->GetRiggingComment());
     ShowText(m_uploadDateLineEdit, venue->GetUploadDateAsString());
     ShowText(m_editorLineEdit, QString::number(venue->GetEditor()));
     ShowText(m_editDateLineEdit, venue->GetEditDateAsString());
