@@ -10,9 +10,9 @@ namespace korvel::Bench {
 /// What a timing counts.
 enum class Clock
 {
-    Thread, ///< the time that this thread had a processor: what other programs do to the machine hardly shows
-    Process, ///< the same for all threads together: for painting, which Qt divides among several
-    Wall, ///< the time that passes: for what waits or runs in several threads or programs
+    Thread = 0, ///< the time that this thread had a processor: what other programs do to the machine hardly shows
+    Process = 1, ///< the same for all threads together: for painting, which Qt divides among several
+    Wall = 2, ///< the time that passes: for what waits or runs in several threads or programs
 };
 
 /// Nanoseconds on \p clock since some fixed moment.

@@ -28,7 +28,7 @@ namespace {
 constexpr int c_timeout = 30000;
 constexpr QSize c_tableSize(1062, 600);
 
-/// The table as the search panel shows it, sorted by its first column until the user clicks a header.
+/// The table as the search panel shows it, in the order of the list until the user clicks a header.
 struct Table
 {
     VenueTableModel model;
@@ -91,7 +91,7 @@ Times Search()
     table.model.SetVenueData(venues);
     table.proxy.setSourceModel(&table.model);
     table.view.setModel(&table.proxy);
-    // The proxy sorts when it is first asked.
+    // The proxy maps the rows when it is first asked.
     table.proxy.rowCount();
     reach(Modelled);
     table.view.horizontalHeader()->setStretchLastSection(true);

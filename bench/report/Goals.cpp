@@ -83,11 +83,15 @@ void AddTableGoals(QList<Goal>& goals)
                       QStringLiteral("SortTable/%1/1").arg(count), c_figure, Judgement::TimesFaster, 6, 6,
                       QStringLiteral("x faster")});
     }
-    goals.append({QStringLiteral("6"), QStringLiteral("sort by the id, as shown first, 10,000"),
+    goals.append({QStringLiteral("6"), QStringLiteral("sort by the id, a hidden column, 10,000"),
                   QStringLiteral("SortTable/10000/0"), c_figure, Judgement::Note, 0, -1,
                   QStringLiteral("x faster")});
-    goals.append({QStringLiteral("7"), QStringLiteral("country list of 100,000 venues against the literal"),
-                  QStringLiteral("CountryList/100000"), c_figure, Judgement::TimesFaster, 3, 3,
+    goals.append({QStringLiteral("7"),
+                  QStringLiteral("country list of 100,000 venues, 12 countries, against the literal"),
+                  QStringLiteral("CountryList/100000/0"), c_figure, Judgement::TimesFaster, 3, 3,
+                  QStringLiteral("x faster")});
+    goals.append({QStringLiteral("7"), QStringLiteral("the same, 60 countries"),
+                  QStringLiteral("CountryList/100000/60"), c_figure, Judgement::TimesFaster, 3, 3,
                   QStringLiteral("x faster")});
 }
 
