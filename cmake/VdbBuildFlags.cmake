@@ -9,6 +9,11 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override>
     $<$<BOOL:${KVVENUEDATABASE_WERROR}>:-Werror>)
+elseif(MSVC)
+  # The standard's rules and UTF-8, as the other compilers have them by themselves.
+  target_compile_options(vdbBuildFlags INTERFACE
+    /W4 /permissive- /utf-8 /Zc:__cplusplus
+    $<$<BOOL:${KVVENUEDATABASE_WERROR}>:/WX>)
 endif()
 if(KVVENUEDATABASE_SANITIZE)
   target_compile_options(vdbBuildFlags INTERFACE

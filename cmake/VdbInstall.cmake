@@ -1,14 +1,15 @@
-# What `cmake --install` puts into place: the library, its public headers and the package that find_package() reads.
+# What `cmake --install` puts into place. Runtime is what a running host needs, Development what its build needs besides:
+# the public headers, the package that find_package() reads, and vdbprobe.
 include(CMakePackageConfigHelpers)
 
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/kvVenueDatabase)
 
 install(TARGETS kvVenueDatabase EXPORT kvVenueDatabaseTargets
-  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvVenueDatabase)
-install(EXPORT kvVenueDatabaseTargets NAMESPACE kvVenueDatabase:: DESTINATION ${packageDir})
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development
+  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvVenueDatabase COMPONENT Development)
+install(EXPORT kvVenueDatabaseTargets NAMESPACE kvVenueDatabase:: DESTINATION ${packageDir} COMPONENT Development)
 
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/kvVenueDatabaseConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabaseConfig.cmake
@@ -19,7 +20,7 @@ write_basic_package_version_file(
 install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabaseConfig.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabaseConfigVersion.cmake
-  DESTINATION ${packageDir})
+  DESTINATION ${packageDir} COMPONENT Development)
 
 # Diagnosis: which logging categories there are, and the program that asks a server step by step.
 install(FILES ${PROJECT_SOURCE_DIR}/resources/vdb.categories

@@ -9,6 +9,10 @@ set_target_properties(kvVenueDatabase PROPERTIES
   AUTOMOC OFF
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR}
+  # Debug and release stand side by side in one folder; where they must not be mixed (Windows), a host gets its own.
+  DEBUG_POSTFIX d
+  # "@rpath/...": the host says where it keeps us.
+  MACOSX_RPATH ON
   VERIFY_INTERFACE_HEADER_SETS ON)
 target_compile_features(kvVenueDatabase PUBLIC cxx_std_20)
 target_link_libraries(kvVenueDatabase PUBLIC Qt6::Core Qt6::Network Qt6::Positioning Qt6::Gui Qt6::Widgets)
