@@ -21,6 +21,16 @@ class CountryCodeTranslator;
 /// Each query runs a nested event loop that holds back user input. It ends early, with its failure result,
 /// when the application quits or when the connector is deleted meanwhile, which is allowed. Texts and bytes
 /// of the server are handed on unchecked. User-interface thread only.
+///
+/// @code{.cpp}
+/// ConnectorJsonRest connector;
+/// QList<Venue> venues;
+/// if (connector.FindVenueEntries({{QStringLiteral("address.locality"), QStringLiteral("paris")}}, venues)
+///     == Ok) {
+///     for (const Venue& venue : std::as_const(venues))
+///         qInfo() << venue.GetId() << venue.GetComplexName() << venue.GetCountry();
+/// }
+/// @endcode
 class KVVENUEDATABASE_API ConnectorJsonRest : public QObject, public Connector_Interface
 {
     Q_OBJECT
@@ -28,18 +38,26 @@ class KVVENUEDATABASE_API ConnectorJsonRest : public QObject, public Connector_I
     Q_PROPERTY(QString serverAddress READ GetServerAddress WRITE SetServerAddress)
 
 public:
+    /// A connector with a network access manager of its own. Nothing is sent before the first query.
     explicit ConnectorJsonRest(QObject* parent = nullptr);
+    /// Ends a running query with its failure result. Replies that callers still hold go with the manager.
     ~ConnectorJsonRest() override;
 
+    /// Stores \p serverAddress for GetServerAddress() and does nothing else.
     void SetServerAddress(const QString& serverAddress);
     /// What SetServerAddress() stored; empty at first.
     QString GetServerAddress() const;
 
+    /// One GET with a CONTAINS condition for each of \p filters, the paths in lower case. The server compares,
+    /// without regard to case. The venues come in the reverse order of the reply, editors included.
     ResultStatus FindVenueEntries(QList<std::pair<QString, QString>> filters, QList<Venue>& venues) override;
     /// Answers with an empty list at once; this server tells nothing of its users.
     QList<User> FindUserEntries(QList<std::pair<QString, QString>> filters) override;
+    /// One GET for the list, then one for each picture, one after another. Waits up to 30000 ms for each.
     QList<Picture> GetPictureEntries(qint64 venueId) override;
+    /// One GET for the list, then one for each file, one after another. Waits up to 30000 ms for each.
     QList<TsFile> GetTSFileEntries(qint64 venueId) override;
+    /// One GET; the media type decides whether it is an image, not the status.
     QByteArray GetPictureBinaryData(const QString& url) override;
 
     /// Sends a GET for \p path on the built-in host with the pairs of \p query in their order. The reply is a

@@ -31,16 +31,29 @@ enum ResultStatus
 /// Operations are synchronous and may run a nested event loop while they wait, so anything can happen
 /// meanwhile, the deletion of the connector or of the caller included: a caller checks what it holds
 /// afterwards. Failures are return values; no operation throws. User-interface thread only.
+///
+/// The search panel takes any implementation, for example one that reads a local file:
+/// @code{.cpp}
+/// LocalConnector connector; // outlives the panel's use of it
+/// VenueDbCentralWidget panel;
+/// panel.SetConnector(&connector);
+/// panel.PerformQuery();
+/// @endcode
 class KVVENUEDATABASE_API Connector_Interface
 {
 public:
+    /// For implementations; the interface has no state.
     Connector_Interface() = default;
+    /// Copies nothing: there is no state.
     Connector_Interface(const Connector_Interface& other) = default;
+    /// Assigns nothing: there is no state.
     Connector_Interface& operator=(const Connector_Interface& other) = default;
+    /// Connectors are deleted through this class by whoever created them.
     virtual ~Connector_Interface();
 
     /// Searches the venues that match every one of \p filters, pairs of attribute path and text to look for;
-    /// no filter finds all. \p venues is replaced on Ok and left exactly as it was otherwise.
+    /// no filter finds all. Paths are those of the server, for
+    /// example "title", "venue_room_name", "address.locality" and "address.country_code". \p venues is replaced on Ok and left exactly as it was otherwise.
     virtual ResultStatus FindVenueEntries(QList<std::pair<QString, QString>> filters, QList<Venue>& venues)
         = 0;
     /// The user accounts that match \p filters.

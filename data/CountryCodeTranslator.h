@@ -14,6 +14,12 @@ namespace korvel::Data::VenueDatabase {
 ///
 /// 245 rows, each code and each name once, filled at construction and never changed: reading is safe in any
 /// thread. Look-ups are exact and case-sensitive. The names are data, not translated.
+///
+/// @code{.cpp}
+/// const CountryCodeTranslator countries;
+/// countries.GetCountry(QStringLiteral("CH")); // "Switzerland"
+/// countries.GetCountryCode(QStringLiteral("Japan")); // "JP"
+/// @endcode
 class KVVENUEDATABASE_API CountryCodeTranslator : public QObject
 {
     Q_OBJECT
@@ -21,6 +27,7 @@ class KVVENUEDATABASE_API CountryCodeTranslator : public QObject
 public:
     /// A filled translator without a parent; the creator deletes it.
     CountryCodeTranslator();
+    /// Releases both maps; lists that were handed out stay.
     ~CountryCodeTranslator() override;
 
     /// Fills both maps. The constructor has done so already; a further call changes nothing.

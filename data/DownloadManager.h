@@ -18,12 +18,21 @@ namespace korvel::Data::VenueDatabase {
 /// Requests are independent: no queue, no deduplication, no time-out, no cancellation; the same URL asked
 /// twice is fetched twice. User-interface thread only. Destroying the manager ends its running requests
 /// silently.
+///
+/// @code{.cpp}
+/// auto* downloads = new DownloadManager(&window);
+/// QObject::connect(downloads, &DownloadManager::PictureBinaryDataFinished, &window,
+///                  [&window](const QUrl&, const QByteArray& buffer) { ShowPicture(window, buffer); });
+/// downloads->RequestPictureBinaryData(url);
+/// @endcode
 class KVVENUEDATABASE_API DownloadManager : public QObject
 {
     Q_OBJECT
 
 public:
+    /// A manager with a network access manager of its own; nothing is sent yet.
     explicit DownloadManager(QObject* parent = nullptr);
+    /// Ends running requests without a signal.
     ~DownloadManager() override;
 
     /// Does nothing; kept for callers that wire every object the same way.

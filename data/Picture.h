@@ -18,23 +18,35 @@ class KVVENUEDATABASE_API Picture
 public:
     /// An empty picture: id -1, no texts, no bytes.
     Picture() = default;
+    /// Copies memberwise.
     Picture(const Picture& other) = default;
+    /// Moves memberwise; \p other can only be assigned to or destroyed afterwards.
     Picture(Picture&& other) noexcept = default;
+    /// Assigns memberwise.
     Picture& operator=(const Picture& other) = default;
+    /// Moves memberwise; \p other can only be assigned to or destroyed afterwards.
     Picture& operator=(Picture&& other) noexcept = default;
+    /// Holds nothing but values.
     ~Picture() = default;
 
     /// Entity id; the connector stores the id of the venue here. -1 means none.
     qint64 GetId() const;
+    /// The picture's name on the server; the viewer suggests it as the name of the saved file.
     QString GetPictureName() const;
     /// URL of the picture as the server lists it.
     QString GetPictureUrl() const;
+    /// Full URL of the small rendition; empty when there is none.
     QString GetPictureUrlSmall() const;
+    /// Full URL of the medium rendition; empty when there is none.
     QString GetPictureUrlMedium() const;
+    /// Full URL of the large rendition; empty when there is none.
     QString GetPictureUrlLarge() const;
-    /// Encoded image bytes; empty until they are downloaded.
+    /// Encoded bytes of the small rendition; empty until they are downloaded. The connector stores here what
+    /// it fetched, of whichever rendition was the smallest that the server named.
     QByteArray GetPictureDataSmall() const;
+    /// Encoded bytes of the medium rendition; empty until they are downloaded.
     QByteArray GetPictureDataMedium() const;
+    /// Encoded bytes of the large rendition; empty until they are downloaded.
     QByteArray GetPictureDataLarge() const;
     /// What the picture shows, for captions and for people who cannot see it.
     QString GetAlternativeDescription() const;
@@ -43,16 +55,27 @@ public:
     /// Number of columns, 5.
     qint64 Size() const;
 
+    /// See GetId().
     void SetId(qint64 id);
+    /// See GetPictureName().
     void SetPictureName(const QString& pictureName);
+    /// See GetPictureUrl(); the renditions keep theirs.
     void SetPictureUrl(const QString& url);
+    /// See GetPictureUrlSmall(); the bytes stay.
     void SetPictureUrlSmall(const QString& url);
+    /// See GetPictureUrlMedium(); the bytes stay.
     void SetPictureUrlMedium(const QString& url);
+    /// See GetPictureUrlLarge(); the bytes stay.
     void SetPictureUrlLarge(const QString& url);
+    /// Keeps \p data (shared), whether it decodes or not; empty means not downloaded.
     void SetPictureDataSmall(const QByteArray& data);
+    /// Keeps \p data (shared), whether it decodes or not; empty means not downloaded.
     void SetPictureDataMedium(const QByteArray& data);
+    /// Keeps \p data (shared), whether it decodes or not; empty means not downloaded.
     void SetPictureDataLarge(const QByteArray& data);
+    /// See GetAlternativeDescription().
     void SetAlternativeDescription(const QString& description);
+    /// Stores the text as it is.
     void SetUploadDate(const QString& uploadDate);
 
     /// The first of large, medium and small data that is not empty; empty when none has been downloaded.

@@ -14,6 +14,11 @@ namespace korvel::Data::VenueDatabase {
 ///
 /// A value: copies share the temporary file of their source and see it vanish together. The bytes are handed
 /// on as the server sent them, unchecked.
+///
+/// @code{.cpp}
+/// if (file.CopyToTempFolder())
+///     ImportModel(file.GetTempPath());
+/// @endcode
 class KVVENUEDATABASE_API TsFile
 {
 public:
@@ -21,16 +26,22 @@ public:
     TsFile() = default;
     /// Copies everything from \p other, which must not be null, but starts without a temporary file.
     explicit TsFile(TsFile* other);
+    /// Copies memberwise; the copy shares the temporary file.
     TsFile(const TsFile& other) = default;
+    /// Moves memberwise; \p other can only be assigned to or destroyed afterwards.
     TsFile(TsFile&& other) noexcept = default;
+    /// Assigns memberwise; the temporary file is shared with \p other, and the one held before stays on disk.
     TsFile& operator=(const TsFile& other) = default;
+    /// Moves memberwise; \p other can only be assigned to or destroyed afterwards.
     TsFile& operator=(TsFile&& other) noexcept = default;
     /// Leaves the temporary file alone: the host may still be reading it.
     ~TsFile() = default;
 
     /// Entity id; the connector stores the id of the venue here. -1 means none.
     qint64 GetId() const;
+    /// Name as the server gives it; may hold anything, path separators included.
     QString GetFileName() const;
+    /// The contents; empty when the download failed.
     QByteArray GetFileData() const;
     /// Version of the host application that wrote the file.
     QString GetTsVersion() const;
@@ -39,10 +50,15 @@ public:
     /// Number of columns, 5.
     qint64 Size() const;
 
+    /// See GetId().
     void SetId(qint64 id);
+    /// See GetFileName(). Does not change \p fileName.
     void SetFileName(QString& fileName);
+    /// See GetFileData(). Does not change \p fileData; a temporary file keeps the bytes that it has.
     void SetFileData(QByteArray& fileData);
+    /// See GetTsVersion(). Does not change \p version.
     void SetTsVersion(QString& version);
+    /// Stores the text as it is. Does not change \p uploadDate.
     void SetUploadDate(QString& uploadDate);
 
     /// 0 id, 1 file name, 2 file data, 3 version, 4 upload date; otherwise an invalid variant.
@@ -50,13 +66,12 @@ public:
     /// The untranslated name of column \p index; empty where there is none.
     static QString GetLabelAt(qint64 index);
 
-    /// Writes the bytes into a new file "<application name>.<six random characters>-<file name>" directly in
+    /// User-interface thread only. Writes the bytes into a new file "<application name>.<six random characters>-<file name>" directly in
     /// QDir::tempPath(), after removing the temporary file that this record and its copies had before.
     ///
     /// True when every byte is on disk and GetTempPath() names the file. Otherwise false and nothing stays
     /// behind: no temporary folder, no space, or a file name that is no plain one (a path separator, NUL, "."
-    /// or
-    /// ".."). The file is removed by the next call or when the application ends.
+    /// or ".."). The file is removed by the next call or when the application ends.
     bool CopyToTempFolder();
     /// Full path of the temporary file; empty while there is none.
     QString GetTempPath() const;

@@ -15,6 +15,13 @@ namespace korvel::Data::VenueDatabase {
 /// A plain value: copied memberwise, its texts implicitly shared. Texts come from the server as they are and
 /// may hold anything, markup included; show them as plain text. A record can be used in any thread that owns
 /// it.
+///
+/// @code{.cpp}
+/// QStringList lines;
+/// for (int column = 0; column < Venue::Size(true); ++column)
+///     lines.append(Venue::GetLabelAt(column, true) + QStringLiteral(": ")
+///                  + venue.GetMinimizedDataAt(column).toString());
+/// @endcode
 class KVVENUEDATABASE_API Venue
 {
 public:
@@ -25,10 +32,15 @@ public:
 
     /// An empty venue: id and editor -1, empty texts, null dates, full column set.
     Venue() = default;
+    /// Copies memberwise.
     Venue(const Venue& other) = default;
+    /// Moves memberwise; \p other can only be assigned to or destroyed afterwards.
     Venue(Venue&& other) noexcept = default;
+    /// Assigns memberwise.
     Venue& operator=(const Venue& other) = default;
+    /// Moves memberwise; \p other can only be assigned to or destroyed afterwards.
     Venue& operator=(Venue&& other) noexcept = default;
+    /// Holds nothing but values.
     ~Venue() = default;
 
     /// The venue's entity id on the server; -1 means none.
@@ -37,21 +49,27 @@ public:
     QString GetComplexName() const;
     /// Name of the hall or room inside the complex.
     QString GetVenueRoomName() const;
+    /// What the editors say of the venue as a whole.
     QString GetGeneralComment() const;
     /// Street, postal code, city, country code and country name.
     QGeoAddress GetAddress() const;
     /// The whole address as QGeoAddress::text() formats it for its country: lines joined by the literal text
     /// "<br/>", nothing escaped.
     QString GetAddressText() const;
+    /// The city of the address.
     QString GetCity() const;
     /// The country's name, not its code; empty until SetCountry().
     QString GetCountry() const;
+    /// What to know on the way to the venue.
     QString GetLocationComment() const;
+    /// Address of the loading dock where it differs from that of the venue.
     QString GetLoadDockStreetAddress() const;
+    /// What to know at the loading dock.
     QString GetLoadDockComment() const;
     /// Clearance of the house rigging grid or beams above the venue floor in metres, as the text that was
     /// entered.
     QString GetClearingOfHouseGrid() const;
+    /// Specialties and restrictions of the rigging.
     QString GetRiggingComment() const;
     /// Date on which the venue was created on the server; null when unknown.
     QDate GetUploadDate() const;
@@ -64,26 +82,41 @@ public:
     /// The edit date in the system locale's short format; empty for a null date.
     QString GetEditDateAsString() const;
 
+    /// See GetId().
     void SetId(qint64 id);
+    /// See GetComplexName().
     void SetComplexName(const QString& complexName);
+    /// See GetVenueRoomName().
     void SetVenueRoomName(const QString& venueRoomName);
+    /// See GetGeneralComment().
     void SetGeneralComment(const QString& generalComment);
     /// Replaces the whole address.
     void SetAddress(const QGeoAddress& address);
+    /// Sets the street of the address; its other parts stay.
     void SetStreetAddress(const QString& streetAddress);
+    /// Sets the postal code of the address; its other parts stay.
     void SetPostalCode(const QString& postalCode);
+    /// Sets the city of the address; its other parts stay.
     void SetCity(const QString& city);
     /// Sets the code only; the country name stays as it is.
     void SetCountryCode(const QString& countryCode);
     /// Sets the country's name only.
     void SetCountry(const QString& country);
+    /// See GetLocationComment().
     void SetLocationComment(const QString& locationComment);
+    /// See GetLoadDockStreetAddress().
     void SetLoadDockStreetAddress(const QString& streetAddress);
+    /// See GetLoadDockComment().
     void SetLoadDockComment(const QString& comment);
+    /// See GetClearingOfHouseGrid(); any text, metres by meaning.
     void SetClearingOfHouseGrid(const QString& clearance);
+    /// See GetRiggingComment().
     void SetRiggingComment(const QString& comment);
+    /// See GetUploadDate(); a null date means unknown.
     void SetUploadDate(const QDate& uploadDate);
+    /// See GetEditor().
     void SetEditor(qint64 editor);
+    /// See GetEditDate(); a null date means unknown.
     void SetEditDate(const QDateTime& editDate);
     /// True makes GetDataAt() answer with the minimised column set, false (the default) with the full one.
     void SetMinimizedElementCount(bool minimized);

@@ -32,6 +32,14 @@ class PictureView;
 ///
 /// While a large rendition is fetched the application shows a wait cursor; the viewer takes back only the
 /// cursors that it set, and all of them when it hides or dies. User-interface thread only.
+///
+/// @code{.cpp}
+/// auto* viewer = new PictureFullscreenDialog(&window);
+/// viewer->SetDayMode(true);
+/// viewer->SetPictures(&pictures); // keeps a copy
+/// viewer->Open();
+/// viewer->SetPicturesIndex(0);
+/// @endcode
 class KVVENUEDATABASE_API PictureFullscreenDialog : public VenueDbDialogBase
 {
     Q_OBJECT
@@ -39,6 +47,7 @@ class KVVENUEDATABASE_API PictureFullscreenDialog : public VenueDbDialogBase
 public:
     /// Builds the viewer in the dark theme, without pictures. \p parent owns it.
     explicit PictureFullscreenDialog(QWidget* parent = nullptr);
+    /// Takes back the wait cursors that it set; running downloads end silently.
     ~PictureFullscreenDialog() override;
 
     /// Takes a shared copy of the list, in which it will keep the large renditions that it fetches. No
@@ -89,11 +98,18 @@ Q_SIGNALS:
     void FitViewAfterOpen();
 
 protected:
+    /// Watches the application: the viewer hides before it quits, so that it does not call the quit off.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// The keys of the class description, besides what the frame and QDialog make of them. May run a nested
+    /// event loop.
     void keyPressEvent(QKeyEvent* event) override;
+    /// Fits the picture when maximised and places the buttons and the caption again.
     void resizeEvent(QResizeEvent* event) override;
+    /// Places the buttons and the caption.
     void showEvent(QShowEvent* event) override;
+    /// Takes back the wait cursors of running downloads.
     void hideEvent(QHideEvent* event) override;
+    /// Hides the viewer and ignores the event.
     void closeEvent(QCloseEvent* event) override;
 
 private:

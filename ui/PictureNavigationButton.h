@@ -11,6 +11,13 @@ namespace korvel::Ui::VenueDatabase {
 ///
 /// It reports the press itself: it never looks pressed and a mouse never makes it emit clicked(). Space and a
 /// screen reader's press do, and navigate as well. A ring shows a focus that did not come by the mouse.
+///
+/// @code{.cpp}
+/// auto* next = new PictureNavigationButton(1, picture);
+/// QObject::connect(next, &PictureNavigationButton::PictureNavigationClicked, picture,
+///                  [picture](int direction) { Step(picture, direction); });
+/// next->AdjustToParent(0);
+/// @endcode
 class KVVENUEDATABASE_API PictureNavigationButton : public QPushButton
 {
     Q_OBJECT
@@ -19,6 +26,7 @@ public:
     /// \p direction is -1 for the left edge (previous) or +1 for the right one (next). Any other value gives
     /// a disc without chevron that does not place itself.
     explicit PictureNavigationButton(int direction, QWidget* parent = nullptr);
+    /// Emits nothing.
     ~PictureNavigationButton() override;
 
     /// True: the light theme (dark disc, white chevron). Initially false.
@@ -33,9 +41,13 @@ Q_SIGNALS:
     void PictureNavigationClicked(int direction);
 
 protected:
+    /// Follows hover and focus itself; the button classes' own handling is left out.
     bool event(QEvent* event) override;
+    /// Emits PictureNavigationClicked() at once, for every mouse button.
     void mousePressEvent(QMouseEvent* event) override;
+    /// Draws the disc, opaque while hovered and half transparent otherwise, the chevron and the focus ring.
     void paintEvent(QPaintEvent* event) override;
+    /// The same as AdjustToParent() without offset.
     void resizeEvent(QResizeEvent* event) override;
 
 private:

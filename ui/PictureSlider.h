@@ -23,6 +23,14 @@ class PictureNavigationButton;
 /// with buttons for the previous, the next and the full-screen view and with a caption.
 ///
 /// It fetches nothing itself. It owns the full-screen viewer, which it creates once and hands every list.
+/// Bytes that do not decode show "Image failure". User-interface thread only.
+///
+/// @code{.cpp}
+/// auto* slider = new PictureSlider(&window);
+/// slider->SetDayMode(true);
+/// slider->UpdateUi(&pictures); // keeps a copy; shows the first
+/// slider->ShowVenuePic(1); // the second
+/// @endcode
 class KVVENUEDATABASE_API PictureSlider : public QWidget
 {
     Q_OBJECT
@@ -30,6 +38,7 @@ class KVVENUEDATABASE_API PictureSlider : public QWidget
 public:
     /// Builds the slider in the dark theme, without pictures and with the caption "-/0".
     explicit PictureSlider(QWidget* parent = nullptr);
+    /// The viewer goes with the slider, also while it is open.
     ~PictureSlider() override;
 
     /// Takes a shared copy of the list and shows its first picture; "No Image" for an empty list. Null keeps
@@ -48,14 +57,20 @@ public:
     void SetFullscreenIconStyle();
 
 public Q_SLOTS:
+    /// The same as ShowVenuePic().
     void OnPictureNavigationRequested(int direction);
-    /// Opens the viewer on the current picture.
+    /// Opens the viewer on the current picture. Returns at once: the viewer is modal without an event loop of
+    /// its own.
     void ShowFullScreen();
 
 protected:
+    /// Follows the focus of the full-screen button, for its ring.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// Ends the hover of the full-screen button.
     void leaveEvent(QEvent* event) override;
+    /// Follows the hover of the full-screen button.
     void mouseMoveEvent(QMouseEvent* event) override;
+    /// Draws the picture in the middle, the band behind the caption, and the text where there is no picture.
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -11,6 +11,14 @@ namespace korvel::Ui::VenueDatabase {
 ///
 /// It shows the scene that it is given and treats the scene rectangle as the picture: its size in scene units
 /// is the picture's natural size. Every key also reaches the parent, which steps through the pictures.
+/// User-interface thread only.
+///
+/// @code{.cpp}
+/// auto* view = new PictureView(&window);
+/// view->setScene(scene); // stays the caller's
+/// view->FitPictureInView();
+/// view->ZoomBy(PictureView::c_zoomStep);
+/// @endcode
 class KVVENUEDATABASE_API PictureView : public QGraphicsView
 {
     Q_OBJECT
@@ -21,6 +29,7 @@ public:
 
     /// Starts with the dark theme's background and without a scene.
     explicit PictureView(QWidget* parent = nullptr);
+    /// The scene stays.
     ~PictureView() override;
 
     /// True: the light theme's background.
@@ -34,8 +43,11 @@ public:
     void FitPictureInView();
 
 protected:
+    /// Pans while the left button is held; the parent sees the event as well.
     void mouseMoveEvent(QMouseEvent* event) override;
+    /// Zooms without a modifier, scrolls with Control, scrolls sideways with Shift; anything else does nothing.
     void wheelEvent(QWheelEvent* event) override;
+    /// Scrolls by the arrow keys; Page Up and Page Down go to the parent alone, every other key as well.
     void keyPressEvent(QKeyEvent* event) override;
 };
 

@@ -21,11 +21,20 @@ namespace korvel::Ui::VenueDatabase {
 ///
 /// After a request the whole row is disabled until the host has answered through
 /// VenueDbSignalHandler::VenueLoaded(). Asks the server for nothing. User-interface thread only.
+///
+/// @code{.cpp}
+/// auto* opener = new TsFileOpener(&window);
+/// opener->UpdateUi(&files); // keeps a copy
+/// QObject::connect(opener, &TsFileOpener::ImportVenueFromTempFileRequest, &window, [](const QString& path) {
+///     Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(ImportModel(path));
+/// });
+/// @endcode
 class KVVENUEDATABASE_API TsFileOpener : public QWidget
 {
     Q_OBJECT
 
 public:
+    /// An empty row, wired to the signal hub, with its import button disabled.
     explicit TsFileOpener(QWidget* parent = nullptr);
     /// Temporary files stay: the host may still be reading them.
     ~TsFileOpener() override;
@@ -54,6 +63,7 @@ Q_SIGNALS:
     void ImportVenueFromTempFileRequest(QString pathToFile);
 
 protected:
+    /// Draws the background of the style sheet.
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -27,6 +27,13 @@ class VenueDetailsWidget;
 /// destruction of this widget included, with one exception: while the details of a row load, Qt's own view
 /// code is on the stack, so the widget must not be deleted directly then; see IsLoadingDetails().
 /// User-interface thread only.
+///
+/// @code{.cpp}
+/// VenueDbCentralWidget panel;
+/// panel.SetConnector(&connector); // stays the caller's
+/// panel.show();
+/// panel.PerformQuery();
+/// @endcode
 class KVVENUEDATABASE_API VenueDbCentralWidget : public QWidget
 {
     Q_OBJECT
@@ -38,15 +45,19 @@ public:
     class KVVENUEDATABASE_API VenueSortFilterProxyModel : public QSortFilterProxyModel
     {
     public:
+        /// A proxy without a source model.
         explicit VenueSortFilterProxyModel(QObject* parent = nullptr);
+        /// The source model stays.
         ~VenueSortFilterProxyModel() override;
 
+        /// Whether \p left stands above \p right in ascending order.
         bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
     };
 
     /// Builds the complete widget. Progress is written into \p statusLabel, which stays the caller's and may
     /// be null.
     explicit VenueDbCentralWidget(QWidget* parent = nullptr, QLabel* statusLabel = nullptr);
+    /// Ends nothing by itself: a query that runs goes on with its connector, and its result is dropped.
     ~VenueDbCentralWidget() override;
 
     /// Uses \p connector for all further queries; it stays the caller's. Null is refused with false and
@@ -70,9 +81,12 @@ public:
     /// has returned.
     void DeleteAfterLoading(QObject* object);
 
-    /// Building steps, called by the constructor and by nobody else.
+    /// Builds search row, table and details panel; called once, by the constructor.
     void SetupUi();
+    /// Builds the row of search fields and returns its layout, which the caller owns; called once, by
+    /// SetupUi().
     QHBoxLayout* SetupSearchUi();
+    /// Wires buttons and the first search; called once, by the constructor.
     void ConnectSignals();
     /// Appends "--" and every known country to the country list.
     void PopulateUi();
@@ -86,6 +100,7 @@ Q_SIGNALS:
 protected:
     /// Aligns the table's columns with the search row above them.
     void ResizeColumns();
+    /// The same as ResizeColumns().
     void resizeEvent(QResizeEvent* event) override;
 
 private Q_SLOTS:

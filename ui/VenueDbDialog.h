@@ -21,6 +21,16 @@ class VenueDbCentralWidget;
 /// SetDayMode(), then Open() whenever the user asks for the venue database, and answers import requests with
 /// SetVenueLoaded(). Closing only hides the dialog; the host deletes it.
 ///
+/// @code{.cpp}
+/// auto* dialog = new VenueDbDialog(&mainWindow);
+/// QObject::connect(VenueDbSignalHandler::GetInstance(),
+///                  &VenueDbSignalHandler::ImportVenueFromTempFileRequest, dialog,
+///                  [dialog](const QString& path) { dialog->SetVenueLoaded(ImportModel(path)); });
+/// dialog->ConnectVdb(QStringLiteral("JSONREST"));
+/// dialog->SetDayMode(true);
+/// dialog->Open(mainWindow.screen());
+/// @endcode
+///
 /// All operations may be called at any moment in the user-interface thread, also while a query waits in its
 /// nested event loop. The dialog may be destroyed then, with one exception: while the details of a selected
 /// row load it must not be deleted directly. deleteLater() is always safe: it ends the load and takes effect
@@ -30,7 +40,8 @@ class KVVENUEDATABASE_API VenueDbDialog : public VenueDbDialogBase
     Q_OBJECT
 
 public:
-    /// Builds the hidden, not modal dialog. Nothing is sent to the server before Open().
+    /// Builds the hidden, not modal dialog, in the dark appearance. Nothing is sent to the server before
+    /// Open(). \p parent owns the dialog, which stays in front of it; without one its creator does.
     explicit VenueDbDialog(QWidget* parent = nullptr);
     /// Deletes the connector as well; a running query ends.
     ~VenueDbDialog() override;
@@ -61,7 +72,9 @@ Q_SIGNALS:
 protected:
     /// Hides the dialog and ignores the event.
     void closeEvent(QCloseEvent* event) override;
+    /// Puts off deleteLater() until the details of a row have been loaded, and ends that load.
     bool event(QEvent* event) override;
+    /// Watches the application: all windows of the module hide before it quits, so that none calls it off.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -20,6 +20,13 @@ namespace korvel::Ui::VenueDatabase {
 /// F1 and "Help" ask the host for help, Ctrl+B asks it for the other appearance, both through
 /// VenueDbSignalHandler; F1 works wherever in the dialog the focus is. Closing only hides the dialog: it
 /// keeps its state and can be shown again. User-interface thread only.
+///
+/// @code{.cpp}
+/// VenueDbDialogBase dialog;
+/// dialog.SetContentWidget(new QTextEdit(&dialog));
+/// dialog.SetStatusLabelText(QStringLiteral("Ready"));
+/// dialog.show();
+/// @endcode
 class KVVENUEDATABASE_API VenueDbDialogBase : public QDialog
 {
     Q_OBJECT
@@ -27,6 +34,7 @@ class KVVENUEDATABASE_API VenueDbDialogBase : public QDialog
 public:
     /// Builds the whole frame, without content. \p parent owns the dialog; without one its creator does.
     explicit VenueDbDialogBase(QWidget* parent = nullptr);
+    /// The content goes with the dialog.
     ~VenueDbDialogBase() override;
 
     /// The top-level layout: the content, if there is any, then the footer. Owned by the dialog.
@@ -53,6 +61,8 @@ Q_SIGNALS:
     void DayModeChangeRequested();
 
 protected:
+    /// Emits DayModeChangeRequested() for Ctrl+B, whatever other modifier is held; every other key is
+    /// QDialog's. The dialog may be deleted in answer to the signal.
     void keyPressEvent(QKeyEvent* event) override;
 
     /// Wires buttons, shortcut and signal hub; called once, by the constructor.

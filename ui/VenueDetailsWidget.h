@@ -31,6 +31,13 @@ class TsFileOpener;
 /// Texts come from the server and are shown as plain text. The four folding icons
 /// ":/Resources/korvelFoldingWidget{Open,Closed}{,_day}.svg" are the host's; without them the bar has none.
 /// User-interface thread only.
+///
+/// @code{.cpp}
+/// auto* details = new VenueDetailsWidget(&window);
+/// details->SetDayMode(true);
+/// details->UpdateUi(&venue, &pictures, &files);
+/// details->SetCollapsed(true);
+/// @endcode
 class KVVENUEDATABASE_API VenueDetailsWidget : public QWidget
 {
     Q_OBJECT
@@ -38,6 +45,7 @@ class KVVENUEDATABASE_API VenueDetailsWidget : public QWidget
 public:
     /// An empty, expanded panel, 516 pixels high, in the night appearance.
     explicit VenueDetailsWidget(QWidget* parent = nullptr);
+    /// Slider, viewer and opener go with the panel.
     ~VenueDetailsWidget() override;
 
     /// Fills the panel from \p venue and hands \p pictures to the slider and \p files, which must not be
@@ -55,6 +63,7 @@ public:
     void UpdateCollapseIcon();
 
 protected:
+    /// Folds by a click on the icon; selects the text of a field that gets the focus, until it loses it.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -17,6 +17,13 @@ class VenueSortKeys;
 ///
 /// Cells are unformatted values, dates included; texts come from the server as they are. Answers no role but
 /// Qt::DisplayRole. User-interface thread only.
+///
+/// @code{.cpp}
+/// VenueTableModel model;
+/// model.SetVenueData(venues);
+/// Venue second;
+/// model.GetSingleVenueData(model.index(1, 0), &second);
+/// @endcode
 class KVVENUEDATABASE_API VenueTableModel : public QAbstractTableModel
 {
     // Deliberate: no Q_OBJECT; the model adds no signal, slot or property.
@@ -24,6 +31,7 @@ class KVVENUEDATABASE_API VenueTableModel : public QAbstractTableModel
 public:
     /// An empty model without parent; its creator deletes it.
     VenueTableModel();
+    /// Views that still show the model show nothing afterwards.
     ~VenueTableModel() override;
 
     /// Replaces all rows by \p venues: a model reset.

@@ -1,0 +1,360 @@
+#include <support/MessageGuard.h>
+
+#include <ui/VenueDbDialog.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+
+using korvel::Test::FailOnUnexpectedWarnings;
+
+namespace {
+
+/// A piece of code in a document, or a source's text that a document may show.
+struct Code
+{
+    QString place;
+    QString text;
+};
+
+QString SourcePath(const QString& path)
+{
+    return QStringLiteral(VDB_SOURCE_DIR "/") + path;
+}
+
+QString ReadText(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("Cannot read %s", qPrintable(path));
+    return QString::fromUtf8(file.readAll());
+}
+
+/// The files of \p folder below the source folder that \p filters match, relative to the source folder.
+QStringList Files(const QString& folder, const QStringList& filters, bool isRecursive = false)
+{
+    QStringList files;
+    QDirIterator entries(SourcePath(folder), filters, QDir::Files,
+                         isRecursive ? QDirIterator::Subdirectories : QDirIterator::NoIteratorFlags);
+    while (entries.hasNext())
+        files.append(QDir(SourcePath(QString())).relativeFilePath(entries.next()));
+    files.sort();
+    return files;
+}
+
+QStringList Documents()
+{
+    return Files(QString(), {QStringLiteral("*.md")})
+        + Files(QStringLiteral("docs"), {QStringLiteral("*.md")});
+}
+
+QStringList PublicHeaders()
+{
+    QStringList headers;
+    for (const QString& folder : {QStringLiteral("data"), QStringLiteral("ui")})
+        headers.append(Files(folder, {QStringLiteral("*.h")}));
+    headers.removeIf([](const QString& header) { return header.endsWith(QStringLiteral("_p.h")); });
+    return headers;
+}
+
+/// \p lines as one text, without the blanks that all of them begin with.
+QString WithoutIndent(const QStringList& lines)
+{
+    qsizetype indent = -1;
+    for (const QString& line : lines) {
+        const qsizetype own = line.size() - QStringView(line).trimmed().size();
+        if (!line.isEmpty() && (indent < 0 || own < indent))
+            indent = own;
+    }
+    QString text;
+    for (const QString& line : lines)
+        text += line.mid(qMax(indent, 0)) + QLatin1Char('\n');
+    return text;
+}
+
+/// The code between each pair of lines "//! [name]" or "#! [name]" of the file \p path.
+QList<Code> NamedSnippets(const QString& path)
+{
+    static const QRegularExpression marker(QStringLiteral("^ *(//|#)! \\[(.+)\\]$"));
+    QList<Code> snippets;
+    QString open;
+    QStringList lines;
+    const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
+    for (const QString& line : all) {
+        const QRegularExpressionMatch match = marker.match(line);
+        if (match.hasMatch() && open.isEmpty()) {
+            open = match.captured(2);
+            lines.clear();
+        } else if (match.hasMatch()) {
+            if (match.captured(2) != open)
+                qFatal("%s: [%s] ends as [%s]", qPrintable(path), qPrintable(open),
+                       qPrintable(match.captured(2)));
+            snippets.append({path + QStringLiteral(" [") + open + QLatin1Char(']'), WithoutIndent(lines)});
+            open.clear();
+        } else {
+            lines.append(line);
+        }
+    }
+    if (!open.isEmpty())
+        qFatal("%s: [%s] does not end", qPrintable(path), qPrintable(open));
+    return snippets;
+}
+
+QList<Code> AllSnippets()
+{
+    QList<Code> snippets;
+    for (const QString& path : Files(QStringLiteral("tests/host_guide"), {QStringLiteral("*")}, true)) {
+        if (!path.endsWith(QStringLiteral("tst_Documents.cpp")))
+            snippets.append(NamedSnippets(path));
+    }
+    return snippets;
+}
+
+/// Every text that a test compiles: snippets, and the files of complete programs.
+QList<Code> CompiledTexts()
+{
+    QList<Code> texts = AllSnippets();
+    for (const QString& folder :
+         {QStringLiteral("tests/install_consumer/host"), QStringLiteral("tests/host_guide/planner")}) {
+        for (const QString& path : Files(folder, {QStringLiteral("*")}))
+            texts.append({path, ReadText(SourcePath(path))});
+    }
+    return texts;
+}
+
+/// The fenced blocks of C++ and CMake in the Markdown file \p path.
+QList<Code> CodeOfDocument(const QString& path)
+{
+    QList<Code> blocks;
+    QStringList lines;
+    bool isInside = false;
+    int number = 0;
+    int begin = 0;
+    const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
+    for (const QString& line : all) {
+        ++number;
+        if (!isInside && (line == QStringLiteral("```cpp") || line == QStringLiteral("```cmake"))) {
+            isInside = true;
+            begin = number;
+            lines.clear();
+        } else if (isInside && line == QStringLiteral("```")) {
+            isInside = false;
+            blocks.append({QStringLiteral("%1:%2").arg(path).arg(begin), WithoutIndent(lines)});
+        } else if (isInside) {
+            lines.append(line);
+        }
+    }
+    return blocks;
+}
+
+/// The examples in the comments of the header \p path.
+QList<Code> CodeOfHeader(const QString& path)
+{
+    QList<Code> blocks;
+    QStringList lines;
+    bool isInside = false;
+    const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
+    for (const QString& line : all) {
+        const QString comment = line.trimmed();
+        if (comment.startsWith(QStringLiteral("/// @code"))) {
+            isInside = true;
+            lines.clear();
+        } else if (comment == QStringLiteral("/// @endcode")) {
+            isInside = false;
+            blocks.append({path, WithoutIndent(lines)});
+        } else if (isInside) {
+            lines.append(comment.mid(4));
+        }
+    }
+    return blocks;
+}
+
+QList<Code> CodeOf(const QString& path)
+{
+    return path.endsWith(QStringLiteral(".h")) ? CodeOfHeader(path) : CodeOfDocument(path);
+}
+
+/// Markdown without its fenced blocks, in which nothing is a link.
+QString Prose(const QString& path)
+{
+    QString prose;
+    bool isCode = false;
+    const QStringList lines = ReadText(path).split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
+        if (line.startsWith(QStringLiteral("```")))
+            isCode = !isCode;
+        else if (!isCode)
+            prose += line + QLatin1Char('\n');
+    }
+    return prose;
+}
+
+/// The anchors that a page of this Markdown has on the web: its headings in lower case, blanks as hyphens.
+QSet<QString> Anchors(const QString& path)
+{
+    static const QRegularExpression heading(QStringLiteral("^#+ (.+)$"), QRegularExpression::MultilineOption);
+    static const QRegularExpression dropped(QStringLiteral("[^\\w\\- ]"),
+                                            QRegularExpression::UseUnicodePropertiesOption);
+    QSet<QString> anchors;
+    const QString prose = Prose(path);
+    for (const QRegularExpressionMatch& match : heading.globalMatch(prose)) {
+        QString anchor = match.captured(1).toLower();
+        anchor.remove(dropped);
+        anchors.insert(anchor.replace(QLatin1Char(' '), QLatin1Char('-')));
+    }
+    return anchors;
+}
+
+} // namespace
+
+/// The documents against what they describe.
+class tst_Documents : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        FailOnUnexpectedWarnings();
+    }
+
+    void EveryPieceOfCodeIsCompiledSomewhere_data();
+    void EveryPieceOfCodeIsCompiledSomewhere();
+    void EverySnippetIsShown();
+    void EveryLinkLeadsSomewhere_data();
+    void EveryLinkLeadsSomewhere();
+    void EveryGuideIsReachedFromTheReadme();
+    void PicturesAreSmall();
+    void TheGuideNamesEveryStyleValue();
+    void TheGuideNamesEveryFoldingIcon();
+    void EveryWidgetHeaderHasAnExample();
+};
+
+void tst_Documents::EveryPieceOfCodeIsCompiledSomewhere_data()
+{
+    QTest::addColumn<QString>("path");
+    for (const QString& path : Documents() + PublicHeaders()) {
+        if (!CodeOf(path).isEmpty())
+            QTest::newRow(qPrintable(path)) << path;
+    }
+}
+
+void tst_Documents::EveryPieceOfCodeIsCompiledSomewhere()
+{
+    QFETCH(QString, path);
+    const QList<Code> compiled = CompiledTexts();
+    for (const Code& shown : CodeOf(path)) {
+        const bool isCompiled = std::any_of(compiled.begin(), compiled.end(),
+                                            [&shown](const Code& code) { return code.text == shown.text; });
+        QVERIFY2(isCompiled,
+                 qPrintable(shown.place + QStringLiteral(" is the text of no source:\n") + shown.text));
+    }
+}
+
+void tst_Documents::EverySnippetIsShown()
+{
+    QSet<QString> shown;
+    for (const QString& path : Documents() + PublicHeaders()) {
+        for (const Code& code : CodeOf(path))
+            shown.insert(code.text);
+    }
+    const QList<Code> snippets = AllSnippets();
+    QVERIFY(snippets.size() > 20);
+    for (const Code& snippet : snippets)
+        QVERIFY2(shown.contains(snippet.text),
+                 qPrintable(snippet.place + QStringLiteral(" is shown nowhere")));
+}
+
+void tst_Documents::EveryLinkLeadsSomewhere_data()
+{
+    QTest::addColumn<QString>("path");
+    for (const QString& path : Documents())
+        QTest::newRow(qPrintable(path)) << path;
+}
+
+void tst_Documents::EveryLinkLeadsSomewhere()
+{
+    QFETCH(QString, path);
+    static const QRegularExpression link(QStringLiteral("\\]\\(([^)\\s]+)\\)"));
+    const QString file = SourcePath(path);
+    const QString prose = Prose(file);
+    for (const QRegularExpressionMatch& match : link.globalMatch(prose)) {
+        const QString target = match.captured(1);
+        if (target.startsWith(QStringLiteral("https://")))
+            continue;
+        const QString targetPath = target.section(QLatin1Char('#'), 0, 0);
+        const QString targetFile
+            = targetPath.isEmpty() ? file : QFileInfo(file).dir().absoluteFilePath(targetPath);
+        QVERIFY2(QFileInfo::exists(targetFile), qPrintable(target + QStringLiteral(" does not exist")));
+        const QString anchor = target.section(QLatin1Char('#'), 1);
+        if (!anchor.isEmpty())
+            QVERIFY2(Anchors(targetFile).contains(anchor),
+                     qPrintable(target + QStringLiteral(": no such heading")));
+    }
+}
+
+void tst_Documents::EveryGuideIsReachedFromTheReadme()
+{
+    const QString readme = ReadText(SourcePath(QStringLiteral("README.md")));
+    for (const QString& path : Documents()) {
+        if (path != QStringLiteral("README.md"))
+            QVERIFY2(readme.contains(QStringLiteral("](") + path), qPrintable(path));
+    }
+}
+
+void tst_Documents::PicturesAreSmall()
+{
+    constexpr qint64 c_limit = 3'000'000;
+    qint64 size = 0;
+    for (const QString& path : Files(QStringLiteral("docs/images"), {QStringLiteral("*")}))
+        size += QFileInfo(SourcePath(path)).size();
+    QVERIFY2(size < c_limit, qPrintable(QStringLiteral("%1 bytes").arg(size)));
+}
+
+void tst_Documents::TheGuideNamesEveryStyleValue()
+{
+    const korvel::Ui::VenueDatabase::VenueDbDialog dialog;
+    QSet<QString> used{dialog.property("customStyle").toString()};
+    for (const QObject* child : dialog.findChildren<QObject*>()) {
+        const QVariant value = child->property("customStyle");
+        if (value.isValid())
+            used.insert(value.toString());
+    }
+
+    static const QRegularExpression row(QStringLiteral("^\\| `([a-z]+Korvel\\w+)` \\|"),
+                                        QRegularExpression::MultilineOption);
+    QSet<QString> named;
+    const QString guide = ReadText(SourcePath(QStringLiteral("docs/HOST-GUIDE.md")));
+    for (const QRegularExpressionMatch& match : row.globalMatch(guide))
+        named.insert(match.captured(1));
+    QCOMPARE(named, used);
+}
+
+void tst_Documents::TheGuideNamesEveryFoldingIcon()
+{
+    static const QRegularExpression icon(QStringLiteral("korvelFoldingWidget\\w+\\.svg"));
+    const auto iconsIn = [](const QString& path) {
+        QSet<QString> icons;
+        const QString text = ReadText(SourcePath(path));
+        for (const QRegularExpressionMatch& match : icon.globalMatch(text))
+            icons.insert(match.captured());
+        return icons;
+    };
+    const QSet<QString> wanted = iconsIn(QStringLiteral("ui/VenueDetailsWidget.cpp"));
+    QCOMPARE(wanted.size(), 4);
+    QCOMPARE(iconsIn(QStringLiteral("docs/HOST-GUIDE.md")), wanted);
+}
+
+void tst_Documents::EveryWidgetHeaderHasAnExample()
+{
+    const QStringList without{QStringLiteral("data/Picture.h"), QStringLiteral("data/User.h"),
+                              QStringLiteral("data/VenueDatabaseExport.h")};
+    for (const QString& path : PublicHeaders())
+        QVERIFY2(CodeOfHeader(path).isEmpty() == without.contains(path), qPrintable(path));
+}
+
+QTEST_MAIN(tst_Documents)
+#include "tst_Documents.moc"

@@ -1,0 +1,313 @@
+#include "snippets/Embedding.h"
+#include "snippets/Network.h"
+#include "snippets/Texts.h"
+#include "snippets/VenuePlace.h"
+
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbSignalHandler.h>
+
+#include <demo/server/CertificateAuthority.h>
+
+#include <support/ConnectorStub.h>
+#include <support/MessageGuard.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSslCertificate>
+#include <QStandardPaths>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThreadPool>
+
+using korvel::Test::ConnectorStub;
+using korvel::Test::FailOnUnexpectedWarnings;
+using korvel::Test::NoWindowIsLeft;
+using korvel::Ui::VenueDatabase::VenueDbCentralWidget;
+using korvel::Ui::VenueDatabase::VenueDbDialog;
+using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
+
+namespace {
+
+/// What the user does in the dialog's model-file row, without a venue.
+void RequestImport(const QString& path)
+{
+    Q_EMIT VenueDbSignalHandler::GetInstance()->ImportVenueFromTempFileRequest(path);
+}
+
+QList<bool> Answers(const QSignalSpy& spy)
+{
+    QList<bool> answers;
+    for (const QList<QVariant>& arguments : spy)
+        answers.append(arguments.first().toBool());
+    return answers;
+}
+
+} // namespace
+
+/// The pieces of code in the host guide do what it says of them.
+class tst_HostGuideSnippets : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        QCoreApplication::setOrganizationName(QStringLiteral("korvel.example"));
+        QCoreApplication::setApplicationName(QStringLiteral("tst_HostGuideSnippets"));
+    }
+    void init()
+    {
+        FailOnUnexpectedWarnings();
+        QSettings().clear();
+    }
+    void cleanup()
+    {
+        qApp->setStyleSheet(QString());
+        QNetworkProxyFactory::setUseSystemConfiguration(false);
+        QNetworkProxy::setApplicationProxy(QNetworkProxy::DefaultProxy);
+        QVERIFY(NoWindowIsLeft());
+    }
+
+    void ExplicitProxyCountsForTheApplication();
+    void SystemProxyComesFromTheEnvironment();
+    void AuthorityOfAFileIsTrusted();
+    void FileWithoutCertificateIsRefused();
+    void DialogOpensWhereItWasLeft();
+    void FirstOpeningHasTheModulesSize();
+    void HubLeadsDayModeAndHelpToTheHost();
+    void ImportedModelIsAnsweredOnce();
+    void RefusedImportIsAnsweredTwice();
+    void BackgroundImportIsAnsweredInTheUiThread_data();
+    void BackgroundImportIsAnsweredInTheUiThread();
+    void BackgroundImportOutlivesItsHost();
+    void DialogIsRemovedWhileDetailsLoad();
+    void GermanTextsAreInstalled();
+    void EnglishUserKeepsEnglish();
+    void TraceCategoryIsSwitchedOn();
+};
+
+void tst_HostGuideSnippets::ExplicitProxyCountsForTheApplication()
+{
+    Network::UseProxy(QStringLiteral("me"), QStringLiteral("secret"));
+    const QNetworkProxy proxy = QNetworkProxy::applicationProxy();
+    QCOMPARE(proxy.type(), QNetworkProxy::HttpProxy);
+    QCOMPARE(proxy.hostName(), QStringLiteral("proxy.company.example"));
+    QCOMPARE(proxy.port(), quint16(3128));
+    QCOMPARE(proxy.user(), QStringLiteral("me"));
+    QCOMPARE(proxy.password(), QStringLiteral("secret"));
+    Network::UseNoProxy();
+    QCOMPARE(QNetworkProxy::applicationProxy().type(), QNetworkProxy::NoProxy);
+}
+
+void tst_HostGuideSnippets::SystemProxyComesFromTheEnvironment()
+{
+    Network::UseSystemProxy();
+    QVERIFY(QNetworkProxyFactory::usesSystemConfiguration());
+}
+
+void tst_HostGuideSnippets::AuthorityOfAFileIsTrusted()
+{
+    const korvel::Demo::CertificateAuthority authority;
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("company.pem")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(authority.Pem());
+    file.close();
+
+    const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+    QVERIFY(Network::TrustAuthority(file.fileName()));
+    const QList<QSslCertificate> trusted = QSslConfiguration::defaultConfiguration().caCertificates();
+    QSslConfiguration::setDefaultConfiguration(before);
+    QVERIFY(trusted.contains(authority.Certificate()));
+}
+
+void tst_HostGuideSnippets::FileWithoutCertificateIsRefused()
+{
+    const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+    QVERIFY(!Network::TrustAuthority(QStringLiteral(VDB_SOURCE_DIR "/README.md")));
+    QVERIFY(!Network::TrustAuthority(QStringLiteral("/no/such/file.pem")));
+    QCOMPARE(QSslConfiguration::defaultConfiguration(), before);
+}
+
+void tst_HostGuideSnippets::DialogOpensWhereItWasLeft()
+{
+    QRect left;
+    {
+        VenueDbDialog dialog;
+        VenuePlace place(&dialog);
+        place.Open(nullptr);
+        dialog.setGeometry(40, 60, 980, 500);
+        left = dialog.geometry();
+        QVERIFY(left.size() != QSize(1062, 768));
+        dialog.close();
+        QVERIFY(!dialog.isVisible());
+    }
+    VenueDbDialog dialog;
+    VenuePlace place(&dialog);
+    place.Open(nullptr);
+    QCOMPARE(dialog.geometry(), left);
+    dialog.hide();
+}
+
+void tst_HostGuideSnippets::FirstOpeningHasTheModulesSize()
+{
+    VenueDbDialog dialog;
+    VenuePlace place(&dialog);
+    place.Open(nullptr);
+    QCOMPARE(dialog.size(), QSize(1062, 768));
+    dialog.hide();
+}
+
+void tst_HostGuideSnippets::HubLeadsDayModeAndHelpToTheHost()
+{
+    QWidget mainWindow;
+    Embedding embedding(&mainWindow);
+    QVERIFY(embedding.IsDayMode());
+    Q_EMIT VenueDbSignalHandler::GetInstance()->DayModeChangeRequested();
+    QVERIFY(!embedding.IsDayMode());
+    QVERIFY(qApp->styleSheet().contains(QStringLiteral("black")));
+    Q_EMIT VenueDbSignalHandler::GetInstance()->HelpRequested();
+    QDialog* help = nullptr;
+    for (QDialog* dialog : mainWindow.findChildren<QDialog*>()) {
+        if (dialog->isVisible())
+            help = dialog;
+    }
+    QVERIFY(help);
+    help->close();
+}
+
+void tst_HostGuideSnippets::ImportedModelIsAnsweredOnce()
+{
+    QWidget mainWindow;
+    Embedding embedding(&mainWindow);
+    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+    RequestImport(QStringLiteral(VDB_SOURCE_DIR "/README.md"));
+    QCOMPARE(Answers(answers), QList<bool>({true}));
+}
+
+void tst_HostGuideSnippets::RefusedImportIsAnsweredTwice()
+{
+    QWidget mainWindow;
+    Embedding embedding(&mainWindow);
+    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+    RequestImport(QStringLiteral("/no/such/model"));
+    QCOMPARE(Answers(answers), QList<bool>({false}));
+    auto* box = embedding.Dialog()->findChild<QMessageBox*>();
+    QVERIFY(box && box->isVisible());
+    box->close();
+    QCOMPARE(Answers(answers), QList<bool>({false, true}));
+}
+
+void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("answer");
+    QTest::newRow("readable") << QStringLiteral(VDB_SOURCE_DIR "/README.md") << true;
+    QTest::newRow("missing") << QStringLiteral("/no/such/model") << false;
+}
+
+void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, answer);
+    QWidget mainWindow;
+    Embedding embedding(&mainWindow);
+    const QThread* thread = nullptr;
+    connect(
+        VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, this,
+        [&thread] { thread = QThread::currentThread(); }, Qt::DirectConnection);
+    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+    embedding.ImportInBackground(path);
+    QTRY_COMPARE(answers.size(), 1);
+    QCOMPARE(Answers(answers), QList<bool>({answer}));
+    QCOMPARE(thread, this->thread());
+    disconnect(VenueDbSignalHandler::GetInstance(), nullptr, this, nullptr);
+    if (auto* box = embedding.Dialog()->findChild<QMessageBox*>())
+        box->close();
+}
+
+void tst_HostGuideSnippets::BackgroundImportOutlivesItsHost()
+{
+    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+    {
+        QWidget mainWindow;
+        Embedding embedding(&mainWindow);
+        embedding.ImportInBackground(QStringLiteral(VDB_SOURCE_DIR "/README.md"));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone());
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(answers.size(), 0);
+}
+
+void tst_HostGuideSnippets::DialogIsRemovedWhileDetailsLoad()
+{
+    QWidget mainWindow;
+    Embedding embedding(&mainWindow);
+    const QPointer<VenueDbDialog> dialog = embedding.Dialog();
+    ConnectorStub connector;
+    korvel::Data::VenueDatabase::Venue venue;
+    venue.SetId(7);
+    connector.venues = {venue};
+    bool wasAliveInTheWait = false;
+    connector.onGetPictures = [&](qint64) {
+        embedding.RemoveVenueDatabase();
+        // A nested event loop, as the real connector's.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        wasAliveInTheWait = !dialog.isNull();
+        return QList<korvel::Data::VenueDatabase::Picture>();
+    };
+    auto* panel = dialog->findChild<VenueDbCentralWidget*>();
+    panel->SetConnector(&connector);
+    panel->PerformQuery();
+    dialog->findChild<QTableView*>()->selectRow(0);
+    QVERIFY(wasAliveInTheWait);
+    QTRY_VERIFY(dialog.isNull());
+}
+
+void tst_HostGuideSnippets::GermanTextsAreInstalled()
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    QTranslator translator;
+    QVERIFY(Texts::InstallTranslations(translator));
+    const VenueDbDialog dialog;
+    QStringList texts;
+    for (const QPushButton* button : dialog.findChildren<QPushButton*>())
+        texts.append(button->text());
+    QVERIFY2(texts.contains(QStringLiteral("Suchen")), qPrintable(texts.join(QLatin1Char('|'))));
+    QCoreApplication::removeTranslator(&translator);
+    // Where Qt's own translations are installed; if not, nothing is installed and nothing is said.
+    QTranslator qtTranslator;
+    const bool hasQtTexts = QFileInfo::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath)
+                                              + QStringLiteral("/qtbase_de.qm"));
+    QCOMPARE(Texts::InstallQtTranslations(qtTranslator), hasQtTexts);
+    QCoreApplication::removeTranslator(&qtTranslator);
+    QLocale::setDefault(before);
+}
+
+void tst_HostGuideSnippets::EnglishUserKeepsEnglish()
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::English));
+    QTranslator translator;
+    QVERIFY(Texts::InstallTranslations(translator));
+    QCOMPARE(VenueDbDialog::tr("Venue database"), QStringLiteral("Venue database"));
+    QCoreApplication::removeTranslator(&translator);
+    QLocale::setDefault(before);
+}
+
+void tst_HostGuideSnippets::TraceCategoryIsSwitchedOn()
+{
+    const QLoggingCategory trace("vdb.trace", QtWarningMsg);
+    QVERIFY(!trace.isDebugEnabled());
+    Texts::TraceRequests();
+    QVERIFY(trace.isDebugEnabled());
+    QLoggingCategory::setFilterRules(QString());
+}
+
+QTEST_MAIN(tst_HostGuideSnippets)
+#include "tst_HostGuideSnippets.moc"
