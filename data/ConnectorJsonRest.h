@@ -48,8 +48,8 @@ public:
     /// What SetServerAddress() stored; empty at first.
     QString GetServerAddress() const;
 
-    /// One GET with a CONTAINS condition for each of \p filters, the paths in lower case. The server compares,
-    /// without regard to case. The venues come in the reverse order of the reply, editors included.
+    /// One GET with a CONTAINS condition for each of \p filters, the paths in lower case. The server
+    /// compares, without regard to case. The venues come in the reverse order of the reply, editors included.
     ResultStatus FindVenueEntries(QList<std::pair<QString, QString>> filters, QList<Venue>& venues) override;
     /// Answers with an empty list at once; this server tells nothing of its users.
     QList<User> FindUserEntries(QList<std::pair<QString, QString>> filters) override;

@@ -53,7 +53,8 @@ public:
 
     /// Searches the venues that match every one of \p filters, pairs of attribute path and text to look for;
     /// no filter finds all. Paths are those of the server, for
-    /// example "title", "venue_room_name", "address.locality" and "address.country_code". \p venues is replaced on Ok and left exactly as it was otherwise.
+    /// example "title", "venue_room_name", "address.locality" and "address.country_code". \p venues is
+    /// replaced on Ok and left exactly as it was otherwise.
     virtual ResultStatus FindVenueEntries(QList<std::pair<QString, QString>> filters, QList<Venue>& venues)
         = 0;
     /// The user accounts that match \p filters.

@@ -66,8 +66,9 @@ public:
     /// The untranslated name of column \p index; empty where there is none.
     static QString GetLabelAt(qint64 index);
 
-    /// User-interface thread only. Writes the bytes into a new file "<application name>.<six random characters>-<file name>" directly in
-    /// QDir::tempPath(), after removing the temporary file that this record and its copies had before.
+    /// User-interface thread only. Writes the bytes into a new file "<application name>.<six random
+    /// characters>-<file name>" directly in QDir::tempPath(), after removing the temporary file that this
+    /// record and its copies had before.
     ///
     /// True when every byte is on disk and GetTempPath() names the file. Otherwise false and nothing stays
     /// behind: no temporary folder, no space, or a file name that is no plain one (a path separator, NUL, "."

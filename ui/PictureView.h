@@ -45,7 +45,8 @@ public:
 protected:
     /// Pans while the left button is held; the parent sees the event as well.
     void mouseMoveEvent(QMouseEvent* event) override;
-    /// Zooms without a modifier, scrolls with Control, scrolls sideways with Shift; anything else does nothing.
+    /// Zooms without a modifier, scrolls with Control, scrolls sideways with Shift; anything else does
+    /// nothing.
     void wheelEvent(QWheelEvent* event) override;
     /// Scrolls by the arrow keys; Page Up and Page Down go to the parent alone, every other key as well.
     void keyPressEvent(QKeyEvent* event) override;

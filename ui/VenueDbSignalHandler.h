@@ -14,8 +14,8 @@ namespace korvel::Ui::VenueDatabase {
 /// GetInstance() may be called from any thread. The object belongs to the thread that asked first, which
 /// should be the user-interface thread, and emits there. It lives until the process ends.
 ///
-/// Handlers are called from within the module: they may open windows, run event loops of their own, call every
-/// operation of the dialog and delete it with deleteLater().
+/// Handlers are called from within the module: they may open windows, run event loops of their own, call
+/// every operation of the dialog and delete it with deleteLater().
 ///
 /// @code{.cpp}
 /// const VenueDbSignalHandler* hub = VenueDbSignalHandler::GetInstance();

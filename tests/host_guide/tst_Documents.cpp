@@ -324,7 +324,7 @@ void tst_Documents::TheGuideNamesEveryStyleValue()
             used.insert(value.toString());
     }
 
-    static const QRegularExpression row(QStringLiteral("^\\| `([a-z]+Korvel\\w+)` \\|"),
+    static const QRegularExpression row(QStringLiteral("^\\| `([a-zA-Z]+Korvel\\w+)` \\|"),
                                         QRegularExpression::MultilineOption);
     QSet<QString> named;
     const QString guide = ReadText(SourcePath(QStringLiteral("docs/HOST-GUIDE.md")));
