@@ -10,7 +10,8 @@ namespace korvel::Bench {
 /// What a timing counts.
 enum class Clock
 {
-    Thread = 0, ///< the time that this thread had a processor: what other programs do to the machine hardly shows
+    Thread
+    = 0, ///< the time that this thread had a processor: what other programs do to the machine hardly shows
     Process = 1, ///< the same for all threads together: for painting, which Qt divides among several
     Wall = 2, ///< the time that passes: for what waits or runs in several threads or programs
 };

@@ -7,11 +7,19 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 
 namespace korvel::Demo {
+
+namespace {
+
+/// What the window system puts above the window, roughly.
+constexpr int c_titleBarHeight = 30;
+
+} // namespace
 
 MainWindow::MainWindow(bool dayMode)
     : m_theme(dayMode)
@@ -43,7 +51,7 @@ void MainWindow::SetupUi()
     m_status = new QLabel(tr("No venue"), this);
     statusBar()->addWidget(m_status);
     statusBar()->setSizeGripEnabled(false);
-    resize(1280, 800);
+    resize(QSize(1280, 800).boundedTo(screen()->availableSize() - QSize(0, c_titleBarHeight)));
 }
 
 void MainWindow::SetupToolBar()
@@ -93,6 +101,7 @@ void MainWindow::ApplyTheme(bool dayMode)
 {
     m_theme = Theme(dayMode);
     m_theme.Apply(qApp);
+    setStyleSheet(m_theme.WindowStyleSheet());
     m_planView->SetTheme(m_theme);
     m_venueDatabase.SetDayMode(dayMode);
     m_venueDatabaseAction->setIcon(m_theme.Icon(QStringLiteral("venues")));

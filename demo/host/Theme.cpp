@@ -22,9 +22,9 @@ QString ReadText(const QString& path)
 Theme::Theme(bool dayMode)
     : m_dayMode(dayMode)
 {
-    static const QRegularExpression entry(QStringLiteral("^([a-z-]+) +(#[0-9a-f]{6})$"),
+    static const QRegularExpression entry(QStringLiteral("^([a-z-]+) +(#[0-9a-f]+)$"),
                                           QRegularExpression::MultilineOption);
-    const QString text = ReadText(QStringLiteral(":/Tessra/%1.colours").arg(FileSuffix()));
+    const QString text = ReadText(QStringLiteral(":/Tessra/%1.colours").arg(Name()));
     for (const QRegularExpressionMatch& match : entry.globalMatch(text))
         m_colours.insert(match.captured(1), QColor(match.captured(2)));
 }
@@ -37,25 +37,19 @@ QColor Theme::Colour(const QString& name) const
     return *found;
 }
 
-QString Theme::StyleSheet() const
+QString Theme::VenueDatabaseSheetPath() const
 {
-    static const QRegularExpression reference(QStringLiteral("@([a-z-]+)"));
-    const QString rules = ReadText(QStringLiteral(":/Tessra/tessra.qss"));
-    QString sheet;
-    qsizetype end = 0;
-    for (const QRegularExpressionMatch& match : reference.globalMatch(rules)) {
-        const QString name = match.captured(1);
-        sheet += QStringView(rules).mid(end, match.capturedStart() - end);
-        sheet += name == QStringLiteral("theme") ? FileSuffix() : Colour(name).name();
-        end = match.capturedEnd();
-    }
-    sheet += QStringView(rules).mid(end);
-    return sheet;
+    return QStringLiteral(":/kvVenueDatabase/styles/%1/venue-database.qss").arg(Name());
+}
+
+QString Theme::WindowStyleSheet() const
+{
+    return ReadText(QStringLiteral(":/Tessra/styles/%1.qss").arg(Name()));
 }
 
 QIcon Theme::Icon(const QString& name) const
 {
-    return QIcon(QStringLiteral(":/Tessra/%1-%2.svg").arg(name, FileSuffix()));
+    return QIcon(QStringLiteral(":/Tessra/%1-%2.svg").arg(name, Name()));
 }
 
 void Theme::Apply(QApplication* application) const
@@ -87,12 +81,13 @@ void Theme::Apply(QApplication* application) const
         palette.setColor(QPalette::Disabled, role, Colour(QStringLiteral("text-off")));
 
     application->setPalette(palette);
-    application->setStyleSheet(StyleSheet());
+    // As a file: the sheet names its pictures by where they lie beside it.
+    application->setStyleSheet(QStringLiteral("file:///") + VenueDatabaseSheetPath());
 }
 
-QString Theme::FileSuffix() const
+QString Theme::Name() const
 {
-    return m_dayMode ? QStringLiteral("day") : QStringLiteral("night");
+    return m_dayMode ? QStringLiteral("light") : QStringLiteral("dark");
 }
 
 } // namespace korvel::Demo

@@ -9,10 +9,10 @@ class QApplication;
 
 namespace korvel::Demo {
 
-/// One of Tessra's two appearances: named colours and the style sheet made with them.
+/// One of Tessra's two appearances: named colours and the style sheets made with them.
 ///
-/// The style sheet serves Tessra's own windows and, through the property "customStyle", those of the venue
-/// database.
+/// The sheet of the venue database is the one that is installed for every host; what Tessra's own windows
+/// need besides is a second one.
 class Theme
 {
 public:
@@ -26,15 +26,18 @@ public:
     /// The colour called \p name in the theme's .colours file; a name that is not there is a programming
     /// error.
     QColor Colour(const QString& name) const;
-    /// The complete style sheet, every name replaced by its value.
-    QString StyleSheet() const;
+    /// The file, a resource, with the complete style sheet for the venue database.
+    QString VenueDatabaseSheetPath() const;
+    /// The style sheet for the main window and what belongs to it.
+    QString WindowStyleSheet() const;
     /// The icon \p name in this theme's drawing.
     QIcon Icon(const QString& name) const;
-    /// Makes it the appearance of the whole application.
+    /// Makes it the appearance of the whole application, but for WindowStyleSheet().
     void Apply(QApplication* application) const;
 
 private:
-    QString FileSuffix() const;
+    /// "light" or "dark", as files are called.
+    QString Name() const;
 
     bool m_dayMode = true;
     QHash<QString, QColor> m_colours;
