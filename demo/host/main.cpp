@@ -1,15 +1,13 @@
+#include "Languages.h"
 #include "MainWindow.h"
 #include "ServerConnection.h"
 #include "tour/Tour.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QDir>
-#include <QFontDatabase>
 #include <QLocale>
 #include <QStyleFactory>
 #include <QTimer>
-#include <QTranslator>
 
 #include <cstdio>
 
@@ -32,9 +30,23 @@ int Fail(const QString& text)
     return 2;
 }
 
-int RunTour(VenueServer& server, const QString& folder)
+/// The value that follows \p option or is joined to it by an equals sign.
+QString ValueOfOption(const char* option, int argc, char* argv[])
 {
-    Tour tour(server, folder);
+    const QString name = QString::fromLatin1(option);
+    for (int i = 1; i < argc; ++i) {
+        const QString argument = QString::fromLocal8Bit(argv[i]);
+        if (argument == name && i + 1 < argc)
+            return QString::fromLocal8Bit(argv[i + 1]);
+        if (argument.startsWith(name + QLatin1Char('=')))
+            return argument.mid(name.size() + 1);
+    }
+    return {};
+}
+
+int RunTour(VenueServer& server, const QString& folder, const QList<bool>& dayModes)
+{
+    Tour tour(server, folder, dayModes);
     int result = 1;
     QTimer::singleShot(0, &tour, [&] {
         result = tour.Run() ? 0 : 1;
@@ -48,6 +60,8 @@ int RunTour(VenueServer& server, const QString& folder)
 
 int main(int argc, char* argv[])
 {
+    // Too late once the application exists, which parses all the other options.
+    Languages::UseForSystem(ValueOfOption("--language", argc, argv));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vdbdemo"));
     QApplication::setApplicationDisplayName(QStringLiteral("Tessra"));
@@ -61,6 +75,10 @@ int main(int argc, char* argv[])
     parser.addHelpOption();
     const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("The appearance: day or night."),
                                    QStringLiteral("name"), QStringLiteral("day"));
+    const QCommandLineOption language(
+        QStringLiteral("language"),
+        QStringLiteral("de, en, es, fr, it or ja instead of the system's language (LANG)."),
+        QStringLiteral("name"));
     const QCommandLineOption proxy(QStringLiteral("server-proxy"),
                                    QStringLiteral("Use the vdbserver whose proxy listens there."),
                                    QStringLiteral("host:port"));
@@ -69,23 +87,17 @@ int main(int argc, char* argv[])
                                 QStringLiteral("file"));
     const QCommandLineOption tour(
         QStringLiteral("tour"),
-        QStringLiteral("Go through the main flow unattended, in both themes, leave a picture "
-                       "of each step in the folder and quit; fails if a step does."),
+        QStringLiteral("Go through the main flow unattended, in both themes if --theme names none, leave a "
+                       "picture of each step in the folder and quit; fails if a step does."),
         QStringLiteral("folder"));
-    parser.addOptions({theme, proxy, ca, tour});
+    parser.addOptions({theme, language, proxy, ca, tour});
     parser.process(application);
-
-    // Before the dialog is created: widgets read their texts when they are built. The tour looks for English
-    // ones.
-    QTranslator venueDatabaseTexts;
-    if (!parser.isSet(tour)
-        && venueDatabaseTexts.load(QLocale(), QStringLiteral("kvvenuedatabase"), QStringLiteral("_"),
-                                   QStringLiteral(":/kvVenueDatabase/translations")))
-        QApplication::installTranslator(&venueDatabaseTexts);
 
     const QString themeName = parser.value(theme);
     if (themeName != QStringLiteral("day") && themeName != QStringLiteral("night"))
         return Fail(QStringLiteral("the theme is day or night"));
+    if (parser.isSet(language) && QLocale(parser.value(language)).language() == QLocale::C)
+        return Fail(QStringLiteral("\"%1\" is no language").arg(parser.value(language)));
     if (parser.isSet(tour) && parser.isSet(proxy))
         return Fail(QStringLiteral("the tour needs the server of its own, which it stops and starts"));
 
@@ -96,10 +108,13 @@ int main(int argc, char* argv[])
     if (!connected)
         return Fail(server.ErrorText());
 
+    const Languages texts;
+    const bool dayMode = themeName == QStringLiteral("day");
     if (parser.isSet(tour))
-        return RunTour(*server.OwnServer(), parser.value(tour));
+        return RunTour(*server.OwnServer(), parser.value(tour),
+                       parser.isSet(theme) ? QList{dayMode} : QList{true, false});
 
-    MainWindow window(themeName == QStringLiteral("day"));
+    MainWindow window(dayMode);
     window.show();
     return QApplication::exec();
 }

@@ -1,4 +1,5 @@
 #include "Hands.h"
+#include "Texts.h"
 #include "TourSteps.h"
 
 #include <ui/PictureNavigationButton.h>
@@ -47,22 +48,23 @@ QString SelectedVenue(TourContext& context)
     const VenueRecord& venue = context.Venue(c_palaisGarnier);
     const QWidget* details = context.Details();
     const auto line = [details](const char* label, int which = 0) {
-        return Hands::FieldBeside<QLineEdit>(details, QLatin1String(label), which)->text();
+        return Hands::FieldBeside<QLineEdit>(details, Texts::FieldLabel(label), which)->text();
     };
     const auto text = [details](const char* label, int which = 0) {
-        return Hands::FieldBeside<QTextEdit>(details, QLatin1String(label), which)->toPlainText();
+        return Hands::FieldBeside<QTextEdit>(details, Texts::FieldLabel(label), which)->toPlainText();
     };
-    RequireEqual(line("Complex name:"), venue.title, QStringLiteral("complex name"));
-    RequireEqual(text("General comment:"), venue.generalComment, QStringLiteral("general comment"));
-    RequireEqual(text("Location comment:"), venue.comment, QStringLiteral("location comment"));
-    RequireEqual(line("Clearance of house grid (m):"), venue.clearance, QStringLiteral("clearance"));
-    const QString address = text("Address:");
+    RequireEqual(line("Complex name"), venue.title, QStringLiteral("complex name"));
+    RequireEqual(text("General comment"), venue.generalComment, QStringLiteral("general comment"));
+    RequireEqual(text("Location comment"), venue.comment, QStringLiteral("location comment"));
+    RequireEqual(line("Clearance of house grid (m)"), venue.clearance, QStringLiteral("clearance"));
+    const QString address = text("Address");
     Require(address.startsWith(venue.addressLine1 + QLatin1Char('\n')) && address.contains(venue.locality)
                 && !address.contains(QLatin1Char('<')),
             QStringLiteral("the address stands in lines: ") + address);
     RequireEqual(context.PictureCaption(), Caption(venue, 0), QStringLiteral("caption"));
     Require(ColoursOfPicture(context) > 60, QStringLiteral("the picture is drawn"));
-    const auto* files = Hands::FieldBeside<QComboBox>(details, QStringLiteral("File selector: "));
+    const auto* files
+        = Hands::FieldBeside<QComboBox>(details, Texts::OfModule("TsFileOpener", "File selector: "));
     RequireEqual(files->currentText(), venue.modelFiles.constFirst().name, QStringLiteral("model file"));
     return QStringLiteral("%1 with %2 pictures and %3 model file")
         .arg(venue.title)

@@ -2,6 +2,7 @@
 #include "../PlanView.h"
 #include "../Theme.h"
 #include "Hands.h"
+#include "Texts.h"
 #include "TourSteps.h"
 
 #include <ui/TsFileOpener.h>
@@ -25,12 +26,13 @@ constexpr qint64 c_withBrokenModel = 5006;
 
 QPushButton* ImportButton(const TourContext& context)
 {
-    return Hands::Button(context.Details(), QStringLiteral("Import to Tessra"));
+    return Hands::Button(context.Details(), Texts::OfModule("TsFileOpener", "Import to Tessra"));
 }
 
 QComboBox* FileChooser(const TourContext& context)
 {
-    return Hands::FieldBeside<QComboBox>(context.Details(), QStringLiteral("File selector: "));
+    return Hands::FieldBeside<QComboBox>(context.Details(),
+                                         Texts::OfModule("TsFileOpener", "File selector: "));
 }
 
 /// Chooses the model file number \p index with the keyboard.
@@ -61,7 +63,7 @@ bool PlanShowsAStage(const TourContext& context)
 void CloseDialog(const TourContext& context)
 {
     auto* dialog = context.Dialog();
-    Hands::Click(Hands::Button(dialog, QStringLiteral("Close")));
+    Hands::Click(Hands::Button(dialog, Texts::OfModule("VenueDbDialogBase", "Close")));
     Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, QStringLiteral("\"Close\" closes"));
 }
 
@@ -123,17 +125,20 @@ QString BrokenModel(TourContext& context)
     ChooseFile(context, int(draft - files.begin()));
     const QString plan = context.window->windowTitle();
     QString said;
-    Hands::Answer<QMessageBox>([&] { Hands::Click(ImportButton(context)); },
-                               [&](QMessageBox* box) {
-                                   said = box->informativeText();
-                                   Require(box->text().contains(QStringLiteral("cannot be read"))
-                                               && !said.isEmpty(),
-                                           QStringLiteral("the box says what is wrong: ") + box->text());
-                                   Require(!ImportButton(context)->isEnabled(),
-                                           QStringLiteral("no import as long as the box is open"));
-                                   context.takePicture();
-                                   Hands::Click(Hands::Button(box, QStringLiteral("OK")));
-                               });
+    Hands::Answer<QMessageBox>(
+        [&] { Hands::Click(ImportButton(context)); },
+        [&](QMessageBox* box) {
+            said = box->informativeText();
+            RequireEqual(box->text(),
+                         Texts::OfHost("VenueDatabaseEmbedding",
+                                       "This model file cannot be read, so the plan stays as it is."),
+                         QStringLiteral("text of the box"));
+            Require(!said.isEmpty(), QStringLiteral("the box says what is wrong"));
+            Require(!ImportButton(context)->isEnabled(),
+                    QStringLiteral("no import as long as the box is open"));
+            context.takePicture();
+            Hands::Click(box->button(QMessageBox::Ok));
+        });
     RequireEqual(context.window->windowTitle(), plan, QStringLiteral("the plan stays"));
     Require(ImportButton(context)->isEnabled(), QStringLiteral("another import is possible"));
     return said;

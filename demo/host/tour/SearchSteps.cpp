@@ -1,6 +1,7 @@
 #include "../MainWindow.h"
 #include "../PlanView.h"
 #include "Hands.h"
+#include "Texts.h"
 #include "TourSteps.h"
 
 #include <ui/VenueDbDialog.h>
@@ -41,7 +42,7 @@ QStringList ColumnTexts(const TourContext& context, int column)
 
 QComboBox* CountryChooser(const TourContext& context)
 {
-    return Hands::FieldBeside<QComboBox>(context.Dialog(), QStringLiteral("Country:"));
+    return Hands::FieldBeside<QComboBox>(context.Dialog(), Texts::FieldLabel("Country"));
 }
 
 QString EmptyPlan(TourContext& context)
@@ -80,7 +81,7 @@ QString AllVenues(TourContext& context)
 
 QString FilteredSearch(TourContext& context)
 {
-    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), QStringLiteral("City:")),
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), Texts::FieldLabel("City")),
                 QStringLiteral("paris"));
     Hands::Press(Qt::Key_Return);
     const auto inParis = context.CatalogueIds([](const VenueRecord& venue) {

@@ -2,6 +2,7 @@
 #include "../MainWindow.h"
 #include "../Theme.h"
 #include "Hands.h"
+#include "Texts.h"
 #include "TourSteps.h"
 
 #include <demo/server/VenueServer.h>
@@ -10,6 +11,7 @@
 #include <ui/VenueDbDialog.h>
 #include <ui/VenueDetailsWidget.h>
 
+#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -21,6 +23,11 @@ namespace {
 
 using namespace Ui::VenueDatabase;
 
+QString ImportText()
+{
+    return Texts::OfModule("TsFileOpener", "Import to Tessra");
+}
+
 QString VenueWithoutPictures(TourContext& context)
 {
     const auto candidates = context.CatalogueIds([](const VenueRecord& venue) {
@@ -31,25 +38,29 @@ QString VenueWithoutPictures(TourContext& context)
     RequireEqual(context.PictureCaption(), QStringLiteral("-/0"), QStringLiteral("caption"));
     for (const auto* button : context.Details()->findChildren<PictureNavigationButton*>())
         Require(!button->isVisible(), QStringLiteral("there is nothing to step through"));
-    Require(!Hands::Button(context.Details(), QStringLiteral("Import to Tessra"))->isEnabled(),
+    Require(!Hands::Button(context.Details(), ImportText())->isEnabled(),
             QStringLiteral("there is nothing to import"));
     return context.Venue(candidates.constFirst()).title + QStringLiteral(": no pictures, no model files");
 }
 
 QString ServerDownAndRetry(TourContext& context)
 {
-    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), QStringLiteral("City:")),
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), Texts::FieldLabel("City")),
                 QStringLiteral("london"));
     context.server.Stop();
     Hands::Answer<QMessageBox>(
         [&] { context.ClickSearch(); },
         [&](QMessageBox* box) {
-            RequireEqual(box->windowTitle(), QStringLiteral("Error"), QStringLiteral("title"));
-            Require(box->text().startsWith(QStringLiteral("Unable to connect to server.")),
-                    QStringLiteral("the box says so: ") + box->text());
+            const char* panel = "VenueDbCentralWidget";
+            RequireEqual(box->windowTitle(), Texts::OfModule(panel, "Error"), QStringLiteral("title"));
+            RequireEqual(box->text(),
+                         Texts::OfModule(panel,
+                                         "Unable to connect to server. \nPlease check your internet "
+                                         "connection."),
+                         QStringLiteral("text of the box"));
             context.takePicture();
             Require(context.server.Start(), context.server.ErrorText());
-            Hands::Click(Hands::Button(box, QStringLiteral("Retry")));
+            Hands::Click(box->button(QMessageBox::Retry));
         });
     const auto inLondon = context.CatalogueIds([](const VenueRecord& venue) {
         return venue.locality.contains(QStringLiteral("london"), Qt::CaseInsensitive);
@@ -65,11 +76,11 @@ QString Help(TourContext& context)
     auto* help = context.window->findChild<HelpWindow*>();
     Require(help && help->isVisible(), QStringLiteral("F1 opens the help"));
     Hands::WaitUntil([help] { return help->isActiveWindow(); }, QStringLiteral("the help is in front"));
-    Require(help->findChild<QTextBrowser*>()->toPlainText().contains(QStringLiteral("Import to Tessra")),
+    Require(help->findChild<QTextBrowser*>()->toPlainText().contains(ImportText()),
             QStringLiteral("the help explains the import"));
     Hands::Settle();
     context.takePicture();
-    Hands::Click(Hands::Button(help, QStringLiteral("Close")));
+    Hands::Click(help->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close));
     Hands::WaitUntil([&] { return !help->isVisible() && context.Dialog()->isActiveWindow(); },
                      QStringLiteral("the venue database has the keyboard again"));
     return QStringLiteral("F1 in the venue database");

@@ -26,9 +26,10 @@ void PrintLine(const QString& line)
 
 } // namespace
 
-Tour::Tour(VenueServer& server, const QString& folder)
+Tour::Tour(VenueServer& server, const QString& folder, const QList<bool>& dayModes)
     : m_server(server)
     , m_folder(folder)
+    , m_dayModes(dayModes)
     , m_watchdog(c_secondsAtMost)
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -42,7 +43,7 @@ bool Tour::Run()
         PrintLine(QStringLiteral("FAIL  cannot make the folder %1").arg(m_folder));
         return false;
     }
-    for (const bool dayMode : {true, false}) {
+    for (const bool dayMode : m_dayModes) {
         if (!RunInTheme(dayMode))
             return false;
     }

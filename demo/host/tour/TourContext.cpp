@@ -2,6 +2,7 @@
 
 #include "../MainWindow.h"
 #include "Hands.h"
+#include "Texts.h"
 
 #include <ui/PictureSlider.h>
 #include <ui/VenueDbDialog.h>
@@ -70,7 +71,7 @@ const VenueRecord& TourContext::Venue(qint64 id) const
 void TourContext::SelectVenue(qint64 id) const
 {
     ClickReset();
-    Hands::Fill(Hands::FieldBeside<QLineEdit>(Dialog(), QStringLiteral("City:")), Venue(id).locality);
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(Dialog(), Texts::FieldLabel("City")), Venue(id).locality);
     ClickSearch();
     const qsizetype row = ListedIds().indexOf(id);
     Require(row >= 0, QStringLiteral("%1 is listed").arg(Venue(id).title));
@@ -78,7 +79,7 @@ void TourContext::SelectVenue(qint64 id) const
     const QModelIndex cell = table->model()->index(int(row), 1);
     table->scrollTo(cell);
     Hands::Click(table->viewport(), table->visualRect(cell).center());
-    const auto idField = [this] { return Hands::FieldBeside<QLineEdit>(Details(), QStringLiteral("ID:")); };
+    const auto idField = [this] { return Hands::FieldBeside<QLineEdit>(Details(), Texts::FieldLabel("ID")); };
     RequireEqual(idField()->text(), QString::number(id), QStringLiteral("ID"));
     // The details took most of the table's height.
     table->scrollTo(cell);
@@ -86,12 +87,12 @@ void TourContext::SelectVenue(qint64 id) const
 
 void TourContext::ClickSearch() const
 {
-    Hands::Click(Hands::Button(Dialog(), QStringLiteral("Search")));
+    Hands::Click(Hands::Button(Dialog(), Texts::OfModule("VenueDbCentralWidget", "Search")));
 }
 
 void TourContext::ClickReset() const
 {
-    Hands::Click(Hands::Button(Dialog(), QStringLiteral("Reset")));
+    Hands::Click(Hands::Button(Dialog(), Texts::OfModule("VenueDbCentralWidget", "Reset")));
 }
 
 QString TourContext::PictureCaption() const

@@ -1,5 +1,6 @@
 #include "../MainWindow.h"
 #include "Hands.h"
+#include "Texts.h"
 #include "TourSteps.h"
 
 #include <demo/server/Fault.h>
@@ -22,6 +23,8 @@ namespace korvel::Demo {
 namespace {
 
 using namespace Ui::VenueDatabase;
+
+constexpr const char* c_viewer = "PictureFullscreenDialog";
 
 PictureFullscreenDialog* Viewer(const TourContext& context)
 {
@@ -52,7 +55,7 @@ QString ViewerBeforeTheLargePicture(TourContext& context)
             Hands::Click(button);
     }
     auto* viewer = Viewer(context);
-    RequireEqual(viewer->GetStatusLabel()->text(), QStringLiteral("Loading large image..."),
+    RequireEqual(viewer->GetStatusLabel()->text(), Texts::OfModule(c_viewer, "Loading large image..."),
                  QStringLiteral("status"));
     const double width = View(context)->sceneRect().width();
     Require(width > 100 && width < 1000, QStringLiteral("a small picture is shown, %1 wide").arg(width));
@@ -102,7 +105,8 @@ QString SaveDialog(TourContext& context)
     Hands::Answer<QFileDialog>(
         [] { Hands::Press(Qt::Key_S, Qt::ControlModifier); },
         [&](QFileDialog* dialog) {
-            RequireEqual(dialog->windowTitle(), QStringLiteral("Save Image As"), QStringLiteral("title"));
+            RequireEqual(dialog->windowTitle(), Texts::OfModule(c_viewer, "Save Image As"),
+                         QStringLiteral("title"));
             auto* name = dialog->findChild<QLineEdit*>();
             Require(!name->text().isEmpty(), QStringLiteral("a file name is suggested"));
             context.takePicture();
@@ -116,7 +120,7 @@ QString SavedPicture(TourContext& context)
 {
     const QString path = SavedFile(context);
     RequireEqual(Viewer(context)->GetStatusLabel()->text(),
-                 QStringLiteral("Saved \"%1\"").arg(QDir::toNativeSeparators(path)),
+                 Texts::OfModule(c_viewer, "Saved \"%1\"").arg(QDir::toNativeSeparators(path)),
                  QStringLiteral("status"));
     QImageReader reader(path);
     RequireEqual(reader.format(), QByteArrayLiteral("jpeg"), QStringLiteral("format of the file"));
