@@ -4,6 +4,7 @@
 #include <ui/CustomStyle_p.h>
 #include <ui/PictureCaption_p.h>
 #include <ui/PictureDecoder_p.h>
+#include <ui/PictureItem_p.h>
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureView.h>
 
@@ -131,8 +132,7 @@ void PictureFullscreenDialog::SetImage(const QByteArray& data)
     // Deliberate: without a picture the scene keeps the rectangle of the previous one.
     if (!pixmap.isNull()) {
         m_scene->setSceneRect(pixmap.rect());
-        // The item's own mode decides, not the view's render hints.
-        m_scene->addPixmap(pixmap)->setTransformationMode(Qt::SmoothTransformation);
+        m_scene->addItem(new PictureItem(pixmap)); // owned by the scene
     }
     m_view->FitPictureInView();
 }

@@ -9,6 +9,7 @@
 #include <support/PictureFixtures.h>
 
 #include <QApplication>
+#include <QBuffer>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFileDialog>
@@ -528,6 +529,53 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(topLeft + QPoint(-1, 0)), QColor(49, 49, 49));
         QCOMPARE(image.pixelColor(topLeft + QPoint(0, -1)), QColor(49, 49, 49));
         QCOMPARE(image.pixelColor(topLeft + QPoint(300, 0)), QColor(49, 49, 49));
+        dialog.hide();
+    }
+
+    void ThinLinesStayVisibleInAPictureShownSmall_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("below half its size") << QSize(2400, 1200);
+        QTest::newRow("below an eighth of its size") << QSize(9000, 1200);
+    }
+
+    void ThinLinesStayVisibleInAPictureShownSmall()
+    {
+        QFETCH(const QSize, size);
+        constexpr int c_lineCount = 100;
+        // One dark pixel for each line, on white.
+        const int distance = size.width() / c_lineCount;
+        QImage lines(size, QImage::Format_RGB32);
+        lines.fill(Qt::white);
+        for (int line = 0; line < c_lineCount; ++line) {
+            for (int y = 0; y < size.height(); ++y)
+                lines.setPixelColor(line * distance + distance / 2, y, Qt::black);
+        }
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        QVERIFY(buffer.open(QIODevice::WriteOnly) && lines.save(&buffer, "PNG"));
+        QList<Picture> pictures = CompletePictures(1);
+        pictures.first().SetPictureDataLarge(bytes);
+
+        PictureFullscreenDialog dialog;
+        dialog.SetPictures(&pictures);
+        dialog.Open();
+        dialog.SetPicturesIndex(0);
+        QVERIFY(View(dialog)->transform().m11() < 0.5);
+        const QImage shown = View(dialog)->viewport()->grab().toImage();
+        // Beside the caption and the buttons.
+        const int row = View(dialog)->mapFromScene(QPointF(0, size.height() * 0.75)).y();
+        for (int line = 10; line < c_lineCount - 10; ++line) {
+            const int column = View(dialog)->mapFromScene(QPointF(line * distance + distance / 2.0, 0)).x();
+            int darkest = 255;
+            for (int x = column - 2; x <= column + 2; ++x)
+                darkest = std::min(darkest, shown.pixelColor(x, row).lightness());
+            // A pixel that stands for n others cannot get darker than 1 - 1/n, and shares the line with its
+            // neighbour.
+            const double darkening = 255 * View(dialog)->transform().m11() / 3;
+            QVERIFY2(darkest < 255 - darkening,
+                     qPrintable(QStringLiteral("line %1 has lightness %2").arg(line).arg(darkest)));
+        }
         dialog.hide();
     }
 
