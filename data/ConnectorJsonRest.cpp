@@ -142,6 +142,7 @@ QString WithoutBackslashes(QString text)
 QHash<QString, qint64> EditorsById(const QJsonArray& included)
 {
     QHash<QString, qint64> editors;
+    editors.reserve(included.size());
     for (const QJsonValue value : included) {
         const QJsonObject resource = value.toObject();
         if (!IsResource(resource, QLatin1String("user")))
@@ -150,11 +151,13 @@ QHash<QString, qint64> EditorsById(const QJsonArray& included)
         // A number never equals the text that a relationship names.
         if (!id.isString())
             continue;
-        const QString text = id.toString();
-        if (editors.contains(text))
+        const qsizetype known = editors.size();
+        qint64& editor = editors[id.toString()];
+        // The first user of an id counts.
+        if (editors.size() == known)
             continue;
         const QJsonObject attributes = resource.value(QLatin1String("attributes")).toObject();
-        editors.insert(text, attributes.value(QLatin1String("entity_id")).toInt(0));
+        editor = attributes.value(QLatin1String("entity_id")).toInt(0);
     }
     return editors;
 }

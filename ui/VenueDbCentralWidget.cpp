@@ -20,6 +20,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace korvel::Ui::VenueDatabase {
 
 using namespace Data::VenueDatabase;
@@ -369,9 +371,19 @@ void VenueDbCentralWidget::FillCountryComboBox(const QList<Venue>& venues, const
     // The list besides the set: names that differ only in case are sorted by where they occur first.
     QSet<QString> known;
     QStringList countries;
+    // Venues of one country mostly share its text: the same place in memory needs no look at the text. It
+    // stays where it is as long as `venues` does.
+    std::array<QStringView, 256> lastSeen;
     for (const Venue& venue : venues) {
         const QString country = venue.GetCountry();
-        if (country.isNull() || known.contains(country))
+        if (country.isNull())
+            continue;
+        QStringView& seen
+            = lastSeen[(reinterpret_cast<quintptr>(country.constData()) >> 4) % lastSeen.size()];
+        if (seen.data() == country.constData() && seen.size() == country.size())
+            continue;
+        seen = country;
+        if (known.contains(country))
             continue;
         known.insert(country);
         countries.append(country);
