@@ -106,6 +106,14 @@ void AddNetworkGoals(QList<Goal>& goals)
                   0,
                   {}});
     goals.append({QStringLiteral("8"),
+                  QStringLiteral("the same, with their list, which the loop does not read"),
+                  QStringLiteral("FetchPicturesAndList"),
+                  c_figure,
+                  Judgement::Note,
+                  0,
+                  0,
+                  {}});
+    goals.append({QStringLiteral("8"),
                   QStringLiteral("the same / libcurl, one connection"),
                   QStringLiteral("FetchPicturesAgainstCurl"),
                   c_figure,
