@@ -373,13 +373,13 @@ void VenueDbCentralWidget::FillCountryComboBox(const QList<Venue>& venues, const
     QStringList countries;
     // Venues of one country mostly share its text: the same place in memory needs no look at the text. It
     // stays where it is as long as `venues` does.
-    std::array<QStringView, 256> lastSeen;
+    std::array<QStringView, 1024> lastSeen;
     for (const Venue& venue : venues) {
         const QString country = venue.GetCountry();
         if (country.isNull())
             continue;
-        QStringView& seen
-            = lastSeen[(reinterpret_cast<quintptr>(country.constData()) >> 4) % lastSeen.size()];
+        const auto address = reinterpret_cast<quintptr>(country.constData());
+        QStringView& seen = lastSeen[((address >> 4) ^ (address >> 14)) % lastSeen.size()];
         if (seen.data() == country.constData() && seen.size() == country.size())
             continue;
         seen = country;
