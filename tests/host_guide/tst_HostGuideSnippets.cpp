@@ -21,6 +21,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThreadPool>
+#include <QTimer>
 
 using korvel::Test::ConnectorStub;
 using korvel::Test::FailOnUnexpectedWarnings;
@@ -85,6 +86,8 @@ private Q_SLOTS:
     void BackgroundImportIsAnsweredInTheUiThread();
     void BackgroundImportOutlivesItsHost();
     void DialogIsRemovedWhileDetailsLoad();
+    void MainWindowEndsTheApplicationPastItsOpenDialog_data();
+    void MainWindowEndsTheApplicationPastItsOpenDialog();
     void GermanTextsAreInstalled();
     void EnglishUserKeepsEnglish();
     void TraceCategoryIsSwitchedOn();
@@ -266,6 +269,27 @@ void tst_HostGuideSnippets::DialogIsRemovedWhileDetailsLoad()
     dialog->findChild<QTableView*>()->selectRow(0);
     QVERIFY(wasAliveInTheWait);
     QTRY_VERIFY(dialog.isNull());
+}
+
+void tst_HostGuideSnippets::MainWindowEndsTheApplicationPastItsOpenDialog_data()
+{
+    QTest::addColumn<bool>("isChild");
+    QTest::newRow("child of the main window") << true;
+    QTest::newRow("without a parent") << false;
+}
+
+void tst_HostGuideSnippets::MainWindowEndsTheApplicationPastItsOpenDialog()
+{
+    QFETCH(bool, isChild);
+    QWidget mainWindow;
+    mainWindow.show();
+    VenueDbDialog dialog(isChild ? &mainWindow : nullptr);
+    dialog.Open(nullptr);
+    constexpr int c_stillRunning = 7;
+    QTimer::singleShot(0, &mainWindow, &QWidget::close);
+    QTimer::singleShot(500, &mainWindow, [] { QCoreApplication::exit(c_stillRunning); });
+    QCOMPARE(QCoreApplication::exec(), isChild ? 0 : c_stillRunning);
+    dialog.hide();
 }
 
 void tst_HostGuideSnippets::GermanTextsAreInstalled()
