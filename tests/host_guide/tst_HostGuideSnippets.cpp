@@ -172,7 +172,7 @@ void tst_HostGuideSnippets::HubLeadsDayModeAndHelpToTheHost()
     QVERIFY(embedding.IsDayMode());
     Q_EMIT VenueDbSignalHandler::GetInstance()->DayModeChangeRequested();
     QVERIFY(!embedding.IsDayMode());
-    QVERIFY(qApp->styleSheet().contains(QStringLiteral("black")));
+    QVERIFY(qApp->styleSheet().contains(QStringLiteral("/dark/")));
     Q_EMIT VenueDbSignalHandler::GetInstance()->HelpRequested();
     QDialog* help = nullptr;
     for (QDialog* dialog : mainWindow.findChildren<QDialog*>()) {

@@ -10,16 +10,6 @@
 using korvel::Ui::VenueDatabase::VenueDbDialog;
 using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
 
-namespace {
-
-QString StyleSheet(bool dayMode)
-{
-    return dayMode ? QStringLiteral("QDialog { background: white; }")
-                   : QStringLiteral("QDialog { background: black; }");
-}
-
-} // namespace
-
 Embedding::Embedding(QWidget* mainWindow)
     : m_mainWindow(mainWindow)
 {
@@ -45,7 +35,9 @@ void Embedding::ConnectHub()
 void Embedding::SetTheme(bool dayMode)
 {
     m_dayMode = dayMode;
-    qApp->setStyleSheet(StyleSheet(dayMode)); // the host's own, with a rule for each "customStyle"
+    // As a file, also from a resource: the sheet names its pictures by where they lie beside it.
+    qApp->setStyleSheet(dayMode ? QStringLiteral("file:///:/kvVenueDatabase/styles/light/venue-database.qss")
+                                : QStringLiteral("file:///:/kvVenueDatabase/styles/dark/venue-database.qss"));
     m_dialog->SetDayMode(dayMode);
 }
 //! [day mode]
