@@ -3,10 +3,10 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QNetworkProxy>
+#include <QPlainTextEdit>
 #include <QSslConfiguration>
 #include <QStatusBar>
 
@@ -34,8 +34,8 @@ int main(int argc, char* argv[])
 
     QMainWindow window;
     window.setWindowTitle(QStringLiteral("Planner"));
-    auto* plan = new QLabel(QStringLiteral("No venue yet"));
-    plan->setAlignment(Qt::AlignCenter);
+    auto* plan = new QPlainTextEdit(QStringLiteral("No venue yet"));
+    plan->setReadOnly(true);
     window.setCentralWidget(plan);
     window.resize(1200, 850);
 
@@ -52,7 +52,7 @@ int main(int argc, char* argv[])
                      [plan, venues](const QString& path) {
                          QFile model(path);
                          if (model.open(QIODevice::ReadOnly))
-                             plan->setText(QString::fromUtf8(model.readAll()));
+                             plan->setPlainText(QString::fromUtf8(model.readAll()));
                          venues->SetVenueLoaded(true); // the import button works again
                      });
 
