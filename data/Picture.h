@@ -12,7 +12,7 @@ namespace korvel::Data::VenueDatabase {
 /// bytes.
 ///
 /// A plain value, copied memberwise; bytes and texts are implicitly shared. Bytes are what the server sent
-/// and need not decode; texts may hold markup.
+/// and need not decode; texts may hold markup. A record can be used in any thread that owns it.
 class KVVENUEDATABASE_API Picture
 {
 public:

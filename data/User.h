@@ -9,7 +9,8 @@ namespace korvel::Data::VenueDatabase {
 /// A user account of the venue database server. Part of the connector's interface; no query of this version
 /// fills one.
 ///
-/// A plain value, copied memberwise. Dates are texts as the server delivers them.
+/// A plain value, copied memberwise. Dates are texts as the server delivers them. A record can be used in any
+/// thread that owns it.
 class KVVENUEDATABASE_API User
 {
 public:

@@ -11,6 +11,7 @@ namespace korvel::Ui::VenueDatabase {
 ///
 /// It reports the press itself: it never looks pressed and a mouse never makes it emit clicked(). Space and a
 /// screen reader's press do, and navigate as well. A ring shows a focus that did not come by the mouse.
+/// User-interface thread only.
 ///
 /// @code{.cpp}
 /// auto* next = new PictureNavigationButton(1, picture);
