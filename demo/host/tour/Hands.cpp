@@ -1,6 +1,7 @@
 #include "Hands.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QMap>
@@ -116,6 +117,18 @@ void Type(const QString& text)
 {
     for (const QChar letter : text)
         QTest::sendKeyEvent(QTest::Click, KeyTarget(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
+}
+
+void Choose(QComboBox* chooser, const std::function<void()>& keys)
+{
+    Click(chooser);
+    WaitUntil([] { return QApplication::activePopupWidget() != nullptr; },
+              QStringLiteral("the list drops down"));
+    keys();
+    Press(Qt::Key_Return);
+    // The mouse of this tour is none that could be seen leaving while the list is open.
+    chooser->setAttribute(Qt::WA_UnderMouse, false);
+    chooser->update();
 }
 
 void Fill(QWidget* field, const QString& text)

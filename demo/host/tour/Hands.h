@@ -7,6 +7,7 @@
 #include <exception>
 #include <functional>
 
+class QComboBox;
 class QLabel;
 class QPushButton;
 class QTableView;
@@ -51,6 +52,8 @@ void Click(QWidget* widget, QPoint position);
 /// Presses a key where the keyboard focus is.
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Type(const QString& text);
+/// Chooses from the list that \p chooser opens: \p keys are pressed while it is open, Return closes it.
+void Choose(QComboBox* chooser, const std::function<void()>& keys);
 /// Replaces the text of an input field by hand.
 void Fill(QWidget* field, const QString& text);
 

@@ -39,11 +39,11 @@ QComboBox* FileChooser(const TourContext& context)
 void ChooseFile(const TourContext& context, int index)
 {
     QComboBox* files = FileChooser(context);
-    Hands::Click(files);
-    Hands::Press(Qt::Key_Home);
-    for (int i = 0; i < index; ++i)
-        Hands::Press(Qt::Key_Down);
-    Hands::Press(Qt::Key_Return);
+    Hands::Choose(files, [index] {
+        Hands::Press(Qt::Key_Home);
+        for (int i = 0; i < index; ++i)
+            Hands::Press(Qt::Key_Down);
+    });
     RequireEqual(files->currentIndex(), index, QStringLiteral("chosen file"));
 }
 

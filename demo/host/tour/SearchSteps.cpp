@@ -104,13 +104,11 @@ QString CountrySearch(TourContext& context)
     const auto inJapan = context.CatalogueIds(
         [](const VenueRecord& venue) { return venue.countryCode == QStringLiteral("JP"); });
 
-    Hands::Click(chooser);
-    Hands::WaitUntil([] { return QApplication::activePopupWidget() != nullptr; },
-                     QStringLiteral("the countries drop down"));
-    Hands::Type(QStringLiteral("jap"));
-    Hands::Settle();
-    context.takePicture();
-    Hands::Press(Qt::Key_Return);
+    Hands::Choose(chooser, [&] {
+        Hands::Type(QStringLiteral("jap"));
+        Hands::Settle();
+        context.takePicture();
+    });
     RequireEqual(chooser->currentText(), QStringLiteral("Japan"), QStringLiteral("chosen"));
     context.ClickSearch();
     RequireListed(context, inJapan, QStringLiteral("listed"));

@@ -7,6 +7,7 @@
 #include <demo/server/VenueServer.h>
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QScreen>
 
@@ -43,6 +44,8 @@ bool Tour::Run()
         PrintLine(QStringLiteral("FAIL  cannot make the folder %1").arg(m_folder));
         return false;
     }
+    // Away from everything that changes its look under the mouse.
+    QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
     for (const bool dayMode : m_dayModes) {
         if (!RunInTheme(dayMode))
             return false;
