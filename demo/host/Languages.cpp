@@ -20,8 +20,8 @@ void Languages::UseForSystem(const QString& language)
 {
     if (language.isEmpty())
         return;
-    // Qt reads the environment when the system's locale is first asked for. The C library must not see this value:
-    // it may not know the locale, and Qt would complain.
+    // Qt reads the environment when the system's locale is first asked for. The C library must not see this
+    // value: it may not know the locale, and Qt would complain.
     const bool wasSet = qEnvironmentVariableIsSet("LC_ALL");
     const QByteArray before = qgetenv("LC_ALL");
     qputenv("LC_ALL", (QLocale(language).name() + QStringLiteral(".UTF-8")).toLatin1());

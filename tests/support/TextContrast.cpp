@@ -38,8 +38,8 @@ bool IsLarge(const QWidget* widget)
     return font.pixelSize() >= 24 || (font.bold() && font.pixelSize() >= 18.66);
 }
 
-/// The place of the one line \p text in a field, without its ends: where it is selected, there is another ground
-/// beside it.
+/// The place of the one line \p text in a field, without its ends: where it is selected, there is another
+/// ground beside it.
 QRect LineIn(const QWidget* field, const QString& text)
 {
     constexpr int c_begin = 10;
@@ -71,9 +71,8 @@ void TextCollector::AddPlace(QWidget* widget, const QRect& rect, const QString& 
     if (text.trimmed().isEmpty() || seen.width() < 4 || seen.height() < 8)
         return;
     const QString style = widget->property("customStyle").toString();
-    const QString name = kind.isEmpty()
-        ? QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + style
-        : kind;
+    const QString name
+        = kind.isEmpty() ? QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + style : kind;
     places.append({QStringLiteral("%1 \"%2\"").arg(name, text), widget->window(),
                    seen.translated(widget->mapTo(widget->window(), QPoint())), IsLarge(widget)});
 }
@@ -119,11 +118,10 @@ void TextCollector::AddTextEdit(QTextEdit* edit)
 {
     const QString line = edit->toPlainText().section(QLatin1Char('\n'), 0, 0).left(6);
     const QRect start = edit->cursorRect(QTextCursor(edit->document()->firstBlock()));
-    AddPlace(
-        edit->viewport(),
-        QRect(start.topLeft(), QSize(edit->fontMetrics().horizontalAdvance(line), start.height()))
-            .adjusted(2, 2, 0, -2),
-        line, edit->property("customStyle").toString());
+    AddPlace(edit->viewport(),
+             QRect(start.topLeft(), QSize(edit->fontMetrics().horizontalAdvance(line), start.height()))
+                 .adjusted(2, 2, 0, -2),
+             line, edit->property("customStyle").toString());
 }
 
 void TextCollector::Add(QWidget* widget)

@@ -24,12 +24,12 @@ struct TextPlace
     bool isLarge = false;
 };
 
-/// The texts that \p root and its visible children in the same window show: labels, buttons, fields, headers, rows,
-/// menu entries. Disabled ones are left out: their faint look says that they do nothing.
+/// The texts that \p root and its visible children in the same window show: labels, buttons, fields, headers,
+/// rows, menu entries. Disabled ones are left out: their faint look says that they do nothing.
 QList<TextPlace> VisibleTexts(QWidget* root);
 
-/// The contrast of what is really drawn there: the ground is the most frequent colour, the text the one that differs
-/// most from it.
+/// The contrast of what is really drawn there: the ground is the most frequent colour, the text the one that
+/// differs most from it.
 double DrawnContrast(const TextPlace& place);
 
 /// 4.5, or 3 for a large text.
