@@ -10,6 +10,7 @@
 
 #include <support/ConnectorStub.h>
 #include <support/MessageGuard.h>
+#include <support/ModalDriver.h>
 
 #include <QApplication>
 #include <QMessageBox>
@@ -18,6 +19,8 @@
 #include <QSslCertificate>
 #include <QStandardPaths>
 #include <QTableView>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThreadPool>
@@ -25,6 +28,7 @@
 
 using korvel::Test::ConnectorStub;
 using korvel::Test::FailOnUnexpectedWarnings;
+using korvel::Test::ModalDriver;
 using korvel::Test::NoWindowIsLeft;
 using korvel::Ui::VenueDatabase::VenueDbCentralWidget;
 using korvel::Ui::VenueDatabase::VenueDbDialog;
@@ -45,6 +49,30 @@ QList<bool> Answers(const QSignalSpy& spy)
         answers.append(arguments.first().toBool());
     return answers;
 }
+
+/// The application's proxy, which takes connections and never says a word: every query waits.
+class SilentProxy : public QTcpServer
+{
+public:
+    SilentProxy()
+    {
+        listen(QHostAddress::LocalHost);
+        QNetworkProxy::setApplicationProxy(
+            QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), serverPort()));
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            ++m_connectionCount;
+            nextPendingConnection();
+        });
+    }
+
+    int ConnectionCount() const
+    {
+        return m_connectionCount;
+    }
+
+private:
+    int m_connectionCount = 0;
+};
 
 } // namespace
 
@@ -86,6 +114,10 @@ private Q_SLOTS:
     void BackgroundImportIsAnsweredInTheUiThread();
     void BackgroundImportOutlivesItsHost();
     void DialogIsRemovedWhileDetailsLoad();
+    void DisconnectInASearchLeadsToTheErrorBox();
+    void RetryUsesTheNewConnector();
+    void DialogMayBeDeletedInASearch_data();
+    void DialogMayBeDeletedInASearch();
     void MainWindowEndsTheApplicationPastItsOpenDialog_data();
     void MainWindowEndsTheApplicationPastItsOpenDialog();
     void GermanTextsAreInstalled();
@@ -268,6 +300,65 @@ void tst_HostGuideSnippets::DialogIsRemovedWhileDetailsLoad()
     panel->PerformQuery();
     dialog->findChild<QTableView*>()->selectRow(0);
     QVERIFY(wasAliveInTheWait);
+    QTRY_VERIFY(dialog.isNull());
+}
+
+void tst_HostGuideSnippets::DisconnectInASearchLeadsToTheErrorBox()
+{
+    SilentProxy proxy;
+    VenueDbDialog dialog;
+    connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
+    const ModalDriver<QMessageBox> driver([](QMessageBox* box) { box->button(QMessageBox::Close)->click(); });
+    dialog.ConnectVdb(QStringLiteral("JSONREST"));
+    dialog.Open(nullptr);
+    QTRY_COMPARE(driver.Count(), 1);
+    QTRY_VERIFY(!dialog.isVisible());
+}
+
+void tst_HostGuideSnippets::RetryUsesTheNewConnector()
+{
+    SilentProxy proxy;
+    VenueDbDialog dialog;
+    connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
+    int boxes = 0;
+    std::unique_ptr<ModalDriver<QMessageBox>> secondDriver;
+    const ModalDriver<QMessageBox> firstDriver([&](QMessageBox* box) {
+        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        secondDriver = std::make_unique<ModalDriver<QMessageBox>>([&boxes](QMessageBox* secondBox) {
+            ++boxes;
+            secondBox->button(QMessageBox::Close)->click();
+        });
+        ++boxes;
+        box->button(QMessageBox::Retry)->click();
+    });
+    dialog.ConnectVdb(QStringLiteral("JSONREST"));
+    dialog.Open(nullptr);
+    QTRY_COMPARE(boxes, 2);
+    // Only a connector can reach the proxy.
+    QCOMPARE(proxy.ConnectionCount(), 2);
+    QTRY_VERIFY(!dialog.isVisible());
+}
+
+void tst_HostGuideSnippets::DialogMayBeDeletedInASearch_data()
+{
+    QTest::addColumn<bool>("isLater");
+    QTest::newRow("deleteLater") << true;
+    QTest::newRow("delete") << false;
+}
+
+void tst_HostGuideSnippets::DialogMayBeDeletedInASearch()
+{
+    QFETCH(bool, isLater);
+    SilentProxy proxy;
+    const QPointer<VenueDbDialog> dialog(new VenueDbDialog);
+    connect(&proxy, &QTcpServer::newConnection, this, [dialog, isLater] {
+        if (isLater)
+            dialog->deleteLater();
+        else
+            delete dialog;
+    });
+    dialog->ConnectVdb(QStringLiteral("JSONREST"));
+    dialog->Open(nullptr);
     QTRY_VERIFY(dialog.isNull());
 }
 
