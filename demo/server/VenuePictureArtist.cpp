@@ -1,6 +1,6 @@
 #include <demo/server/VenuePictureArtist.h>
 
-#include <demo/server/VenuePictureHall_p.h>
+#include <demo/server/VenueHallBuilder_p.h>
 #include <demo/server/VenuePictureOutside_p.h>
 
 #include <QBuffer>
@@ -56,19 +56,19 @@ QString Caption(const PictureSubject& subject)
 
 void PaintHall(QPainter& painter, QSizeF sheet, const VenueStyle& style, const QString& view)
 {
-    using Builder = VenueHallBuilder;
+    using Plan = VenueHallPlan;
     const bool auditorium = view == QLatin1String("from_the_auditorium");
     const bool isometric = view == QLatin1String("isometric");
     const bool wing = view == QLatin1String("stage_left") || view == QLatin1String("stage_right");
     Scene scene;
-    Builder builder(scene, style,
-                    isometric  ? Builder::Part::CutAway
-                        : wing ? Builder::Part::StageHouse
-                               : Builder::Part::Everything,
-                    isometric                ? Builder::Mood::Model
-                        : auditorium || wing ? Builder::Mood::Show
-                                             : Builder::Mood::HouseLight);
-    builder.Build();
+    Plan plan(style,
+              isometric  ? Plan::Part::CutAway
+                  : wing ? Plan::Part::StageHouse
+                         : Plan::Part::Everything,
+              isometric                ? Plan::Mood::Model
+                  : auditorium || wing ? Plan::Mood::Show
+                                       : Plan::Mood::HouseLight);
+    VenueHallBuilder(scene, plan).Build();
     if (isometric) {
         QLinearGradient paper(0, 0, 0, sheet.height());
         paper.setColorAt(0, QColor(0xE9, 0xEC, 0xF0));
@@ -88,15 +88,15 @@ void PaintHall(QPainter& painter, QSizeF sheet, const VenueStyle& style, const Q
     } else {
         painter.fillRect(QRectF(QPointF(), sheet), ToColor(style.wallDeep * 0.12F));
     }
-    Camera camera = builder.FromStage();
+    Camera camera = plan.FromStage();
     if (isometric)
-        camera = builder.FromAbove();
+        camera = plan.FromAbove();
     else if (auditorium)
-        camera = builder.FromAuditorium();
+        camera = plan.FromAuditorium();
     else if (wing)
-        camera = builder.FromWing(view == QLatin1String("stage_left"));
+        camera = plan.FromWing(view == QLatin1String("stage_left"));
     else if (view == QLatin1String("view_from_the_inside"))
-        camera = builder.FromCorner();
+        camera = plan.FromCorner();
     scene.Render(painter, camera, sheet);
 }
 
