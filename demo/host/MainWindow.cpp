@@ -120,10 +120,10 @@ void MainWindow::ShowHelp()
 {
     // Over the modal full-screen viewer only a window of its own can be read and closed.
     QWidget* parent = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : this;
-    if (m_help && m_help->parentWidget() != parent)
+    if (!m_help || m_help->parentWidget() != parent) {
         delete m_help;
-    if (!m_help)
         m_help = new HelpWindow(parent);
+    }
     m_help->show();
     m_help->raise();
     m_help->activateWindow();

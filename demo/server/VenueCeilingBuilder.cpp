@@ -88,13 +88,13 @@ void VenueCeilingBuilder::BuildBeamCeiling()
         }
         return;
     }
-    for (float z = -m_plan.stageDepth + 2; z < m_plan.length; z += 4.4F)
+    for (const float z : Steps(-m_plan.stageDepth + 2, m_plan.length, 4.4F))
         m_scene.AddBox({-m_plan.halfWidth - 2, m_plan.height - 0.7F, z},
                        {m_plan.halfWidth + 2, m_plan.height, z + 0.6F}, m_plan.style.trim * 0.85F);
-    for (float x = -8; x <= 8.1F; x += 4)
+    for (const float x : Steps(-8, 8.1F, 4))
         m_scene.AddBox({x - 0.2F, m_plan.height - 0.5F, -m_plan.stageDepth},
                        {x + 0.2F, m_plan.height, m_plan.length}, m_plan.style.trim * 0.75F);
-    for (float z = 3; z < m_plan.length - 2; z += 8.8F) {
+    for (const float z : Steps(3, m_plan.length - 2, 8.8F)) {
         AddChandelier({-5, m_plan.height - 4.2F, z}, 1.0F);
         AddChandelier({5, m_plan.height - 4.2F, z}, 1.0F);
     }

@@ -132,7 +132,7 @@ QVector3D VenueHallPlan::CurvePoint(float share, float outward, float height) co
     if (closed) {
         const float angle = 2.0F * c_pi * share;
         const float middle = style.architecture == Architecture::Arena ? length * 0.34F : -3.0F;
-        const float depth = style.architecture == Architecture::Arena ? length * 0.86F : length * 0.86F;
+        const float depth = length * 0.86F;
         return {std::sin(angle) * (halfWidth + outward), height,
                 middle + std::cos(angle) * (depth + outward)};
     }

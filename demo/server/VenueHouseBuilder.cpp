@@ -60,8 +60,8 @@ void VenueHouseBuilder::BuildFloor()
 void VenueHouseBuilder::BuildStalls()
 {
     if (m_plan.style.architecture == Architecture::Vineyard) {
-        for (float radius = 5.6F; radius < 12.6F; radius += 0.95F) {
-            for (float angle = -1.15F; angle < 1.15F; angle += 0.6F / radius) {
+        for (const float radius : Steps(5.6F, 12.6F, 0.95F)) {
+            for (const float angle : Steps(-1.15F, 1.15F, 0.6F / radius)) {
                 const QVector3D foot(std::sin(angle) * radius, 0.05F * (radius - 5.6F),
                                      -2.6F + std::cos(angle) * radius);
                 if (foot.z() > 2.4F && std::abs(angle) > 0.06F && std::abs(std::abs(angle) - 0.55F) > 0.05F)
@@ -76,7 +76,7 @@ void VenueHouseBuilder::BuildStalls()
     const float last = arena ? m_plan.length * 0.98F : m_plan.length - 3.0F;
     const float rake = arena ? 0.0F : m_plan.style.architecture == Architecture::Modern ? 0.13F : 0.055F;
     const float pitch = 1.0F;
-    for (float z = first; z < last; z += pitch) {
+    for (const float z : Steps(first, last, pitch)) {
         // In the show picture the rows right under the camera would only hide what it is about.
         const float curve = arena ? 0.0F : 0.008F;
         const float half = arena ? 14.0F : m_plan.halfWidth - 1.4F;
@@ -86,7 +86,7 @@ void VenueHouseBuilder::BuildStalls()
                              {-half, rise, z + 0.5F}, Mix(m_plan.style.floor, m_plan.style.seat, 0.25F), 6, 1,
                              0.0F, 0);
         }
-        for (float x = -half + 0.35F; x <= half - 0.2F; x += 0.56F) {
+        for (const float x : Steps(-half + 0.35F, half - 0.2F, 0.56F)) {
             const bool aisle
                 = std::abs(x) < 0.7F || (half > 12 && std::abs(std::abs(x) - half * 0.58F) < 0.6F);
             const float rowZ = z - curve * x * x;

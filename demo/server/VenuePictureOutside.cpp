@@ -132,7 +132,7 @@ private:
                          {x + 0.05F, foot + height, z + 0.12F},
                          {x - 0.05F, foot + height, z + 0.12F}},
                         bar, 0, 3);
-        for (float y = foot + 1.2F; y < foot + height - width / 2; y += 1.2F)
+        for (const float y : Steps(foot + 1.2F, foot + height - width / 2 - 0.01F, 1.2F))
             m_scene.AddFace({{x - width / 2, y, z + 0.12F},
                              {x + width / 2, y, z + 0.12F},
                              {x + width / 2, y + 0.08F, z + 0.12F},
@@ -183,7 +183,7 @@ private:
             m_scene.AddBox({-wing - 0.3F, y, -1.7F}, {wing + 0.3F, y + (y > 1 ? 0.6F : 1.1F), -1.1F},
                            stone * 1.05F);
         m_scene.AddBox({-wing, 13.0F, -1.5F}, {wing, 14.0F, -1.2F}, stone);
-        for (float x = -wing + 0.5F; x < wing; x += 0.8F)
+        for (const float x : Steps(-wing + 0.5F, wing - 0.01F, 0.8F))
             m_scene.AddBox({x, 13.2F, -1.3F}, {x + 0.3F, 13.9F, -1.05F}, stone * 1.08F);
         for (const float side : {-1.0F, 1.0F}) {
             for (int bay = 0; bay < 3; ++bay) {
@@ -267,7 +267,7 @@ private:
         }
         AddBlock({-12.6F, 0, -2}, {12.6F, 0.3F, 2.05F}, stone * 0.8F, 8, 1);
         m_scene.AddBox({-13.6F, 5.4F, -2}, {13.6F, 5.9F, 3.6F}, RgbFromHex(0x3A3E44), 0, 5);
-        for (float x = left; x <= 12.6F; x += 2.5F)
+        for (const float x : Steps(left, 12.6F, 2.5F))
             m_scene.AddColumn({x, 0, 2.9F}, 0.12F, 5.4F, RgbFromHex(0x4A4E54), 8, 1.0F, 5);
         if (m_style.dusk)
             m_scene.AddGlow({0, 3, 3}, 14, m_style.lightWarm, 0.25F, 9);
@@ -415,7 +415,7 @@ private:
         const float wide = 22;
         const float high = 13.5F;
         AddBlock({-12, 0, -34}, {13, 23, -14}, Mix(white, m_style.wall, 0.45F), 10, 8);
-        for (float x = -11.5F; x < 13; x += 0.9F) // ribs on the stage tower
+        for (const float x : Steps(-11.5F, 13, 0.9F)) // ribs on the stage tower
             m_scene.AddBox({x, high, -14}, {x + 0.25F, 23, -13.7F}, Mix(white, m_style.wall, 0.3F));
         // What can be seen through the glass: floors, stairs, the wooden shell of the hall.
         m_scene.AddPanel({-wide, 0, -12}, {wide, 0, -12}, {wide, high, -12}, {-wide, high, -12},
@@ -443,7 +443,7 @@ private:
                            {x + 0.7F, 0.3F * static_cast<float>(step) + 0.35F, -1.4F}, white,
                            m_style.dusk ? 0.2F : 0.0F);
         }
-        for (float x = -19; x <= 19; x += 4.75F)
+        for (const float x : Steps(-19, 19, 4.75F))
             m_scene.AddColumn({x, 0, -1.0F}, 0.22F, high, white * 0.95F, 10);
         // Floating roof.
         m_scene.AddPanel({-wide - 4, high + 0.6F, 6.5F}, {wide + 4, high + 1.7F, 6.5F},
@@ -454,9 +454,9 @@ private:
                          Mix(white, m_style.lightWarm, m_style.dusk ? 0.6F : 0.1F), 12, 4,
                          m_style.dusk ? 0.35F : 0.0F, 2);
         // Mullions of the glass front.
-        for (float x = -wide; x <= wide + 0.1F; x += 2.2F)
+        for (const float x : Steps(-wide, wide + 0.1F, 2.2F))
             m_scene.AddBox({x - 0.06F, 0, 0}, {x + 0.06F, high + 0.6F, 0.2F}, RgbFromHex(0xA8B0B8), 0, 3);
-        for (float y = 0; y <= high; y += 2.25F)
+        for (const float y : Steps(0, high, 2.25F))
             m_scene.AddBox({-wide, y, 0.02F}, {wide, y + 0.08F, 0.14F}, RgbFromHex(0xA8B0B8), 0, 3);
         if (m_style.dusk) {
             for (const float x : {-14.0F, -5.0F, 5.0F, 14.0F})
@@ -586,9 +586,9 @@ void PaintSquare(QPainter& painter, QSizeF sheet, const Projection& projection, 
         if (from.z() > Projection::c_near && to.z() > Projection::c_near)
             painter.drawLine(projection.ToPicture(from), projection.ToPicture(to));
     };
-    for (float x = -90; x <= 90; x += 3)
+    for (const float x : Steps(-90, 90, 3))
         line({x, 0, 4}, {x, 0, 35});
-    for (float z = 4; z <= 36; z += 3)
+    for (const float z : Steps(4, 36, 3))
         line({-90, 0, z}, {90, 0, z});
     painter.setPen(Qt::NoPen);
 }

@@ -40,6 +40,17 @@ Rgb Mix(const Rgb& from, const Rgb& to, float share)
     return from + (to - from) * share;
 }
 
+std::vector<float> Steps(float first, float last, float step)
+{
+    std::vector<float> steps;
+    float value = first;
+    while (step > 0 ? value <= last : value >= last) {
+        steps.push_back(value);
+        value += step;
+    }
+    return steps;
+}
+
 Dice::Dice(quint64 seed)
     : m_state(Stirred(seed + 0x1234567ULL))
 {

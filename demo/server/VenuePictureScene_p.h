@@ -19,6 +19,10 @@ Rgb RgbFromHex(QRgb hex);
 QColor ToColor(const Rgb& rgb, float alpha = 1.0F);
 Rgb Mix(const Rgb& from, const Rgb& to, float share);
 
+/// The numbers from \p first to \p last, or the last one before it, in steps of \p step, which may be
+/// negative.
+std::vector<float> Steps(float first, float last, float step);
+
 /// Numbers that look random and are the same for the same seed, on every platform.
 class Dice
 {

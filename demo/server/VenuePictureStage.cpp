@@ -33,7 +33,7 @@ void AddShell(Scene& scene, float openingHalf, float openingHeight, float ground
             scene.AddPanel({inner, level + 1.05F, -c_depth}, {inner, level + 1.05F, -0.5F},
                            {inner, level + 1.15F, -0.5F}, {inner, level + 1.15F, -c_depth},
                            RgbFromHex(0xC8A43A), 10, 1);
-            for (float z = -c_depth; z < -0.5F; z += 1.5F)
+            for (const float z : Steps(-c_depth, -0.5F, 1.5F))
                 scene.AddPanel({inner, level, z}, {inner, level, z + 0.07F}, {inner, level + 1.1F, z + 0.07F},
                                {inner, level + 1.1F, z}, RgbFromHex(0xC8A43A), 1, 1);
         }
@@ -64,7 +64,7 @@ void AddDockDoor(Scene& scene, float side, float ground, bool open)
         scene.AddLight({wall - side * 1.0F, ground + 2.0F, (from + to) / 2}, RgbFromHex(0xBFD6FF) * 0.8F,
                        4.0F);
     }
-    for (float y = lintel; y < top; y += 0.32F)
+    for (const float y : Steps(lintel, top, 0.32F))
         scene.AddFace({{wall, y, from}, {wall, y, to}, {wall, y + 0.3F, to}, {wall, y + 0.3F, from}},
                       RgbFromHex(0x9AA2AA), 0.06F);
 }
@@ -79,14 +79,14 @@ void AddFlying(Scene& scene, const VenueStyle& style, Dice& dice, float openingH
                    {c_halfWidth, c_gridHeight, 0}, {-c_halfWidth, c_gridHeight, 0}, RgbFromHex(0x3A3C42), 10,
                    10, 0.0F, 0);
     int index = 0;
-    for (float z = -1.3F; z > -15.5F; z -= 0.95F, ++index) {
+    for (const float z : Steps(-1.3F, -15.5F, -0.95F)) {
         const float level = high + dice.Between(1.6F, 7.5F);
         scene.AddBox({-reach, level, z - 0.04F}, {reach, level + 0.09F, z + 0.04F}, steel);
-        for (float x = -reach + 0.6F; x < reach; x += 3.4F)
+        for (const float x : Steps(-reach + 0.6F, reach, 3.4F))
             scene.AddFace(
                 {{x, level, z}, {x + 0.03F, level, z}, {x + 0.03F, c_gridHeight, z}, {x, c_gridHeight, z}},
                 steel * 0.7F);
-        if (index % 4 == 2) // a cloth that is flown out
+        if (index++ % 4 == 2) // a cloth that is flown out
             scene.AddPanel({-reach + 0.5F, level - 1.7F, z}, {reach - 0.5F, level - 1.7F, z},
                            {reach - 0.5F, level, z}, {-reach + 0.5F, level, z},
                            Mix(style.curtain, style.lightOne, dice.Between(0.1F, 0.6F)) * 0.8F, 8, 2);
@@ -96,7 +96,7 @@ void AddFlying(Scene& scene, const VenueStyle& style, Dice& dice, float openingH
                        {reach, high + 2.2F, z + 0.7F}, {-reach, high + 2.2F, z + 0.7F}, RgbFromHex(0x1A1A20),
                        12, 2);
         scene.AddBox({-reach, high - 0.2F, z - 0.05F}, {reach, high - 0.1F, z + 0.05F}, steel);
-        for (float x = -openingHalf + 0.6F; x < openingHalf; x += 1.5F) {
+        for (const float x : Steps(-openingHalf + 0.6F, openingHalf, 1.5F)) {
             scene.AddBox({x - 0.16F, high - 0.75F, z - 0.2F}, {x + 0.16F, high - 0.2F, z + 0.2F},
                          RgbFromHex(0x24262C));
             const Rgb colour = dice.Below(2) == 0 ? style.lightOne : style.lightTwo;

@@ -75,7 +75,7 @@ void VenuePlatformBuilder::BuildPlatform()
                              {s * (m_plan.halfWidth + 2), wallTop, deep}, m_plan.style.wall, 4, 6, 0, 0);
     }
     const float reach = vineyard ? 7.0F : 7.6F;
-    for (float x = -reach; x <= reach; x += 0.34F) {
+    for (const float x : Steps(-reach, reach, 0.34F)) {
         const float crest = std::abs(std::cos(x / reach * c_pi * 1.5F));
         const float tall = (high - low) * (0.55F + 0.42F * crest);
         m_scene.AddColumn({x, low + 0.4F * (1 - crest), organZ + 0.5F}, 0.13F, tall - 0.4F,

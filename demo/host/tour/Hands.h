@@ -61,7 +61,7 @@ void Fill(QWidget* field, const QString& text);
 template <typename Dialog>
 void Answer(const std::function<void()>& action, const std::function<void(Dialog*)>& answer);
 
-QWidget* FindFieldBeside(const QWidget* root, const QString& label, int which,
+QWidget* FindFieldBeside(const QWidget* root, const QString& text, int which,
                          const std::function<bool(QWidget*)>& isField);
 void AnswerModal(const std::function<void()>& action, const std::function<bool(QDialog*)>& answer);
 
