@@ -33,7 +33,7 @@ constexpr QRect c_fullscreenArea(238, 108, 24, 24);
 constexpr qreal c_focusRingRadius = 14.0;
 
 /// What the pictures that were shown before may hold together, in bytes: 21 of the largest at the scale 1.
-constexpr qsizetype c_seenPixmapsLimit = 16 * 1024 * 1024;
+constexpr qsizetype c_seenPixmapsLimit = 16LL * 1024 * 1024;
 
 int CenteredAt(int available, double extent)
 {
