@@ -111,10 +111,20 @@ qint64 RequestLog::AddConnect(ConnectRecord connect)
 
 void RequestLog::SetConnectStatus(qint64 connectionId, int status)
 {
+    ChangeConnect(connectionId, [status](ConnectRecord& connect) { connect.status = status; });
+}
+
+void RequestLog::AddReceivedBytes(qint64 connectionId, qint64 count)
+{
+    ChangeConnect(connectionId, [count](ConnectRecord& connect) { connect.receivedBytes += count; });
+}
+
+void RequestLog::ChangeConnect(qint64 connectionId, const std::function<void(ConnectRecord&)>& change)
+{
     const QMutexLocker lock(&m_mutex);
     for (ConnectRecord& connect : m_connects) {
         if (connect.connectionId == connectionId) {
-            connect.status = status;
+            change(connect);
         }
     }
 }

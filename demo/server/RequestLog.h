@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <utility>
 
 namespace korvel::Demo {
@@ -34,6 +35,7 @@ struct ConnectRecord
     QString host; ///< "localhost" for a direct connection
     quint16 port = 0;
     int status = 0; ///< answered to CONNECT: 200, 502 ...; 0: closed or left without an answer
+    qint64 receivedBytes = 0; ///< of HTTP, within TLS
 };
 
 /// Everything that clients asked the server. All members may be used from every thread.
@@ -72,6 +74,8 @@ public:
     qint64 AddConnect(ConnectRecord connect);
     /// For the server: the status with which the CONNECT \p connectionId was answered.
     void SetConnectStatus(qint64 connectionId, int status);
+    /// For the server: \p count more bytes of HTTP arrived through the connection \p connectionId.
+    void AddReceivedBytes(qint64 connectionId, qint64 count);
     /// For the server: one more TLS handshake succeeded.
     void AddTlsConnection();
 
@@ -85,6 +89,8 @@ Q_SIGNALS:
     void ConnectReceived(qint64 connectionId);
 
 private:
+    void ChangeConnect(qint64 connectionId, const std::function<void(ConnectRecord&)>& change);
+
     mutable QMutex m_mutex;
     QList<RequestRecord> m_requests;
     QList<ConnectRecord> m_connects;

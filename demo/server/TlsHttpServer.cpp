@@ -152,7 +152,9 @@ bool TlsHttpServer::process_and_close_socket(socket_t socket)
     SSL_set_fd(ssl.get(), socket);
     if (SSL_accept(ssl.get()) == 1) {
         m_log.AddTlsConnection();
-        TlsStream stream(ssl.get(), socket);
+        const qint64 connectionId = m_forwarder.Info(PeerPort(socket)).connectionId;
+        TlsStream stream(ssl.get(), socket,
+                         [&](qint64 count) { m_log.AddReceivedBytes(connectionId, count); });
         Connection connection{.stream = stream, .peerPort = PeerPort(socket)};
         m_connection = &connection;
         Serve(connection);

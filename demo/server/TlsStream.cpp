@@ -2,6 +2,8 @@
 
 #include <poll.h>
 
+#include <utility>
+
 namespace korvel::Demo {
 
 namespace {
@@ -18,9 +20,10 @@ bool Poll(int socket, short events, int milliseconds)
 
 } // namespace
 
-TlsStream::TlsStream(SSL* ssl, int socket)
+TlsStream::TlsStream(SSL* ssl, int socket, std::function<void(qint64)> onReceived)
     : m_ssl(ssl)
     , m_socket(socket)
+    , m_onReceived(std::move(onReceived))
 {
 }
 
@@ -107,6 +110,7 @@ bool TlsStream::Fill()
         return false;
     }
     m_buffer.append(data, static_cast<qsizetype>(count));
+    m_onReceived(static_cast<qint64>(count));
     return true;
 }
 

@@ -4,14 +4,17 @@
 
 #include <httplib.h>
 
+#include <functional>
+
 namespace korvel::Demo {
 
 /// The bytes of one accepted TLS connection, for httplib's request parser. Used by one thread.
 class TlsStream : public httplib::Stream
 {
 public:
-    /// \p ssl must outlive the stream; its handshake is done.
-    TlsStream(SSL* ssl, int socket);
+    /// \p ssl must outlive the stream; its handshake is done. \p onReceived hears of the number of bytes
+    /// whenever some arrived.
+    TlsStream(SSL* ssl, int socket, std::function<void(qint64)> onReceived);
 
     /// Waits at most \p milliseconds for the next request and reads its first line. False when none came.
     ///
@@ -59,6 +62,7 @@ private:
 
     SSL* m_ssl = nullptr;
     int m_socket = -1;
+    std::function<void(qint64)> m_onReceived;
     QByteArray m_buffer;
     QByteArray m_target;
     bool m_failed = false;

@@ -143,8 +143,10 @@ private Q_SLOTS:
             VerifyNoFile();
             VerifyMessage(FailureMessage(fault, u"Model file query"_s, m_host + u"/api/venue"_s));
         }
-        if (!fault.isRequestSent)
+        if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 0);
+            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
+        }
     }
 
     void Bytes_data()
@@ -176,8 +178,10 @@ private Q_SLOTS:
         if (fault.isError)
             VerifyMessage(FailureMessage(fault, u"Model file download"_s, m_host + u"/files/hall.tessra"_s));
         VerifyImport(bytes);
-        if (!fault.isRequestSent)
+        if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 1);
+            QCOMPARE(m_server->ReceivedBytesAfter(1), 0);
+        }
     }
 
     void BodyThatIsNoList_data()

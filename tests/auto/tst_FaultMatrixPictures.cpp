@@ -126,8 +126,10 @@ private Q_SLOTS:
             VerifySlider(u"-/0"_s, u"No Image"_s);
             VerifyMessage(FailureMessage(fault, u"Picture query"_s, m_host + u"/api/venue"_s));
         }
-        if (!fault.isRequestSent)
+        if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 0);
+            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
+        }
     }
 
     void Bytes_data()
@@ -166,8 +168,10 @@ private Q_SLOTS:
             VerifyMessage(
                 FailureMessage(fault, u"Picture download"_s, c_secondHost + u"/pictures/first.png"_s));
         }
-        if (!fault.isRequestSent)
+        if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 1);
+            QCOMPARE(m_server->ReceivedBytesAfter(1), 0);
+        }
     }
 
     void BodyThatIsNoList_data()

@@ -109,13 +109,16 @@ private Q_SLOTS:
         if (fault.search == Ok) {
             QCOMPARE(m_connector->statuses, QList({Ok, Ok}));
             VerifyFound(2);
+            QVERIFY(m_server->ReceivedBytesAfter(0) > 0);
         } else {
             QCOMPARE(m_connector->statuses, QList({fault.search}));
             QCOMPARE(m_connector->found, QList({korvel::Test::OldNames()}));
             VerifyRefused(0);
         }
-        if (!fault.isRequestSent)
+        if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 0);
+            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
+        }
     }
 
     void CountryRefresh_data()
@@ -140,8 +143,10 @@ private Q_SLOTS:
             VerifyRefused(2);
             QCOMPARE(Countries(), QStringList{u"--"_s});
         }
-        if (!fault.isRequestSent)
+        if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 1);
+            QCOMPARE(m_server->ReceivedBytesAfter(1), 0);
+        }
     }
 
     void DialogSearchesAgainAfterAFault_data()

@@ -154,8 +154,10 @@ private Q_SLOTS:
         }
         if (fault.isError || fault.viewer == Signals::NotAnImage)
             VerifyMessage(FailureMessage(fault, u"Picture download"_s, m_host + c_path));
-        if (!fault.isRequestSent)
+        if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 0);
+            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
+        }
     }
 
     void Address_data()

@@ -227,18 +227,19 @@ FaultRow BadCertificate(const QByteArray& name, CertificateKind certificate)
     return Unreachable("certificate " + name, fault);
 }
 
-FaultRow ServerDown()
+/// Something happens to the way to the server once the requests that go well have finished.
+FaultRow WayLost(const QByteArray& name, const std::function<void(ScriptedServer&)>& lose)
 {
-    FaultRow row = Unreachable("proxy down", NetworkFault::Kind::RefuseConnection);
-    row.make = [](ScriptedServer& server, const FaultTarget& target) {
+    FaultRow row = Unreachable(name, NetworkFault());
+    row.make = [lose](ScriptedServer& server, const FaultTarget& target) {
         if (target.requestsBefore == 0) {
-            server.Server().Stop();
+            lose(server);
             return;
         }
         QObject::connect(target.manager, &QNetworkAccessManager::finished, target.manager,
-                         [&server, left = target.requestsBefore]() mutable {
+                         [&server, lose, left = target.requestsBefore]() mutable {
                              if (--left == 0)
-                                 server.Server().Stop();
+                                 lose(server);
                          });
     };
     return row;
@@ -260,7 +261,8 @@ QList<FaultRow> ConnectionRows()
     using Kind = NetworkFault::Kind;
     QList<FaultRow> rows{
         Unreachable("connection refused", Kind::RefuseConnection),
-        ServerDown(),
+        WayLost("proxy down", [](ScriptedServer& server) { server.Server().Stop(); }),
+        WayLost("proxy unknown", [](ScriptedServer& server) { server.HideProxy(); }),
         Unreachable("connection reset at once", Kind::ResetAfter, 0),
         Unreachable("connection reset in the handshake", Kind::ResetAfter, 150),
         Unreachable("no TLS", Kind::GarbageInsteadOfTls),

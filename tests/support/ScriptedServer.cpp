@@ -17,6 +17,9 @@ void ScriptedServer::Reset()
     m_server.ClearFaults();
     if (!m_server.IsRunning() && !m_server.Start())
         qFatal("The venue server does not start again: %s", qPrintable(m_server.ErrorText()));
+    if (m_isProxyHidden)
+        QNetworkProxy::setApplicationProxy(m_server.Proxy());
+    m_isProxyHidden = false;
     m_server.Log().Clear();
 }
 
@@ -57,6 +60,23 @@ QStringList ScriptedServer::Targets()
 Demo::RequestLog& ScriptedServer::Log()
 {
     return m_server.Log();
+}
+
+qint64 ScriptedServer::ReceivedBytesAfter(int count)
+{
+    qint64 bytes = 0;
+    for (const Demo::ConnectRecord& connect : m_server.Log().Connects().mid(count))
+        bytes += connect.receivedBytes;
+    return bytes;
+}
+
+void ScriptedServer::HideProxy()
+{
+    QNetworkProxy proxy = m_server.Proxy();
+    // No name has a part of more than 63 characters: that it is unknown is found out without asking anybody.
+    proxy.setHostName(QString(64, QLatin1Char('x')) + QStringLiteral(".example"));
+    QNetworkProxy::setApplicationProxy(proxy);
+    m_isProxyHidden = true;
 }
 
 Demo::VenueServer& ScriptedServer::Server()

@@ -37,6 +37,10 @@ public:
     /// The targets (path and query as sent) of all requests so far.
     QStringList Targets();
     Demo::RequestLog& Log();
+    /// The bytes of HTTP that arrived through all connections but the first \p count.
+    qint64 ReceivedBytesAfter(int count);
+    /// Until Reset() the application's proxy has a name that nobody knows.
+    void HideProxy();
     Demo::VenueServer& Server();
 
     /// "https://<the module's host><path>"
@@ -45,6 +49,7 @@ public:
 private:
     Demo::VenueServer m_server;
     std::unique_ptr<Demo::ApplicationNetworkGuard> m_network;
+    bool m_isProxyHidden = false;
 };
 
 } // namespace korvel::Test
