@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <latch>
 #include <memory>
 #include <type_traits>
 #include <vector>
@@ -19,6 +20,49 @@ using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
 
 static_assert(!std::is_default_constructible_v<VenueDbSignalHandler>);
 static_assert(!std::is_destructible_v<VenueDbSignalHandler>);
+
+namespace {
+
+/// Part of a host that has a thread of its own and listens there to import requests, until an empty one
+/// comes.
+class ListeningThread : public QThread
+{
+public:
+    ListeningThread(std::latch& listening, std::latch& finished)
+        : m_listening(listening)
+        , m_finished(finished)
+    {
+    }
+
+    /// The paths that this very thread heard of.
+    const QStringList& Heard() const
+    {
+        return m_heard;
+    }
+
+protected:
+    void run() override
+    {
+        const QObject listener;
+        connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::ImportVenueFromTempFileRequest,
+                &listener, [this](const QString& path) {
+                    if (path.isEmpty())
+                        quit();
+                    else if (QThread::currentThread() == this)
+                        m_heard.append(path);
+                });
+        m_listening.count_down();
+        exec();
+        m_finished.count_down();
+    }
+
+private:
+    std::latch& m_listening;
+    std::latch& m_finished;
+    QStringList m_heard;
+};
+
+} // namespace
 
 class tst_VenueDbSignalHandler : public QObject
 {
@@ -35,18 +79,21 @@ private Q_SLOTS:
     {
         constexpr std::size_t threadCount = 8;
         std::vector<VenueDbSignalHandler*> seen(threadCount, nullptr);
-        std::atomic<bool> go = false;
+        std::latch go(threadCount);
+        std::latch finished(threadCount);
         std::vector<std::unique_ptr<QThread>> threads;
         threads.reserve(threadCount);
         for (std::size_t i = 0; i < threadCount; ++i) {
-            threads.emplace_back(QThread::create([&seen, &go, i] {
-                go.wait(false);
+            threads.emplace_back(QThread::create([&seen, &go, &finished, i] {
+                go.arrive_and_wait();
                 seen[i] = VenueDbSignalHandler::GetInstance();
+                finished.count_down();
             }));
             threads.back()->start();
         }
-        go = true;
-        go.notify_all();
+        // The thread sanitizer sees this wait, while those of QThread are hidden in a library that it does
+        // not know.
+        finished.wait();
         for (const std::unique_ptr<QThread>& thread : threads)
             QVERIFY(thread->wait());
         threads.clear();
@@ -111,6 +158,51 @@ private Q_SLOTS:
         }
         Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(true);
         QCOMPARE(answers, 1);
+    }
+
+    void ListenersInOtherThreadsHearEverythingInOrder()
+    {
+        constexpr int threadCount = 3;
+        constexpr int requestCount = 100;
+        VenueDbSignalHandler* hub = VenueDbSignalHandler::GetInstance();
+        std::latch listening(threadCount);
+        std::latch finished(threadCount + 1);
+        std::vector<std::unique_ptr<ListeningThread>> listeners;
+        for (int i = 0; i < threadCount; ++i) {
+            listeners.push_back(std::make_unique<ListeningThread>(listening, finished));
+            listeners.back()->start();
+        }
+        listening.wait();
+
+        // Meanwhile others come and go.
+        std::atomic<bool> isOver = false;
+        std::atomic<int> visits = 0;
+        const std::unique_ptr<QThread> visitor(QThread::create([&] {
+            while (!isOver) {
+                const QObject guest;
+                connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, &guest,
+                        [] {});
+                ++visits;
+            }
+            finished.count_down();
+        }));
+        visitor->start();
+
+        QStringList expected;
+        for (int i = 0; i < requestCount; ++i) {
+            expected.append(QStringLiteral("/tmp/host.%1").arg(i));
+            Q_EMIT hub->ImportVenueFromTempFileRequest(expected.constLast());
+            Q_EMIT hub->VenueLoaded(true);
+        }
+        Q_EMIT hub->ImportVenueFromTempFileRequest(QString());
+        QTRY_VERIFY(visits > 0);
+        isOver = true;
+        finished.wait();
+        QVERIFY(visitor->wait());
+        for (const std::unique_ptr<ListeningThread>& listener : listeners) {
+            QVERIFY(listener->wait());
+            QCOMPARE(listener->Heard(), expected);
+        }
     }
 };
 
