@@ -24,6 +24,14 @@ endforeach()
 target_sources(kvVenueDatabase PUBLIC
   FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${vdbPublicHeaders})
 
+# Tests run threads of their own: the counters are atomic. Nothing of the counting library is exported.
+if(KVVENUEDATABASE_COVERAGE)
+  foreach(part vdbData vdbUi)
+    target_compile_options(${part} PRIVATE --coverage -fprofile-update=atomic)
+  endforeach()
+  target_link_options(kvVenueDatabase PRIVATE --coverage LINKER:--exclude-libs,libgcov.a)
+endif()
+
 # A symbol that is missing must fail here, not in the host that loads us. The sanitizers leave theirs to the program.
 if(UNIX AND NOT APPLE AND NOT KVVENUEDATABASE_SANITIZE)
   target_link_options(kvVenueDatabase PRIVATE -Wl,--no-undefined)
