@@ -361,8 +361,7 @@ void PictureFullscreenDialog::SetupUi()
 void PictureFullscreenDialog::ConnectSignals()
 {
     // Deliberate: by signature, as the slot is reached by its name as a meta-method and not by its C++ type.
-    connect(m_view, SIGNAL(customContextMenuRequested(QPoint)), this,
-            SLOT(OnContextMenuRequested(QPoint)));
+    connect(m_view, SIGNAL(customContextMenuRequested(QPoint)), this, SLOT(OnContextMenuRequested(QPoint)));
     connect(m_downloadManager, &DownloadManager::PictureBinaryDataFinished, this,
             &PictureFullscreenDialog::OnPictureBinaryDataFinished);
     connect(m_downloadManager, &DownloadManager::RequestFailed, this,
