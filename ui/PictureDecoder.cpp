@@ -10,8 +10,8 @@ QPixmap DecodePicture(const QByteArray& data)
 {
     QBuffer buffer;
     buffer.setData(data);
-    if (!buffer.open(QIODevice::ReadOnly))
-        return {};
+    // Cannot fail: there is nothing to open but memory.
+    buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     // Deliberate: no SVG. Qt's reader opens the local files that a drawing names, and a pipe among them
     // blocks the application for ever.

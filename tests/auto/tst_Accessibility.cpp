@@ -359,6 +359,10 @@ private Q_SLOTS:
         QVERIFY(!body->isVisible());
         QTest::mouseClick(icon, Qt::LeftButton);
         QVERIFY(body->isVisible());
+        // Whatever else is done to it folds nothing.
+        QTest::keyClick(icon, Qt::Key_F);
+        Accessible(icon)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+        QVERIFY(body->isVisible());
     }
 
     void ADisabledFoldIconCannotBePressed()

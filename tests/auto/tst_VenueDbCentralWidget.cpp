@@ -956,6 +956,36 @@ private Q_SLOTS:
         QCOMPARE(panel.ShownNames().size(), 3);
     }
 
+    void LoadingStopsWhenTheWidgetIsDeleted_data()
+    {
+        QTest::addColumn<bool>("duringFiles");
+        QTest::newRow("while the pictures come") << false;
+        QTest::newRow("while the model files come") << true;
+    }
+    void LoadingStopsWhenTheWidgetIsDeleted()
+    {
+        QFETCH(bool, duringFiles);
+        const Panel panel;
+        panel.widget->SetConnector(&m_stub);
+        panel.widget->PerformQuery();
+        panel.table->selectRow(0);
+        m_stub.calls.clear();
+        m_stub.onGetPictures = [&](qint64) {
+            if (!duringFiles)
+                delete panel.widget.data();
+            return QList<Picture>();
+        };
+        m_stub.onGetFiles = [&](qint64) {
+            delete panel.widget.data();
+            return QList<TsFile>();
+        };
+        // By its name: within a click the table itself would not survive, which is why hosts are told to
+        // wait.
+        QVERIFY(QMetaObject::invokeMethod(panel.widget, "OnTableSelectionChanged"));
+        QVERIFY(!panel.widget);
+        QCOMPARE(m_stub.calls.size(), duringFiles ? 2 : 1);
+    }
+
     void ConnectorMayDieWhileDetailsLoad()
     {
         const Panel panel;
