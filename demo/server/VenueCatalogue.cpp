@@ -38,7 +38,7 @@ VenueRecord ReadVenue(const QJsonObject& object)
     }
     venue.editor = TextOf(object, QStringLiteral("editor"));
     const QJsonArray pictures = object.value(QStringLiteral("pictures")).toArray();
-    for (const QJsonValue& value : pictures) {
+    for (const QJsonValue value : pictures) {
         const QJsonObject picture = value.toObject();
         venue.pictures.append({TextOf(picture, QStringLiteral("id")), TextOf(picture, QStringLiteral("view")),
                                TextOf(picture, QStringLiteral("name")),
@@ -46,7 +46,7 @@ VenueRecord ReadVenue(const QJsonObject& object)
                                TextOf(picture, QStringLiteral("created"))});
     }
     const QJsonArray files = object.value(QStringLiteral("model_files")).toArray();
-    for (const QJsonValue& value : files) {
+    for (const QJsonValue value : files) {
         const QJsonObject file = value.toObject();
         venue.modelFiles.append({TextOf(file, QStringLiteral("id")), TextOf(file, QStringLiteral("name")),
                                  TextOf(file, QStringLiteral("file")),
@@ -90,14 +90,14 @@ QString AddFromJson(VenueCatalogue& catalogue, const QByteArray& json, const QDi
             .arg(parseError.offset);
     }
     const QJsonArray users = document.object().value(QStringLiteral("users")).toArray();
-    for (const QJsonValue& value : users) {
+    for (const QJsonValue value : users) {
         const QJsonObject user = value.toObject();
         catalogue.AddUser({TextOf(user, QStringLiteral("id")),
                            user.value(QStringLiteral("entity_id")).toInteger(),
                            TextOf(user, QStringLiteral("name"))});
     }
     const QJsonArray venues = document.object().value(QStringLiteral("venues")).toArray();
-    for (const QJsonValue& value : venues) {
+    for (const QJsonValue value : venues) {
         VenueRecord venue = ReadVenue(value.toObject());
         if (const QString mistake = FindMistake(venue); !mistake.isEmpty()) {
             return mistake;

@@ -246,6 +246,7 @@ void VenueHouseBuilder::BuildBowl()
     const Ring* rings = arena ? c_arena : c_vineyard;
     const int ringCount = arena ? 2 : 3;
     std::vector<float> jitter;
+    jitter.reserve(10 * static_cast<std::size_t>(ringCount));
     for (int block = 0; block < 10 * ringCount; ++block)
         jitter.push_back(arena ? 0.0F : m_plan.dice.Between(-0.75F, 0.75F));
     for (int ring = 0; ring < ringCount; ++ring) {
