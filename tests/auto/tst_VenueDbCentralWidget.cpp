@@ -481,6 +481,40 @@ private Q_SLOTS:
                               QStringLiteral("Germany"), QStringLiteral("Zambia")}));
     }
 
+    void CountriesThatBeginInTheSameMemoryAreDifferent()
+    {
+        const QString longer = QStringLiteral("Guinea-Bissau");
+        const QString shorter = QString::fromRawData(longer.constData(), 6);
+        const Panel panel;
+        panel.widget->SetConnector(&m_stub);
+        m_stub.venues = {MakeVenue(1, {}, shorter), MakeVenue(2, {}, longer), MakeVenue(3, {}, shorter)};
+        panel.widget->UpdateCountryComboBox();
+        QCOMPARE(
+            panel.Countries(),
+            (QStringList{QStringLiteral("--"), QStringLiteral("Guinea"), QStringLiteral("Guinea-Bissau")}));
+        m_stub.venues.clear();
+    }
+
+    void ManyCountriesAreListedOnceEach()
+    {
+        constexpr int c_count = 3000;
+        const Panel panel;
+        panel.widget->SetConnector(&m_stub);
+        m_stub.venues.clear();
+        QStringList expected{QStringLiteral("--")};
+        for (int round = 0; round < 2; ++round) {
+            for (int i = 0; i < c_count; ++i) {
+                // The second time the same text lies elsewhere in memory.
+                const QString country = QStringLiteral("Country %1").arg(i, 4, 10, QLatin1Char('0'));
+                m_stub.venues.append(MakeVenue(i, {}, country));
+                if (round == 0)
+                    expected.append(country);
+            }
+        }
+        panel.widget->UpdateCountryComboBox();
+        QCOMPARE(panel.Countries(), expected);
+    }
+
     void CountriesDifferingInCaseAreDifferent()
     {
         const Panel panel;
