@@ -1,28 +1,25 @@
 #include <data/ConnectorJsonRest.h>
 
 #include <data/CountryCodeTranslator.h>
+#include <data/IncludedReader_p.h>
 #include <data/Logging_p.h>
+#include <data/ReplyReleaser_p.h>
 #include <data/RequestTracer_p.h>
 #include <data/RequestUrl_p.h>
-#include <data/ServerDate_p.h>
+#include <data/VenueReader_p.h>
 
 #include <QEventLoop>
-#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QMap>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QPointer>
 #include <QTimer>
 #include <QUrlQuery>
-#include <QtMath>
 
-#include <initializer_list>
 #include <utility>
-#include <vector>
 
 namespace korvel::Data::VenueDatabase {
 
@@ -33,46 +30,6 @@ constexpr int c_timeout = 30000;
 constexpr QLatin1String c_jsonApiMediaType("application/vnd.api+json");
 constexpr QLatin1String c_venuePath("/api/venue");
 constexpr QLatin1String c_serverHost(KVVENUEDATABASE_SERVER_HOST);
-
-/// Releases the reply of one query when the query has ended; the reply may be gone before.
-class ReplyReleaser
-{
-public:
-    explicit ReplyReleaser(QNetworkReply* reply)
-        : m_reply(reply)
-    {
-    }
-    ReplyReleaser(const ReplyReleaser&) = delete;
-    ReplyReleaser& operator=(const ReplyReleaser&) = delete;
-    ~ReplyReleaser()
-    {
-        if (m_reply)
-            m_reply->deleteLater();
-    }
-
-    QNetworkReply* operator->() const
-    {
-        return m_reply;
-    }
-    QNetworkReply& operator*() const
-    {
-        return *m_reply;
-    }
-    QNetworkReply* Get() const
-    {
-        return m_reply;
-    }
-    /// Logs a wait that ended with the time-out. Where the reply died or the application quits, nothing
-    /// failed.
-    void LogTimeout(QLatin1String what, const QUrl& url) const
-    {
-        if (m_reply && m_reply->isFinished())
-            LogFailedRequest(what, url, *m_reply, QStringLiteral("no reply within %1 ms").arg(c_timeout));
-    }
-
-private:
-    QPointer<QNetworkReply> m_reply;
-};
 
 QUrl ServerUrl(const QString& path, const QUrlQuery& query = {})
 {
@@ -95,33 +52,6 @@ bool IsJsonApi(const QNetworkReply& reply)
     return ContentType(reply) == c_jsonApiMediaType;
 }
 
-/// The text at the end of \p path below \p object; empty where a member is missing or of another type.
-QString TextAt(const QJsonObject& object, std::initializer_list<QLatin1String> path)
-{
-    QJsonValue value(object);
-    for (const QLatin1String member : path)
-        value = value.toObject().value(member);
-    return value.toString();
-}
-
-bool IsResource(const QJsonObject& resource, QLatin1String type)
-{
-    return resource.value(QLatin1String("type")) == type;
-}
-
-/// The identifier of the stored file that a "picture" or "tessra" resource refers to.
-QString FileId(const QJsonObject& resource)
-{
-    return TextAt(
-        resource,
-        {QLatin1String("relationships"), QLatin1String("file"), QLatin1String("data"), QLatin1String("id")});
-}
-
-QString RenditionUrl(const QJsonObject& file, QLatin1String rendition)
-{
-    return TextAt(file, {QLatin1String("links"), rendition, QLatin1String("href")});
-}
-
 QString SmallestUrl(const Picture& picture)
 {
     for (const QString& url :
@@ -137,98 +67,11 @@ QString WithoutBackslashes(QString text)
     return text.remove(QLatin1Char('\\'));
 }
 
-/// Entity ids of the users of an "included" array by their resource ids; of several entries with one id the
-/// first counts.
-QHash<QString, qint64> EditorsById(const QJsonArray& included)
-{
-    QHash<QString, qint64> editors;
-    editors.reserve(included.size());
-    for (const QJsonValue value : included) {
-        const QJsonObject resource = value.toObject();
-        if (!IsResource(resource, QLatin1String("user")))
-            continue;
-        const QJsonValue id = resource.value(QLatin1String("id"));
-        // A number never equals the text that a relationship names.
-        if (!id.isString())
-            continue;
-        const qsizetype known = editors.size();
-        qint64& editor = editors[id.toString()];
-        // The first user of an id counts.
-        if (editors.size() == known)
-            continue;
-        const QJsonObject attributes = resource.value(QLatin1String("attributes")).toObject();
-        editor = attributes.value(QLatin1String("entity_id")).toInt(0);
-    }
-    return editors;
-}
-
-/// Lets equal texts of one reply share their memory. Rooms of one building have name and address in common,
-/// other venues their city or a number, and the JSON parser gives each its own copy.
-///
-/// Remembers only the last text of each slot: a look-up costs the same in every reply.
-class TextPool
-{
-public:
-    explicit TextPool(qsizetype venueCount)
-        : m_slots(qNextPowerOfTwo(static_cast<quint32>(qBound(c_fewest, venueCount, c_most))))
-    {
-    }
-
-    QString Shared(const QString& text)
-    {
-        // Empty texts need no memory, and an empty one must not become a null one, which equals it.
-        if (text.isEmpty())
-            return text;
-        QString& slot = m_slots[qHash(text) & (m_slots.size() - 1)];
-        if (slot != text)
-            slot = text;
-        return slot;
-    }
-
-private:
-    static constexpr qsizetype c_fewest = 1000;
-    static constexpr qsizetype c_most = 65535;
-
-    std::vector<QString> m_slots;
-};
-
-Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countries, TextPool& pool)
-{
-    const QJsonObject attributes = element.value(QLatin1String("attributes")).toObject();
-    const QJsonObject address = attributes.value(QLatin1String("address")).toObject();
-    const auto text = [&attributes](QLatin1String name) { return attributes.value(name).toString(); };
-    const auto sharedText
-        = [&attributes, &pool](QLatin1String name) { return pool.Shared(attributes.value(name).toString()); };
-    const auto addressText
-        = [&address, &pool](QLatin1String name) { return pool.Shared(address.value(name).toString()); };
-
-    Venue venue;
-    venue.SetId(attributes.value(QLatin1String("entity_id")).toInt(0));
-    venue.SetComplexName(sharedText(QLatin1String("title")));
-    venue.SetVenueRoomName(sharedText(QLatin1String("venue_room_name")));
-    venue.SetGeneralComment(text(QLatin1String("general_comment")));
-    venue.SetStreetAddress(addressText(QLatin1String("address_line1")));
-    venue.SetPostalCode(addressText(QLatin1String("postal_code")));
-    venue.SetCity(addressText(QLatin1String("locality")));
-    const QString countryCode = addressText(QLatin1String("country_code"));
-    venue.SetCountryCode(countryCode);
-    venue.SetCountry(countries.GetCountry(countryCode));
-    venue.SetLocationComment(text(QLatin1String("comment")));
-    venue.SetLoadDockStreetAddress(sharedText(QLatin1String("loading_dock_street_address")));
-    venue.SetLoadDockComment(text(QLatin1String("load_in_comments")));
-    venue.SetClearingOfHouseGrid(
-        sharedText(QLatin1String("clearance_of_house_grid_rigging_beams_above_venue_floor")));
-    venue.SetRiggingComment(text(QLatin1String("rigging_specialties")));
-    venue.SetUploadDate(ReadServerDate(text(QLatin1String("created"))));
-    venue.SetEditDate(ReadServerDateTime(text(QLatin1String("changed"))));
-    return venue;
-}
-
 } // namespace
 
 ConnectorJsonRest::ConnectorJsonRest(QObject* parent)
     : QObject(parent)
-    // Deliberate: never deleted. Copies of the connector's results never refer to it, and it is small.
+    // Deliberate: nobody ever deletes it. It is small, and a connector has only one.
     , m_countryCodeTranslator(new CountryCodeTranslator)
     , m_networkAccessManager(new QNetworkAccessManager(this))
 {
@@ -332,26 +175,7 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
 
 QList<Venue> ConnectorJsonRest::ProcessVenueEntriesReply(const QJsonObject& reply) const
 {
-    QList<Venue> venues;
-    const QJsonArray data = reply.value(QLatin1String("data")).toArray();
-    if (data.isEmpty())
-        return venues;
-
-    const QHash<QString, qint64> editors = EditorsById(reply.value(QLatin1String("included")).toArray());
-    venues.reserve(data.size());
-    TextPool pool(data.size());
-    // Deliberate: the list is in the reverse order of the server's.
-    for (qsizetype index = data.size() - 1; index >= 0; --index) {
-        const QJsonObject element = data.at(index).toObject();
-        Venue venue = ReadVenue(element, *m_countryCodeTranslator, pool);
-        const auto editor = editors.constFind(TextAt(element,
-                                                     {QLatin1String("relationships"), QLatin1String("editor"),
-                                                      QLatin1String("data"), QLatin1String("id")}));
-        if (editor != editors.constEnd())
-            venue.SetEditor(*editor);
-        venues.append(std::move(venue));
-    }
-    return venues;
+    return VenueReader(*m_countryCodeTranslator).Read(reply);
 }
 
 QList<User> ConnectorJsonRest::FindUserEntries(QList<std::pair<QString, QString>> /*filters*/)
@@ -372,34 +196,11 @@ QList<Picture> ConnectorJsonRest::GetPictureEntries(qint64 venueId)
 
 QList<Picture> ConnectorJsonRest::ProcessPictureEntriesReply(const QJsonArray& included, qint64 venueId)
 {
-    QMap<QString, Picture> picturesByFile;
-    for (const QJsonValue value : included) {
-        const QJsonObject resource = value.toObject();
-        if (!IsResource(resource, QLatin1String("picture")))
-            continue;
-        Picture picture;
-        picture.SetId(venueId);
-        picture.SetPictureName(TextAt(resource, {QLatin1String("attributes"), QLatin1String("name")}));
-        picture.SetUploadDate(TextAt(resource, {QLatin1String("attributes"), QLatin1String("created")}));
-        picture.SetAlternativeDescription(
-            TextAt(resource,
-                   {QLatin1String("relationships"), QLatin1String("file"), QLatin1String("data"),
-                    QLatin1String("meta"), QLatin1String("alt")}));
-        picturesByFile.insert(FileId(resource), picture);
-    }
-
     const QPointer<ConnectorJsonRest> self(this);
     QList<Picture> pictures;
-    for (const QJsonValue value : included) {
-        const QJsonObject resource = value.toObject();
-        if (!IsResource(resource, QLatin1String("file")))
-            continue;
-        Picture picture = picturesByFile.value(TextAt(resource, {QLatin1String("id")}));
-        const QString path = TextAt(resource, {QLatin1String("attributes"), QLatin1String("url")});
+    QList<StoredFile<Picture>> stored = IncludedReader(included, venueId).Pictures();
+    for (auto& [picture, path] : stored) {
         picture.SetPictureUrl(ServerUrl(path).toString());
-        picture.SetPictureUrlSmall(RenditionUrl(resource, QLatin1String("small")));
-        picture.SetPictureUrlMedium(RenditionUrl(resource, QLatin1String("medium")));
-        picture.SetPictureUrlLarge(RenditionUrl(resource, QLatin1String("large")));
         // Whichever rendition it is, its bytes are kept as the small ones, the ones that the slider shows.
         picture.SetPictureDataSmall(GetPictureBinaryData(WithoutBackslashes(SmallestUrl(picture))));
         if (!self)
@@ -415,7 +216,7 @@ QByteArray ConnectorJsonRest::GetPictureBinaryData(const QString& url)
     const QUrl wanted(url, QUrl::TolerantMode);
     const ReplyReleaser reply(SendGetUrlRequest(url));
     if (!waitForFinished(reply.Get(), c_timeout)) {
-        reply.LogTimeout(what, wanted);
+        reply.LogTimeout(what, wanted, c_timeout);
         return {};
     }
     const QByteArray body = reply->readAll();
@@ -435,7 +236,7 @@ QByteArray ConnectorJsonRest::GetBinaryData(const QString& path)
     const QUrl url = ServerUrl(path);
     const ReplyReleaser reply(SendGetJsonRequest(path, {}));
     if (!waitForFinished(reply.Get(), c_timeout)) {
-        reply.LogTimeout(what, url);
+        reply.LogTimeout(what, url, c_timeout);
         return {};
     }
     // Deliberate: whatever came is the file, an error page too. The host judges what it imports.
@@ -454,31 +255,11 @@ QList<TsFile> ConnectorJsonRest::GetTSFileEntries(qint64 venueId)
 
 QList<TsFile> ConnectorJsonRest::ProcessTSFileEntriesReply(const QJsonArray& included, qint64 venueId)
 {
-    QMap<QString, TsFile> filesById;
-    for (const QJsonValue value : included) {
-        const QJsonObject resource = value.toObject();
-        if (!IsResource(resource, QLatin1String("tessra")))
-            continue;
-        QString name = TextAt(resource, {QLatin1String("attributes"), QLatin1String("name")});
-        QString uploadDate = TextAt(resource, {QLatin1String("attributes"), QLatin1String("created")});
-        QString version = TextAt(resource, {QLatin1String("attributes"), QLatin1String("file_version")});
-        TsFile file;
-        file.SetId(venueId);
-        file.SetFileName(name);
-        file.SetUploadDate(uploadDate);
-        file.SetTsVersion(version);
-        filesById.insert(FileId(resource), file);
-    }
-
     const QPointer<ConnectorJsonRest> self(this);
     QList<TsFile> files;
-    for (const QJsonValue value : included) {
-        const QJsonObject resource = value.toObject();
-        if (!IsResource(resource, QLatin1String("file")))
-            continue;
-        TsFile file = filesById.value(TextAt(resource, {QLatin1String("id")}));
-        QByteArray data = GetBinaryData(
-            WithoutBackslashes(TextAt(resource, {QLatin1String("attributes"), QLatin1String("url")})));
+    QList<StoredFile<TsFile>> stored = IncludedReader(included, venueId).ModelFiles();
+    for (auto& [file, path] : stored) {
+        QByteArray data = GetBinaryData(WithoutBackslashes(path));
         if (!self)
             return {};
         file.SetFileData(data);
@@ -496,7 +277,7 @@ bool ConnectorJsonRest::QueryIncluded(QLatin1String what, const QString& include
                             {QStringLiteral("filter[entity_id]"), QString::number(venueId)}}));
     const QUrl url = reply->request().url();
     if (!waitForFinished(reply.Get(), c_timeout)) {
-        reply.LogTimeout(what, url);
+        reply.LogTimeout(what, url, c_timeout);
         return false;
     }
     const QByteArray body = reply->readAll();

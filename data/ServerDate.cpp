@@ -8,8 +8,8 @@ namespace korvel::Data::VenueDatabase {
 
 namespace {
 
-// Qt's parser takes several microseconds a text, most of the time that a large reply takes to read. What is
-// plainly well-formed and valid is read directly; everything else is left to the parser's judgement.
+// Qt's parser takes several microseconds for a text; with a large reply that was most of the reading time. So
+// texts that are well-formed and valid are read here; Qt's parser decides about all others.
 
 constexpr QStringView c_dateShape = u"0000-00-00";
 constexpr QStringView c_dateTimeShape = u"0000-00-00T00:00:00+00:00";
@@ -67,7 +67,7 @@ QDateTime ReadServerDateTime(const QString& text)
         const QTime time(Number(view.mid(11, 2)), Number(view.mid(14, 2)), Number(view.mid(17, 2)));
         // A date-time without a valid time would be one at midnight.
         const QDateTime dateTime = time.isValid() ? QDateTime(DateOf(view), time) : QDateTime();
-        // Not valid either in the hour that a time zone skips.
+        // A time in the hour that the local time zone skips is not valid.
         if (dateTime.isValid())
             return dateTime;
     }

@@ -1,0 +1,39 @@
+#include <data/ReplyReleaser_p.h>
+
+#include <data/Logging_p.h>
+
+namespace korvel::Data::VenueDatabase {
+
+ReplyReleaser::ReplyReleaser(QNetworkReply* reply)
+    : m_reply(reply)
+{
+}
+
+ReplyReleaser::~ReplyReleaser()
+{
+    if (m_reply)
+        m_reply->deleteLater();
+}
+
+QNetworkReply* ReplyReleaser::operator->() const
+{
+    return m_reply;
+}
+
+QNetworkReply& ReplyReleaser::operator*() const
+{
+    return *m_reply;
+}
+
+QNetworkReply* ReplyReleaser::Get() const
+{
+    return m_reply;
+}
+
+void ReplyReleaser::LogTimeout(QLatin1String what, const QUrl& url, int timeout) const
+{
+    if (m_reply && m_reply->isFinished())
+        LogFailedRequest(what, url, *m_reply, QStringLiteral("no reply within %1 ms").arg(timeout));
+}
+
+} // namespace korvel::Data::VenueDatabase
