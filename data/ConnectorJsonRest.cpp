@@ -167,9 +167,17 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
         return Timeout;
     const QByteArray body = reply->readAll();
     // A body that was cut short or an error page can carry the right media type; only the error tells.
-    if (reply->error() != QNetworkReply::NoError || !IsJsonApi(*reply))
+    if (reply->error() != QNetworkReply::NoError)
         return WrongContentType;
-    venues = ProcessVenueEntriesReply(QJsonDocument::fromJson(body).object());
+    if (!IsJsonApi(*reply)) {
+        RequestTracer::NoteUnusable(*reply, NotJsonApiReason(ContentType(*reply)));
+        return WrongContentType;
+    }
+    const QJsonObject document = QJsonDocument::fromJson(body).object();
+    if (!document.value(QLatin1String("data")).isArray())
+        RequestTracer::NoteUnusable(*reply,
+                                    QStringLiteral("the reply is not a JSON object with a list \"data\""));
+    venues = ProcessVenueEntriesReply(document);
     return Ok;
 }
 
@@ -286,8 +294,7 @@ bool ConnectorJsonRest::QueryIncluded(QLatin1String what, const QString& include
         return false;
     }
     if (!IsJsonApi(*reply)) {
-        LogFailedRequest(what, url, *reply,
-                         QStringLiteral("the reply is not JSON:API but \"%1\"").arg(ContentType(*reply)));
+        LogFailedRequest(what, url, *reply, NotJsonApiReason(ContentType(*reply)));
         return false;
     }
     const QJsonDocument document = QJsonDocument::fromJson(body);

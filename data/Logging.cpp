@@ -1,5 +1,7 @@
 #include <data/Logging_p.h>
 
+#include <data/RequestUrl_p.h>
+
 #include <QNetworkReply>
 #include <QUrl>
 #include <QVariant>
@@ -61,9 +63,14 @@ QString StatusText(const QVariant& status)
 void LogFailedRequest(QLatin1String what, const QUrl& url, const QNetworkReply& reply, const QString& reason)
 {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    qCCritical(VdbLog).noquote() << what << QLatin1String("failed:") << Loggable(url.host() + url.path())
+    qCCritical(VdbLog).noquote() << what << QLatin1String("failed:") << Loggable(url.host() + LoggedPath(url))
                                  << QLatin1String("-") << StatusText(status) << QLatin1String("-")
                                  << Loggable(reason.isEmpty() ? ErrorText(reply) : reason);
+}
+
+QString NotJsonApiReason(const QString& contentType)
+{
+    return QStringLiteral("the reply is not JSON:API but \"%1\"").arg(contentType);
 }
 
 QString NotAnImageReason(const QString& contentType)

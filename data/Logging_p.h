@@ -30,6 +30,8 @@ QString StatusText(const QVariant& status);
 void LogFailedRequest(QLatin1String what, const QUrl& url, const QNetworkReply& reply,
                       const QString& reason = {});
 
+/// Why a reply of the media type \p contentType to a query is not read.
+QString NotJsonApiReason(const QString& contentType);
 /// Why a download of the media type \p contentType is no picture.
 QString NotAnImageReason(const QString& contentType);
 

@@ -1,6 +1,7 @@
 #include <data/RequestTracer_p.h>
 
 #include <data/Logging_p.h>
+#include <data/RequestUrl_p.h>
 
 #include <QMetaEnum>
 #include <QNetworkReply>
@@ -28,6 +29,9 @@ QString QueryText(const QUrlQuery& query, std::initializer_list<QLatin1String> o
 
 QString AddressText(const QUrl& url, std::initializer_list<QLatin1String> openItems = {})
 {
+    // A path that does not fit its host makes the whole address invalid, and Qt shows none.
+    if (!url.isValid() && !url.host().isEmpty())
+        return Loggable(url.scheme() + QLatin1String("://") + url.host() + LoggedPath(url));
     QString text = url.toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment);
     if (url.hasQuery())
         text += QLatin1Char('?') + QueryText(QUrlQuery(url), openItems);
@@ -45,6 +49,13 @@ void RequestTracer::Follow(QLatin1String what, const QUrl& url, QNetworkReply* r
     static std::atomic<quint64> requestCount = 0;
     const QString title = QStringLiteral("#%1 %2").arg(++requestCount).arg(what);
     new RequestTracer(title, AddressText(url, openItems), reply);
+}
+
+void RequestTracer::NoteUnusable(const QNetworkReply& reply, const QString& why)
+{
+    if (const auto* tracer = reply.findChild<const RequestTracer*>())
+        qCDebug(VdbTrace).noquote() << tracer->m_title << QLatin1String("unusable:") << tracer->m_address
+                                    << QLatin1String("-") << Loggable(why);
 }
 
 RequestTracer::RequestTracer(const QString& title, const QString& address, QNetworkReply* reply)

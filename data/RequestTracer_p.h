@@ -26,6 +26,9 @@ public:
     static void Follow(QLatin1String what, const QUrl& url, QNetworkReply* reply,
                        std::initializer_list<QLatin1String> openItems = {});
 
+    /// One more line about \p reply, if it is followed: it came, but \p why it is of no use.
+    static void NoteUnusable(const QNetworkReply& reply, const QString& why);
+
     ~RequestTracer() override;
 
 private Q_SLOTS:

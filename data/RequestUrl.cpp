@@ -12,4 +12,14 @@ QUrl RequestUrl(const QUrl& url)
     return isAllowed && url.isValid() ? url : QUrl();
 }
 
+QString LoggedPath(const QUrl& url)
+{
+    const QString path = url.path();
+    if (url.host().isEmpty() || path.isEmpty() || path.startsWith(QLatin1Char('/')))
+        return path;
+    const QUrl address(url.path(QUrl::FullyDecoded), QUrl::TolerantMode);
+    const QString text = address.toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment);
+    return QStringLiteral(" \"%1\"").arg(text.isEmpty() ? path : text);
+}
+
 } // namespace korvel::Data::VenueDatabase

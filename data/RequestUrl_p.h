@@ -9,4 +9,8 @@ namespace korvel::Data::VenueDatabase {
 /// unreachable host. Qt would read local files and block on devices for other schemes.
 QUrl RequestUrl(const QUrl& url);
 
+/// The path of \p url as it follows the host in a log. A \c url member of the server's may be relative or a
+/// whole address: such a path is quoted and stands apart, without user info, query and fragment.
+QString LoggedPath(const QUrl& url);
+
 } // namespace korvel::Data::VenueDatabase
