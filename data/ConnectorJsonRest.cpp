@@ -6,6 +6,7 @@
 #include <data/ReplyReleaser_p.h>
 #include <data/RequestTracer_p.h>
 #include <data/RequestUrl_p.h>
+#include <data/ServerQuery_p.h>
 #include <data/VenueReader_p.h>
 
 #include <QEventLoop>
@@ -17,7 +18,6 @@
 #include <QNetworkRequest>
 #include <QPointer>
 #include <QTimer>
-#include <QUrlQuery>
 
 #include <utility>
 
@@ -27,20 +27,6 @@ namespace {
 
 /// How long every query waits for its reply, in milliseconds.
 constexpr int c_timeout = 30000;
-constexpr QLatin1String c_jsonApiMediaType("application/vnd.api+json");
-constexpr QLatin1String c_venuePath("/api/venue");
-constexpr QLatin1String c_serverHost(KVVENUEDATABASE_SERVER_HOST);
-
-QUrl ServerUrl(const QString& path, const QUrlQuery& query = {})
-{
-    QUrl url;
-    url.setScheme(QStringLiteral("https"));
-    url.setHost(c_serverHost, QUrl::DecodedMode);
-    if (!query.isEmpty())
-        url.setQuery(query);
-    url.setPath(path, QUrl::TolerantMode);
-    return url;
-}
 
 QString ContentType(const QNetworkReply& reply)
 {
@@ -96,10 +82,7 @@ QString ConnectorJsonRest::GetServerAddress() const
 QNetworkReply* ConnectorJsonRest::SendGetJsonRequest(const QString& path,
                                                      const QList<std::pair<QString, QString>>& query) const
 {
-    QUrlQuery urlQuery;
-    for (const auto& [name, value] : query)
-        urlQuery.addQueryItem(name, value);
-    const QUrl wanted = ServerUrl(path, urlQuery);
+    const QUrl wanted = ServerUrl(path, query);
     QNetworkReply* const reply = m_networkAccessManager->get(QNetworkRequest(RequestUrl(wanted)));
     // Which of the queries it is; their other values may be what the user typed.
     RequestTracer::Follow(QLatin1String("Server request"), wanted, reply,
@@ -151,18 +134,7 @@ bool ConnectorJsonRest::waitForFinished(QNetworkReply* reply, int timeout) const
 ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QString>> filters,
                                                  QList<Venue>& venues)
 {
-    QList<std::pair<QString, QString>> query;
-    query.reserve(3 * filters.size() + 1);
-    for (const auto& [key, value] : std::as_const(filters)) {
-        const QString path = key.toLower();
-        const QString condition = QStringLiteral("filter[") + path + QStringLiteral("][condition]");
-        query.append({condition + QStringLiteral("[path]"), path});
-        query.append({condition + QStringLiteral("[operator]"), QStringLiteral("CONTAINS")});
-        query.append({condition + QStringLiteral("[value]"), value});
-    }
-    query.append({QStringLiteral("include"), QStringLiteral("editor")});
-
-    const ReplyReleaser reply(SendGetJsonRequest(c_venuePath, query));
+    const ReplyReleaser reply(SendGetJsonRequest(c_venuePath, SearchQuery(filters)));
     if (!waitForFinished(reply.Get(), c_timeout))
         return Timeout;
     const QByteArray body = reply->readAll();
@@ -193,11 +165,8 @@ QList<User> ConnectorJsonRest::FindUserEntries(QList<std::pair<QString, QString>
 
 QList<Picture> ConnectorJsonRest::GetPictureEntries(qint64 venueId)
 {
-    const QString include = QStringLiteral(
-        "from_the_auditorium.file,from_the_stage_into_the_auditorium.file,isometric.file,"
-        "stage_left.file,stage_right.file,view_from_the_inside.file,view_from_the_outside.file");
     QJsonArray included;
-    if (!QueryIncluded(QLatin1String("Picture query"), include, venueId, included))
+    if (!QueryIncluded(QLatin1String("Picture query"), c_pictureInclude, venueId, included))
         return {};
     return ProcessPictureEntriesReply(included, venueId);
 }
@@ -256,7 +225,7 @@ QByteArray ConnectorJsonRest::GetBinaryData(const QString& path)
 QList<TsFile> ConnectorJsonRest::GetTSFileEntries(qint64 venueId)
 {
     QJsonArray included;
-    if (!QueryIncluded(QLatin1String("Model file query"), QStringLiteral("tessra.file"), venueId, included))
+    if (!QueryIncluded(QLatin1String("Model file query"), c_modelFileInclude, venueId, included))
         return {};
     return ProcessTSFileEntriesReply(included, venueId);
 }
@@ -279,10 +248,7 @@ QList<TsFile> ConnectorJsonRest::ProcessTSFileEntriesReply(const QJsonArray& inc
 bool ConnectorJsonRest::QueryIncluded(QLatin1String what, const QString& include, qint64 venueId,
                                       QJsonArray& included) const
 {
-    const ReplyReleaser reply(
-        SendGetJsonRequest(c_venuePath,
-                           {{QStringLiteral("include"), include},
-                            {QStringLiteral("filter[entity_id]"), QString::number(venueId)}}));
+    const ReplyReleaser reply(SendGetJsonRequest(c_venuePath, IncludedQuery(include, venueId)));
     const QUrl url = reply->request().url();
     if (!waitForFinished(reply.Get(), c_timeout)) {
         reply.LogTimeout(what, url, c_timeout);
