@@ -1,6 +1,6 @@
 #include <bench/CurlClient.h>
 
-#include <demo/server/VenueServer.h>
+#include <server/VenueServer.h>
 
 #include <curl/curl.h>
 

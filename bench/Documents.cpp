@@ -1,7 +1,7 @@
 #include <bench/Documents.h>
 
 #include <data/ConnectorJsonRest.h>
-#include <demo/server/CatalogueGenerator.h>
+#include <server/catalogue/CatalogueGenerator.h>
 
 #include <QJsonDocument>
 

@@ -6,8 +6,8 @@
 #endif
 
 #include <data/ConnectorJsonRest.h>
-#include <demo/server/CatalogueGenerator.h>
-#include <demo/server/VenueServer.h>
+#include <server/VenueServer.h>
+#include <server/catalogue/CatalogueGenerator.h>
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -81,7 +81,7 @@ QList<QUrl> AddressesOf(ConnectorJsonRest& connector, PictureServer& server)
     server->Log().Clear();
     const QList<Picture> pictures = connector.GetPictureEntries(c_venueId);
     QList<QUrl> addresses;
-    for (const Demo::RequestRecord& request : server->Log().Requests()) {
+    for (const Demo::Request& request : server->Log().Requests()) {
         addresses.append(
             QUrl(QStringLiteral("https://") + server->Host() + QString::fromLatin1(request.target)));
     }

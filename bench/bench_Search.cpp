@@ -2,8 +2,8 @@
 #include <bench/Comparison.h>
 
 #include <data/ConnectorJsonRest.h>
-#include <demo/server/CatalogueGenerator.h>
-#include <demo/server/VenueServer.h>
+#include <server/VenueServer.h>
+#include <server/catalogue/CatalogueGenerator.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueTableModel.h>
 

@@ -1,9 +1,9 @@
 // The venue table and the country list.
 #include <bench/Comparison.h>
 #include <bench/Documents.h>
-#include <bench/LiteralTable.h>
+#include <tests/support/LiteralTable.h>
 
-#include <support/ConnectorStub.h>
+#include <tests/support/ConnectorStub.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueTableModel.h>
 

@@ -1,7 +1,7 @@
 # The reference style sheets, light and dark: two folders in build/.../styles, each with a plain .qss, the pictures that it
 # names and the folding icons, made of one file of rules and a palette per theme. They are complete when CMake has run.
-set(vdbStylesSource ${PROJECT_SOURCE_DIR}/demo/host/styles)
-set(vdbIconsSource ${PROJECT_SOURCE_DIR}/demo/host/icons)
+set(vdbStylesSource ${PROJECT_SOURCE_DIR}/styles)
+set(vdbIconsSource ${PROJECT_SOURCE_DIR}/styles/icons)
 set(vdbStyles ${PROJECT_BINARY_DIR}/styles)
 
 # Writes OUTPUT: the rules of the file RULES with each @name replaced by the colour that the file PALETTE has for it.

@@ -1,4 +1,4 @@
-#include "AnsweringCache.h"
+#include <fuzz/AnsweringCache.h>
 
 #include <QBuffer>
 #include <QDateTime>

@@ -1,5 +1,5 @@
 // One libFuzzer program: the target that VDB_FUZZ_TARGET names, in an application without a screen.
-#include "FuzzTargets.h"
+#include <fuzz/FuzzTargets.h>
 
 #include <QApplication>
 

@@ -1,5 +1,5 @@
-#include "AnsweringCache.h"
-#include "FuzzTargets.h"
+#include <fuzz/AnsweringCache.h>
+#include <fuzz/FuzzTargets.h>
 
 #include <data/ConnectorJsonRest.h>
 #include <ui/TsFileOpener.h>

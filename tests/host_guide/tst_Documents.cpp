@@ -1,4 +1,4 @@
-#include <support/MessageGuard.h>
+#include <tests/support/MessageGuard.h>
 
 #include <ui/VenueDbDialog.h>
 

@@ -1,5 +1,5 @@
-#include <demo/server/CatalogueGenerator.h>
-#include <demo/server/VenueServer.h>
+#include <server/VenueServer.h>
+#include <server/catalogue/CatalogueGenerator.h>
 
 #include <QFile>
 #include <QProcess>

@@ -1,16 +1,16 @@
-#include "snippets/Embedding.h"
-#include "snippets/Network.h"
-#include "snippets/Texts.h"
-#include "snippets/VenuePlace.h"
+#include <tests/host_guide/snippets/Embedding.h>
+#include <tests/host_guide/snippets/Network.h>
+#include <tests/host_guide/snippets/Texts.h>
+#include <tests/host_guide/snippets/VenuePlace.h>
 
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbSignalHandler.h>
 
-#include <demo/server/CertificateAuthority.h>
+#include <server/network/CertificateAuthority.h>
 
-#include <support/ConnectorStub.h>
-#include <support/MessageGuard.h>
-#include <support/ModalDriver.h>
+#include <tests/support/ConnectorStub.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/ModalDriver.h>
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,4 +1,4 @@
-#include <support/ConnectorStub.h>
+#include <tests/support/ConnectorStub.h>
 
 namespace korvel::Test {
 

@@ -1,4 +1,4 @@
-#include <support/ErrorBoxes.h>
+#include <tests/support/ErrorBoxes.h>
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include <support/FaultConnector.h>
+#include <tests/support/FaultConnector.h>
 
 #include <QNetworkAccessManager>
 

@@ -1,4 +1,4 @@
-#include <support/FaultDialog.h>
+#include <tests/support/FaultDialog.h>
 
 #include <ui/PictureSlider.h>
 #include <ui/TsFileOpener.h>

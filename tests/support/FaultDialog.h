@@ -1,7 +1,7 @@
 #pragma once
 
-#include <support/ErrorBoxes.h>
-#include <support/FaultConnector.h>
+#include <tests/support/ErrorBoxes.h>
+#include <tests/support/FaultConnector.h>
 
 #include <ui/VenueDbDialog.h>
 

@@ -1,4 +1,4 @@
-#include <support/FaultRows.h>
+#include <tests/support/FaultRows.h>
 
 #include <QNetworkAccessManager>
 #include <QTest>

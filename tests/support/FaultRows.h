@@ -2,7 +2,7 @@
 
 #include <data/Connector_Interface.h>
 
-#include <support/ScriptedServer.h>
+#include <tests/support/ScriptedServer.h>
 
 #include <QByteArray>
 #include <QList>

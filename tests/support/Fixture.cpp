@@ -1,4 +1,4 @@
-#include <support/Fixture.h>
+#include <tests/support/Fixture.h>
 
 #include <QFile>
 #include <QJsonDocument>

@@ -1,4 +1,4 @@
-#include <support/FullDisk.h>
+#include <tests/support/FullDisk.h>
 
 namespace korvel::Test {
 

@@ -1,4 +1,4 @@
-#include <support/HangGuard.h>
+#include <tests/support/HangGuard.h>
 
 #include <chrono>
 #include <cstdio>

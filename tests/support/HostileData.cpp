@@ -1,4 +1,4 @@
-#include <support/HostileData.h>
+#include <tests/support/HostileData.h>
 
 #include <QBuffer>
 #include <QImage>

@@ -1,4 +1,4 @@
-#include <support/PictureFixtures.h>
+#include <tests/support/PictureFixtures.h>
 
 #include <QBuffer>
 #include <QImage>

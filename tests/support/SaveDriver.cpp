@@ -1,4 +1,4 @@
-#include <support/SaveDriver.h>
+#include <tests/support/SaveDriver.h>
 
 #include <QApplication>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include <support/ScriptedServer.h>
+#include <tests/support/ScriptedServer.h>
 
 namespace korvel::Test {
 
@@ -52,7 +52,7 @@ void ScriptedServer::AddFault(const Demo::NetworkFault& fault)
 QStringList ScriptedServer::Targets()
 {
     QStringList targets;
-    for (const Demo::RequestRecord& request : m_server.Log().Requests())
+    for (const Demo::Request& request : m_server.Log().Requests())
         targets.append(QString::fromLatin1(request.target));
     return targets;
 }

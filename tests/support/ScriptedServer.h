@@ -1,6 +1,6 @@
 #pragma once
 
-#include <demo/server/VenueServer.h>
+#include <server/VenueServer.h>
 
 #include <QByteArray>
 #include <QString>

@@ -1,4 +1,4 @@
-#include <support/TextContrast.h>
+#include <tests/support/TextContrast.h>
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

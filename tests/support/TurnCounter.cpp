@@ -1,4 +1,4 @@
-#include <support/TurnCounter.h>
+#include <tests/support/TurnCounter.h>
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include <support/VdbMessages.h>
+#include <tests/support/VdbMessages.h>
 
 #include <QByteArrayView>
 #include <QMutex>

@@ -1,6 +1,6 @@
-#include "Probe.h"
+#include <tools/vdbprobe/Probe.h>
 
-#include "SafeText.h"
+#include <tools/vdbprobe/SafeText.h>
 
 #include <QDateTime>
 #include <QElapsedTimer>

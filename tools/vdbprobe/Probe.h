@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Outcome.h"
-#include "ProbeConnector.h"
-#include "ProbeOptions.h"
+#include <tools/vdbprobe/Outcome.h>
+#include <tools/vdbprobe/ProbeConnector.h>
+#include <tools/vdbprobe/ProbeOptions.h>
 
 #include <QList>
 #include <QSslSocket>

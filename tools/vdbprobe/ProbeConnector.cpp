@@ -1,6 +1,6 @@
-#include "ProbeConnector.h"
+#include <tools/vdbprobe/ProbeConnector.h>
 
-#include "SafeText.h"
+#include <tools/vdbprobe/SafeText.h>
 
 #include <QJsonArray>
 

@@ -1,4 +1,4 @@
-#include "ProbeOptions.h"
+#include <tools/vdbprobe/ProbeOptions.h>
 
 #include <QCommandLineParser>
 #include <QFile>

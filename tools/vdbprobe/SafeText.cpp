@@ -1,4 +1,4 @@
-#include "SafeText.h"
+#include <tools/vdbprobe/SafeText.h>
 
 #include <QNetworkProxy>
 #include <QUrl>

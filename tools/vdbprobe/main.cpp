@@ -1,5 +1,5 @@
-#include "Probe.h"
-#include "ProbeOptions.h"
+#include <tools/vdbprobe/Probe.h>
+#include <tools/vdbprobe/ProbeOptions.h>
 
 #include <QCoreApplication>
 #include <QLoggingCategory>

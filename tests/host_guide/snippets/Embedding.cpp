@@ -1,4 +1,4 @@
-#include "Embedding.h"
+#include <tests/host_guide/snippets/Embedding.h>
 
 #include <ui/VenueDbSignalHandler.h>
 

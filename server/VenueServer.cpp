@@ -1,0 +1,160 @@
+#include <server/VenueServer.h>
+
+#include <server/api/VenueService.h>
+#include <server/faults/FaultPlan.h>
+#include <server/http/TlsHttpServer.h>
+#include <server/network/ConnectForwarder.h>
+
+#include <QStandardPaths>
+
+namespace korvel::Demo {
+
+VenueServer::Options::Options()
+    : host(QStringLiteral(KVVENUEDATABASE_SERVER_HOST))
+{
+}
+
+VenueServer::VenueServer(QObject* parent)
+    : VenueServer(Options(), parent)
+{
+}
+
+VenueServer::VenueServer(const Options& options, QObject* parent)
+    : QObject(parent)
+    , m_options(options)
+    , m_httpsPort(options.httpsPort)
+    , m_proxyPort(options.proxyPort)
+    , m_log(new RequestLog(this))
+    , m_service(std::make_unique<VenueService>(
+          options.host, options.pictureSource ? options.pictureSource : Pictures(), options.pictureFolder))
+    , m_faults(std::make_unique<FaultPlan>())
+    , m_forwarder(std::make_unique<ConnectForwarder>(m_log))
+{
+    AddHost(options.host);
+}
+
+VenueServer::~VenueServer()
+{
+    Stop();
+}
+
+QString VenueServer::DefaultPictureFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)
+        + QStringLiteral("/kvVenueDatabase/pictures");
+}
+
+bool VenueServer::Start()
+{
+    Stop();
+    m_server = std::make_unique<TlsHttpServer>(
+        m_options.host, m_authority, *m_forwarder, *m_faults, *m_log,
+        [this](const Request& request) { return m_service->AnswerTo(request); });
+    const quint16 upstreamPort = m_server->Start();
+    if (upstreamPort == 0) {
+        m_errorText = QStringLiteral("No free port on 127.0.0.1");
+        m_server.reset();
+        return false;
+    }
+    if (!m_forwarder->Start(m_proxyPort, m_httpsPort, upstreamPort)) {
+        m_errorText = m_forwarder->ErrorText();
+        m_server.reset();
+        return false;
+    }
+    m_errorText.clear();
+    m_proxyPort = m_forwarder->ProxyPort();
+    m_httpsPort = m_forwarder->DirectPort();
+    return true;
+}
+
+void VenueServer::Stop()
+{
+    if (m_server != nullptr) {
+        // The forwarder first: it throws the clients out, which ends what the server is doing for them.
+        m_forwarder->Stop();
+        m_server.reset();
+    }
+}
+
+bool VenueServer::IsRunning() const
+{
+    return m_server != nullptr;
+}
+
+QString VenueServer::ErrorText() const
+{
+    return m_errorText;
+}
+
+QString VenueServer::Host() const
+{
+    return m_options.host;
+}
+
+quint16 VenueServer::HttpsPort() const
+{
+    return m_httpsPort;
+}
+
+quint16 VenueServer::ProxyPort() const
+{
+    return m_proxyPort;
+}
+
+QNetworkProxy VenueServer::Proxy() const
+{
+    return {QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), m_proxyPort};
+}
+
+QSslCertificate VenueServer::CaCertificate() const
+{
+    return m_authority.Certificate();
+}
+
+QByteArray VenueServer::CaPem() const
+{
+    return m_authority.Pem();
+}
+
+std::unique_ptr<ApplicationNetworkGuard> VenueServer::InstallInApplication() const
+{
+    return std::make_unique<ApplicationNetworkGuard>(Proxy(), CaCertificate());
+}
+
+void VenueServer::SetCatalogue(const VenueCatalogue& catalogue)
+{
+    m_service->SetCatalogue(catalogue);
+}
+
+std::shared_ptr<const VenueCatalogue> VenueServer::Catalogue() const
+{
+    return m_service->Catalogue();
+}
+
+void VenueServer::AddHost(const QString& host)
+{
+    m_forwarder->AddHost(host);
+}
+
+void VenueServer::AddFault(const Fault& fault)
+{
+    m_faults->Add(fault);
+}
+
+void VenueServer::AddFault(const NetworkFault& fault)
+{
+    m_forwarder->AddFault(fault);
+}
+
+void VenueServer::ClearFaults()
+{
+    m_faults->Clear();
+    m_forwarder->ClearFaults();
+}
+
+bool VenueServer::DropConnections()
+{
+    return Start();
+}
+
+} // namespace korvel::Demo

@@ -1,0 +1,177 @@
+#include <server/network/ConnectForwarder.h>
+
+#include <server/log/RequestLog.h>
+#include <server/network/Tunnel.h>
+
+#include <QHostAddress>
+#include <QMutexLocker>
+#include <QNetworkProxy>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <algorithm>
+
+namespace korvel::Demo {
+
+ConnectForwarder::ConnectForwarder(RequestLog* log)
+    : m_log(log)
+{
+    m_thread.setObjectName(QStringLiteral("ConnectForwarder"));
+}
+
+ConnectForwarder::~ConnectForwarder()
+{
+    Stop();
+}
+
+bool ConnectForwarder::Start(quint16 proxyPort, quint16 directPort, quint16 upstreamPort)
+{
+    Stop();
+    m_upstreamPort = upstreamPort;
+    m_thread.start();
+    m_context = new QObject;
+    m_context->moveToThread(&m_thread);
+    QMetaObject::invokeMethod(
+        m_context, [=, this] { Listen(proxyPort, directPort); }, Qt::BlockingQueuedConnection);
+    if (!m_errorText.isEmpty()) {
+        Stop();
+        return false;
+    }
+    return true;
+}
+
+void ConnectForwarder::Stop()
+{
+    if (m_context == nullptr) {
+        return;
+    }
+    QMetaObject::invokeMethod(
+        m_context, [this] { Close(); }, Qt::BlockingQueuedConnection);
+    m_thread.quit();
+    m_thread.wait();
+    delete m_context;
+    m_context = nullptr;
+}
+
+void ConnectForwarder::AddHost(const QString& host)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_hosts.insert(host.toLower());
+}
+
+void ConnectForwarder::AddFault(const NetworkFault& fault)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_faults.append({fault, fault.skip, fault.times});
+}
+
+void ConnectForwarder::ClearFaults()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_faults.clear();
+}
+
+ConnectForwarder::ConnectionInfo ConnectForwarder::Info(quint16 upstreamLocalPort) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_upstreams.value(upstreamLocalPort);
+}
+
+void ConnectForwarder::ResetWhenClosed(quint16 upstreamLocalPort)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_upstreams.contains(upstreamLocalPort)) {
+        m_resetWhenClosed.insert(upstreamLocalPort);
+    }
+}
+
+bool ConnectForwarder::KnowsHost(const QString& host) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_hosts.contains(host);
+}
+
+QList<NetworkFault> ConnectForwarder::TakeFaults(const QString& host)
+{
+    const QMutexLocker lock(&m_mutex);
+    QList<NetworkFault> due;
+    for (FaultEntry& entry : m_faults) {
+        const bool concerned
+            = entry.fault.host.isEmpty() || entry.fault.host.compare(host, Qt::CaseInsensitive) == 0;
+        const bool taken = std::any_of(due.cbegin(), due.cend(), [&entry](const NetworkFault& other) {
+            return other.kind == entry.fault.kind;
+        });
+        if (!concerned || taken || entry.times == 0) {
+            continue;
+        }
+        if (entry.skip > 0) {
+            --entry.skip;
+            continue;
+        }
+        if (entry.times > 0) {
+            --entry.times;
+        }
+        due.append(entry.fault);
+    }
+    return due;
+}
+
+void ConnectForwarder::NoteUpstream(quint16 localPort, const ConnectionInfo& info)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_upstreams.insert(localPort, info);
+}
+
+bool ConnectForwarder::ForgetUpstream(quint16 localPort)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_upstreams.remove(localPort);
+    return m_resetWhenClosed.remove(localPort);
+}
+
+void ConnectForwarder::Listen(quint16 proxyPort, quint16 directPort)
+{
+    m_errorText.clear();
+    const auto listen = [this](quint16 port) {
+        auto* server = new QTcpServer(m_context);
+        // Otherwise an application proxy, perhaps this very one, would be asked to listen.
+        server->setProxy(QNetworkProxy::NoProxy);
+        server->setListenBacklogSize(200);
+        if (!server->listen(QHostAddress::LocalHost, port)) {
+            m_errorText = QStringLiteral("127.0.0.1:%1: %2").arg(port).arg(server->errorString());
+        }
+        return server;
+    };
+    m_proxyServer = listen(proxyPort);
+    m_directServer = listen(directPort);
+    m_proxyPort = m_proxyServer->serverPort();
+    m_directPort = m_directServer->serverPort();
+    QObject::connect(m_proxyServer, &QTcpServer::newConnection, m_context, [this] { OnProxyConnection(); });
+    QObject::connect(m_directServer, &QTcpServer::newConnection, m_context, [this] { OnDirectConnection(); });
+}
+
+void ConnectForwarder::Close()
+{
+    // Ports first, so that no client gets in again while the others are thrown out.
+    delete m_proxyServer;
+    delete m_directServer;
+    m_proxyServer = nullptr;
+    m_directServer = nullptr;
+    qDeleteAll(m_context->findChildren<Tunnel*>(QString(), Qt::FindDirectChildrenOnly));
+}
+
+void ConnectForwarder::OnProxyConnection()
+{
+    while (QTcpSocket* client = m_proxyServer->nextPendingConnection()) {
+        (new Tunnel(*this, client, m_context))->StartAsProxy();
+    }
+}
+
+void ConnectForwarder::OnDirectConnection()
+{
+    while (QTcpSocket* client = m_directServer->nextPendingConnection()) {
+        (new Tunnel(*this, client, m_context))->StartDirect();
+    }
+}
+
+} // namespace korvel::Demo

@@ -1,0 +1,398 @@
+#include <ui/PictureNavigationButton.h>
+#include <ui/PictureSlider.h>
+
+#include <tests/support/FaultDialog.h>
+#include <tests/support/FaultRows.h>
+#include <tests/support/HostileData.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/VdbMessages.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace Qt::Literals::StringLiterals;
+using korvel::Test::DataUrl;
+using korvel::Test::EncodedPicture;
+using korvel::Test::FaultDialog;
+using korvel::Test::FaultRow;
+using korvel::Test::FaultTarget;
+using korvel::Test::HostileUrl;
+using korvel::Test::Received;
+using korvel::Test::ScriptedServer;
+using korvel::Test::Signals;
+using korvel::Test::UndecodablePicture;
+using korvel::Test::VdbMessages;
+
+namespace {
+
+constexpr const char* c_jsonApi = "application/vnd.api+json";
+const QString c_secondHost = u"second.example"_s;
+const QString c_listPattern = u"^/api/venue\\?include=from_the"_s;
+
+QByteArray SmallPng()
+{
+    return EncodedPicture(QSize(60, 40), Qt::red);
+}
+
+/// A reply that lists one picture for each of \p urls, its small rendition; "Picture 1" and so on. Longer
+/// than what is cut off.
+QByteArray ListOf(const QStringList& urls)
+{
+    QJsonArray included;
+    for (const QString& url : urls) {
+        const QString id = u"f%1"_s.arg(included.size());
+        const QString name = u"Picture %1"_s.arg(included.size() / 2 + 1);
+        included.append(QJsonObject{
+            {u"type"_s, u"picture"_s},
+            {u"attributes"_s, QJsonObject{{u"name"_s, name}}},
+            {u"relationships"_s,
+             QJsonObject{
+                 {u"file"_s,
+                  QJsonObject{{u"data"_s,
+                               QJsonObject{{u"id"_s, id}, {u"meta"_s, QJsonObject{{u"alt"_s, name}}}}}}}}}});
+        included.append(QJsonObject{{u"type"_s, u"file"_s},
+                                    {u"id"_s, id},
+                                    {u"attributes"_s, QJsonObject{{u"url"_s, u"/pictures/odd.png"_s}}},
+                                    {u"links"_s, QJsonObject{{u"small"_s, QJsonObject{{u"href"_s, url}}}}}});
+    }
+    return QJsonDocument(QJsonObject{{u"included"_s, included}}).toJson() + QByteArray(12'000, ' ');
+}
+
+} // namespace
+
+/// What becomes of a venue's pictures in the slider when server and network fail, or answer with what no
+/// honest server would.
+class tst_FaultMatrixPictures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_server = std::make_unique<ScriptedServer>();
+        m_host = m_server->Server().Host();
+    }
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+        m_messages.reset();
+        m_messages = std::make_unique<VdbMessages>();
+        m_server->Reset();
+        m_dialog = std::make_unique<FaultDialog>();
+        m_dialog->connector.asksForPictures = true;
+    }
+    void cleanup()
+    {
+        QCOMPARE(m_dialog->Complaint(), QString());
+        m_dialog.reset();
+        QCOMPARE(m_messages->Take(), QStringList());
+        m_messages.reset();
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+        QVERIFY(!QApplication::overrideCursor());
+    }
+    void cleanupTestCase()
+    {
+        m_server.reset();
+    }
+
+    void List_data()
+    {
+        AddFaultRows(korvel::Test::FaultRows());
+    }
+    void List()
+    {
+        QFETCH(FaultRow, fault);
+        FaultTarget target;
+        target.request = QRegularExpression(c_listPattern);
+        target.body = ListOf({DataUrl(SmallPng())});
+        target.mediaType = c_jsonApi;
+        fault.make(*m_server, target);
+
+        m_dialog->SelectVenue();
+
+        if (fault.search == Ok) {
+            QCOMPARE(Sizes(), QList({SmallPng().size()}));
+            VerifySlider(u"1/1 Picture 1"_s, u"picture"_s);
+        } else {
+            QCOMPARE(Sizes(), QList<qsizetype>());
+            VerifySlider(u"-/0"_s, u"No Image"_s);
+            VerifyMessage(FailureMessage(fault, u"Picture query"_s, m_host + u"/api/venue"_s));
+        }
+        if (!fault.isRequestSent) {
+            QCOMPARE(m_server->Log().RequestCount(), 0);
+            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
+        }
+    }
+
+    void Bytes_data()
+    {
+        AddFaultRows(korvel::Test::FaultRows());
+    }
+    void Bytes()
+    {
+        QFETCH(FaultRow, fault);
+        // On a host of its own: the list comes through an unharmed connection.
+        FaultTarget target;
+        target.request = QRegularExpression(u"^/pictures/first\\.png$"_s);
+        target.body = korvel::Test::NoisePicture(QSize(64, 64));
+        target.mediaType = "image/png";
+        target.host = c_secondHost;
+        target.requestsBefore = 1;
+        target.manager = m_dialog->connector.Manager();
+        fault.make(*m_server, target);
+        m_server->AnswerJsonApi(
+            u"/api/venue"_s, ListOf({u"https://second.example/pictures/first.png"_s, DataUrl(SmallPng())}));
+
+        m_dialog->SelectVenue();
+
+        const QList<Picture>& pictures = m_dialog->connector.pictures;
+        QCOMPARE(pictures.size(), 2);
+        const QByteArray bytes = pictures.first().GetPictureDataSmall();
+        QCOMPARE(korvel::Test::ReceivedComplaint(fault.picture, fault, target, bytes), QString());
+        // Whole pictures are shown, others not; the next one comes and shows in any case.
+        VerifySlider(u"1/2 Picture 1"_s,
+                     fault.picture == Received::Whole ? u"picture"_s : u"Image failure"_s);
+        QCOMPARE(pictures.last().GetPictureDataSmall(), SmallPng());
+        m_dialog->Slider()->ShowVenuePic(1);
+        VerifySlider(u"2/2 Picture 2"_s, u"picture"_s);
+
+        if (fault.isError || fault.viewer == Signals::NotAnImage) {
+            VerifyMessage(
+                FailureMessage(fault, u"Picture download"_s, c_secondHost + u"/pictures/first.png"_s));
+        }
+        if (!fault.isRequestSent) {
+            QCOMPARE(m_server->Log().RequestCount(), 1);
+            QCOMPARE(m_server->ReceivedBytesAfter(1), 0);
+        }
+    }
+
+    void BodyThatIsNoList_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        for (const auto& [name, bytes] : korvel::Test::BrokenDocuments(ListOf({DataUrl(SmallPng())})))
+            QTest::newRow(name.constData()) << bytes;
+    }
+    void BodyThatIsNoList()
+    {
+        QFETCH(QByteArray, body);
+        m_server->AnswerJsonApi(u"/api/venue"_s, body);
+        m_dialog->SelectVenue();
+        QCOMPARE(Sizes(), QList<qsizetype>());
+        VerifySlider(u"-/0"_s, u"No Image"_s);
+        // An object that is nested too deeply has no more of an object than an array has.
+        VerifyMessage(u"^Picture query failed: "_s + m_host
+                      + u"/api/venue - HTTP status 200 - the reply is no JSON object$"_s);
+    }
+
+    void ListOfWrongTypes_data()
+    {
+        QTest::addColumn<QByteArray>("included");
+        QTest::addColumn<int>("count");
+        const auto row = [](const char* name, const char* included, int count) {
+            QTest::newRow(name) << QByteArray(included) << count;
+        };
+        row("null", "null", 0);
+        row("object", R"({"type": "file"})", 0);
+        row("text", "\"file\"", 0);
+        row("number", "2", 0);
+        row("elements of other types", R"([null, 1, "file", [{"type": "file"}], true])", 0);
+        row("type array", R"([{"type": ["file"]}])", 0);
+        row("type null", R"([{"type": null}])", 0);
+        row("file and no more", R"([{"type": "file"}])", 1);
+        row("id number", R"([{"type": "file", "id": 5}])", 1);
+        row("links array", R"([{"type": "file", "links": [{"small": {"href": "x"}}]}])", 1);
+        row("links text", R"([{"type": "file", "links": "small"}])", 1);
+        row("rendition text", R"([{"type": "file", "links": {"small": "x"}}])", 1);
+        row("href number", R"([{"type": "file", "links": {"small": {"href": 7}}}])", 1);
+        row("href null", R"([{"type": "file", "links": {"small": {"href": null}}}])", 1);
+        row("attributes null", R"([{"type": "file", "attributes": null}])", 1);
+        row("address number", R"([{"type": "file", "attributes": {"url": 7}}])", 1);
+        row("picture of wrong types",
+            R"([{"type": "picture", "attributes": [], "relationships": 3}, {"type": "file"}])", 1);
+        row("relationship array", R"([{"type": "picture", "relationships": {"file": [{"data": 1}]}}])", 0);
+        row("duplicate keys", R"([{"type": "venue", "type": "file"}])", 1);
+        row("same file three times", R"([{"type": "file"}, {"type": "file"}, {"type": "file"}])", 3);
+    }
+    void ListOfWrongTypes()
+    {
+        QFETCH(QByteArray, included);
+        QFETCH(int, count);
+        m_server->AnswerJsonApi(u"/api/venue"_s, R"({"included": )" + included + "}");
+        // Where no text tells an address, the picture's own is asked: the host's root, or /pictures/odd.png.
+        m_server->Answer(QString(), SmallPng(), "image/png");
+        m_dialog->SelectVenue();
+        QCOMPARE(Sizes(), QList<qsizetype>(count, SmallPng().size()));
+        VerifySlider(count == 0 ? u"-/0"_s : u"1/%1 "_s.arg(count),
+                     count == 0 ? u"No Image"_s : u"picture"_s);
+    }
+
+    void Address_data()
+    {
+        QTest::addColumn<HostileUrl>("address");
+        const QString file = LocalPicture();
+        QList<HostileUrl> addresses = korvel::Test::HostileUrls(c_secondHost, file);
+        addresses.append({"empty: the picture's own", QString(), true});
+        addresses.append({"backslashes", u"https:\\/\\/second.example\\/pictures\\/odd.png"_s, true});
+        addresses.append(
+            {"doubled backslashes", u"https:\\\\/\\\\/second.example\\\\/pictures/odd.png"_s, true});
+        addresses.append({"file with backslashes", u"file:\\/\\/"_s + file, false});
+        addresses.append({"share", u"\\\\host\\share\\odd.png"_s, false});
+        for (const HostileUrl& address : std::as_const(addresses))
+            QTest::newRow(address.name.constData()) << address;
+    }
+    void Address()
+    {
+        QFETCH(HostileUrl, address);
+        m_server->AnswerJsonApi(u"/api/venue"_s, ListOf({address.url}));
+        m_server->Answer(u"/pictures/odd.png"_s, SmallPng(), "image/png");
+        m_dialog->SelectVenue();
+        QCOMPARE(Sizes(), QList({address.isFetched ? SmallPng().size() : 0}));
+        VerifySlider(u"1/1 Picture 1"_s, address.isFetched ? u"picture"_s : u"Image failure"_s);
+        // What is not fetched is not asked for either, and nothing local is read.
+        QCOMPARE(m_server->Log().RequestCount(), address.isFetched ? 2 : 1);
+        if (!address.isFetched) {
+            VerifyMessage(u"^Picture download failed: .* - .+$"_s);
+        }
+    }
+
+    void UndecodableBytes_data()
+    {
+        QTest::addColumn<UndecodablePicture>("picture");
+        for (const UndecodablePicture& picture : korvel::Test::UndecodablePictures())
+            QTest::newRow(picture.name.constData()) << picture;
+        QTest::newRow("empty") << UndecodablePicture();
+    }
+    void UndecodableBytes()
+    {
+        QFETCH(UndecodablePicture, picture);
+        const QByteArray bytes = picture.bytes;
+        Expect(picture.warnings);
+        m_server->AnswerJsonApi(u"/api/venue"_s,
+                                ListOf({u"https://second.example/pictures/odd.png"_s, DataUrl(SmallPng())}));
+        m_server->Answer(u"/pictures/odd.png"_s, bytes, "image/png");
+        m_dialog->SelectVenue();
+        QCOMPARE(Sizes(), QList({bytes.size(), SmallPng().size()}));
+        VerifySlider(u"1/2 Picture 1"_s, u"Image failure"_s);
+        m_dialog->Slider()->ShowVenuePic(-1);
+        VerifySlider(u"2/2 Picture 2"_s, u"picture"_s);
+    }
+
+    void OddShape_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("1 x 1") << QSize(1, 1);
+        QTest::newRow("1 x 100,000") << QSize(1, 100'000);
+        QTest::newRow("100,000 x 1") << QSize(100'000, 1);
+        QTest::newRow("33 megapixels") << QSize(5700, 5700);
+    }
+    void OddShape()
+    {
+        QFETCH(QSize, size);
+        m_server->AnswerJsonApi(u"/api/venue"_s, ListOf({u"https://second.example/pictures/odd.png"_s}));
+        m_server->Answer(u"/pictures/odd.png"_s, korvel::Test::BlankPng(size), "image/png");
+        m_dialog->SelectVenue();
+        VerifySlider(u"1/1 Picture 1"_s, u"picture"_s);
+    }
+
+    void Count_data()
+    {
+        QTest::addColumn<int>("count");
+        for (const int count : {0, 1, 2, 7})
+            QTest::addRow("%d pictures", count) << count;
+    }
+    void Count()
+    {
+        QFETCH(int, count);
+        m_server->AnswerJsonApi(u"/api/venue"_s, ListOf(QStringList(count, DataUrl(SmallPng()))));
+        m_dialog->SelectVenue();
+        QCOMPARE(Sizes().size(), count);
+        VerifySlider(count == 0 ? u"-/0"_s : u"1/%1 Picture 1"_s.arg(count),
+                     count == 0 ? u"No Image"_s : u"picture"_s);
+        for (const auto* button :
+             m_dialog->Slider()->findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (qobject_cast<const korvel::Ui::VenueDatabase::PictureNavigationButton*>(button))
+                QCOMPARE(button->isVisible(), count > 1);
+        }
+        m_dialog->Slider()->ShowVenuePic(-1);
+        VerifySlider(count == 0 ? u"-/0"_s : u"%1/%1 Picture %1"_s.arg(count),
+                     count == 0 ? u"No Image"_s : u"picture"_s);
+    }
+
+    void CaptionIsPlain_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("json");
+        for (const auto& [name, text, json] : korvel::Test::HostileTexts())
+            QTest::newRow(name.constData()) << text << json;
+    }
+    void CaptionIsPlain()
+    {
+        QFETCH(QString, text);
+        QFETCH(QByteArray, json);
+        m_server->AnswerJsonApi(
+            u"/api/venue"_s,
+            QByteArray(R"({"included": [{"type": "picture", "attributes": {"name": "TEXT"},)"
+                       R"("relationships": {"file": {"data": {"id": "f", "meta": {"alt":)"
+                       R"("TEXT"}}}}}, {"type": "file", "id": "f",)"
+                       R"("attributes": {"url": "/pictures/odd.png"}}]})")
+                .replace("TEXT", json));
+        m_server->Answer(u"/pictures/odd.png"_s, SmallPng(), "image/png");
+        m_dialog->SelectVenue();
+        QCOMPARE(m_dialog->connector.pictures.first().GetPictureName(), text);
+        VerifySlider(u"1/1 "_s + text, u"picture"_s);
+        QCOMPARE(m_dialog->Caption()->textFormat(), Qt::PlainText);
+        QVERIFY(!m_dialog->dialog.grab().isNull());
+    }
+
+private:
+    QList<qsizetype> Sizes() const
+    {
+        QList<qsizetype> sizes;
+        for (const Picture& picture : m_dialog->connector.pictures)
+            sizes.append(picture.GetPictureDataSmall().size());
+        return sizes;
+    }
+    void VerifySlider(const QString& caption, const QString& painted) const
+    {
+        QCOMPARE(m_dialog->Caption()->text(), caption);
+        QCOMPARE(m_dialog->Painted(), painted);
+    }
+    static void Expect(const QStringList& warnings)
+    {
+        for (const QString& warning : warnings)
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+    }
+    void VerifyMessage(const QString& pattern)
+    {
+        const QStringList messages = m_messages->Take();
+        QCOMPARE(messages.size(), 1);
+        QVERIFY2(QRegularExpression(pattern).match(messages.first()).hasMatch(),
+                 qPrintable(messages.first() + u"\nis not like\n"_s + pattern));
+    }
+    /// A real picture outside of the network, which would show if it were read.
+    QString LocalPicture()
+    {
+        const QString path = m_folder.filePath(u"odd.png"_s);
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(SmallPng()) < 0)
+            qFatal("%s cannot be written", qPrintable(path));
+        return path;
+    }
+
+    QTemporaryDir m_folder;
+    QString m_host;
+    std::unique_ptr<ScriptedServer> m_server;
+    std::unique_ptr<VdbMessages> m_messages;
+    std::unique_ptr<FaultDialog> m_dialog;
+};
+
+QTEST_MAIN(tst_FaultMatrixPictures)
+#include "tst_FaultMatrixPictures.moc"

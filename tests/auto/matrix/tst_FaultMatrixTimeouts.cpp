@@ -1,0 +1,377 @@
+#include <data/DownloadManager.h>
+#include <ui/PictureFullscreenDialog.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbDialog.h>
+
+#include <tests/support/ErrorBoxes.h>
+#include <tests/support/FaultConnector.h>
+#include <tests/support/FaultRows.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/VdbMessages.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QNetworkAccessManager>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <vector>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Ui::VenueDatabase;
+using namespace Qt::Literals::StringLiterals;
+namespace Demo = korvel::Demo;
+using korvel::Test::ErrorBoxes;
+using korvel::Test::FaultConnector;
+using korvel::Test::FaultRow;
+using korvel::Test::FaultTarget;
+using korvel::Test::ScriptedServer;
+using korvel::Test::VdbMessages;
+
+namespace {
+
+constexpr qint64 c_timeout = 30'000;
+/// A query ends at the latest half a second after its time-out.
+constexpr qint64 c_longest = 30'500;
+/// A timer may fire a millisecond early, and clocks are rounded down.
+constexpr qint64 c_shortest = c_timeout - 10;
+constexpr const char* c_jsonApi = "application/vnd.api+json";
+/// Serves as every kind of reply: one venue, one file behind /bytes.
+const QByteArray c_reply = QByteArray(R"({"data": [{"attributes": {"title": "A"}}],)"
+                                      R"("included": [{"type": "file", "attributes": {"url": "/bytes"},)"
+                                      R"("links": {"small": {"href": "data:image\/png;base64,AAAA"}}}]})")
+    + QByteArray(12'000, ' ');
+
+/// One kind of query.
+struct EntryPoint
+{
+    const char* name;
+    bool isLater; ///< not the first request of its manager
+    QString request; ///< the pattern of the one that goes wrong
+    /// Runs the query and tells what is wrong with its result; empty where nothing is.
+    std::function<QString(FaultConnector&, ResultStatus)> complaint;
+    /// What is logged, up to the colon; empty for what the user is told of.
+    QString logged;
+};
+
+QString Complaint(bool isRight, const QString& text)
+{
+    return isRight ? QString() : text;
+}
+
+bool IsRight(ResultStatus expected, qsizetype count)
+{
+    return count == (expected == Ok ? 1 : 0);
+}
+
+QString SearchComplaint(FaultConnector& connector, ResultStatus expected)
+{
+    connector.asksForVenues = true;
+    QList<Venue> venues;
+    const ResultStatus status = connector.FindVenueEntries({}, venues);
+    const QStringList found = expected == Ok ? QStringList{u"A"_s} : korvel::Test::OldNames();
+    return Complaint(status == expected && connector.found.last() == found, u"status %1"_s.arg(status));
+}
+
+QString RefreshComplaint(FaultConnector& connector, ResultStatus expected)
+{
+    connector.asksForVenues = true;
+    QList<Venue> venues;
+    const ResultStatus status = connector.FindVenueEntries({{u"title"_s, u"x"_s}}, venues);
+    return status == Ok ? SearchComplaint(connector, expected) : u"the first search: %1"_s.arg(status);
+}
+
+QString PictureListComplaint(FaultConnector& connector, ResultStatus expected)
+{
+    connector.asksForPictures = true;
+    const qsizetype count = connector.GetPictureEntries(7).size();
+    return Complaint(IsRight(expected, count), u"%1 pictures"_s.arg(count));
+}
+
+QString FileListComplaint(FaultConnector& connector, ResultStatus expected)
+{
+    connector.asksForFiles = true;
+    const qsizetype count = connector.GetTSFileEntries(7).size();
+    return Complaint(IsRight(expected, count), u"%1 files"_s.arg(count));
+}
+
+QString PictureBytesComplaint(FaultConnector& connector, ResultStatus expected)
+{
+    const QByteArray bytes = connector.GetPictureBinaryData(ScriptedServer::Url(u"/bytes"_s));
+    return Complaint(bytes == (expected == Ok ? c_reply : QByteArray()), u"%1 bytes"_s.arg(bytes.size()));
+}
+
+QString FileBytesComplaint(FaultConnector& connector, ResultStatus expected)
+{
+    connector.asksForFiles = true;
+    const QList<TsFile> files = connector.GetTSFileEntries(7);
+    return Complaint(files.size() == 1
+                         && files.first().GetFileData() == (expected == Ok ? c_reply : QByteArray()),
+                     u"%1 files"_s.arg(files.size()));
+}
+
+QList<EntryPoint> EntryPoints()
+{
+    const QString query = u"^/api/venue\\?include="_s;
+    return {
+        {"search", false, query, SearchComplaint, {}},
+        {"country refresh", true, query, RefreshComplaint, {}},
+        {"picture list", false, query, PictureListComplaint, u"Picture query"_s},
+        {"picture bytes", false, u"^/bytes$"_s, PictureBytesComplaint, u"Picture download"_s},
+        {"model file list", false, query, FileListComplaint, u"Model file query"_s},
+        {"model file bytes", true, u"^/bytes$"_s, FileBytesComplaint, u"Model file download"_s},
+    };
+}
+
+/// One query that meets a fault, in a thread and with a server of its own.
+class Wait : public QThread
+{
+public:
+    Wait(const FaultRow& fault, const EntryPoint& entry)
+        : m_fault(fault)
+        , m_entry(entry)
+    {
+    }
+
+    QString Name() const
+    {
+        return u"%1: %2"_s.arg(QLatin1String(m_entry.name), QString::fromLatin1(m_fault.name));
+    }
+    const FaultRow& Fault() const
+    {
+        return m_fault;
+    }
+    const EntryPoint& Entry() const
+    {
+        return m_entry;
+    }
+    const QString& Result() const
+    {
+        return m_complaint;
+    }
+    /// Of the query, in milliseconds.
+    qint64 Longest() const
+    {
+        return m_longest;
+    }
+
+protected:
+    void run() override
+    {
+        FaultConnector connector;
+        connector.Manager()->setProxy(m_server.Server().Proxy());
+        FaultTarget target;
+        target.request = QRegularExpression(m_entry.request);
+        target.body = c_reply;
+        target.mediaType = m_entry.name == "picture bytes"_ba ? "image/png" : c_jsonApi;
+        target.requestsBefore = m_entry.isLater ? 1 : 0;
+        target.manager = connector.Manager();
+        // The request before comes on a connection of its own.
+        if (m_entry.isLater) {
+            m_server.AddFault(
+                Demo::Fault::OnPattern(QRegularExpression(u"^/api/venue\\?(filter|include=tessra)"_s))
+                    .WithBody(c_reply)
+                    .WithMediaType(c_jsonApi)
+                    .WithHeader("Connection", "close"));
+        }
+        m_fault.make(m_server, target);
+        m_server.Answer(QString(), c_reply, c_jsonApi);
+        QElapsedTimer timer;
+        timer.start();
+        m_complaint = m_entry.complaint(connector, m_fault.search);
+        m_longest = timer.elapsed();
+    }
+
+private:
+    FaultRow m_fault;
+    EntryPoint m_entry;
+    ScriptedServer m_server;
+    QString m_complaint = u"was not run"_s;
+    qint64 m_longest = 0;
+};
+
+} // namespace
+
+/// Servers that never come to an end: every query gives up after 30 seconds, and not before. All of them
+/// wait at the same time, so that the whole program takes one time-out.
+class tst_FaultMatrixTimeouts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_messages = std::make_unique<VdbMessages>();
+        for (const EntryPoint& entry : EntryPoints()) {
+            const auto rows
+                = entry.isLater ? korvel::Test::LaterEndlessFaultRows() : korvel::Test::EndlessFaultRows();
+            for (const FaultRow& fault : rows + QList{korvel::Test::JustInTimeRow()})
+                m_waits.push_back(std::make_unique<Wait>(fault, entry));
+        }
+        // One more for what the user sees.
+        m_server = std::make_unique<ScriptedServer>();
+        m_server->Withhold(u"/api/venue"_s);
+
+        for (const auto& wait : m_waits)
+            wait->start();
+        ShowViewers();
+        SearchInTheDialog();
+        for (const auto& wait : m_waits)
+            QVERIFY2(wait->wait(60'000), qPrintable(wait->Name()));
+        m_logged = m_messages->Take();
+    }
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+    void cleanupTestCase()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+        QCOMPARE(m_messages->Take(), QStringList());
+        m_messages.reset();
+        // Each has put itself in front of the one before as the application's network.
+        m_server.reset();
+        while (!m_viewers.empty())
+            m_viewers.pop_back();
+        while (!m_waits.empty())
+            m_waits.pop_back();
+    }
+
+    void Query_data()
+    {
+        QTest::addColumn<int>("index");
+        for (std::size_t index = 0; index < m_waits.size(); ++index)
+            QTest::newRow(qPrintable(m_waits.at(index)->Name())) << int(index);
+    }
+    void Query()
+    {
+        QFETCH(int, index);
+        const Wait& wait = *m_waits.at(std::size_t(index));
+        QCOMPARE(wait.Result(), QString());
+        QVERIFY2(wait.Longest() <= c_longest, qPrintable(QString::number(wait.Longest())));
+        if (wait.Fault().search == Timeout)
+            QVERIFY2(wait.Longest() >= c_shortest, qPrintable(QString::number(wait.Longest())));
+    }
+
+    void EveryTimeoutIsLoggedOnce()
+    {
+        // A failed search is shown to the user instead.
+        QStringList expected;
+        for (const auto& wait : m_waits) {
+            if (wait->Fault().search == Timeout && !wait->Entry().logged.isEmpty()) {
+                const QString path
+                    = wait->Entry().request.contains(u"bytes"_s) ? u"/bytes"_s : u"/api/venue"_s;
+                const QString status = wait->Fault().status == 0 ? u"no HTTP status"_s : u"HTTP status 200"_s;
+                expected.append(u"%1 failed: %2%3 - %4 - no reply within 30000 ms"_s.arg(
+                    wait->Entry().logged, m_server->Server().Host(), path, status));
+            }
+        }
+        expected.sort();
+        m_logged.sort();
+        QCOMPARE(m_logged, expected);
+    }
+
+    void DialogTellsTheUser()
+    {
+        QCOMPARE(m_boxes, QStringList{ErrorBoxes::ServerUnreachable()});
+        QVERIFY(m_dialogElapsed >= c_shortest);
+        QVERIFY2(m_dialogElapsed <= c_longest, qPrintable(QString::number(m_dialogElapsed)));
+        QCOMPARE(m_statusMeanwhile, u"Loading..."_s);
+        QVERIFY(m_isDialogHidden);
+    }
+
+    void ViewerWaitsOn_data()
+    {
+        AddFaultRows(korvel::Test::EndlessFaultRows());
+    }
+    void ViewerWaitsOn()
+    {
+        QFETCH(FaultRow, fault);
+        const auto found = std::find_if(m_viewers.cbegin(), m_viewers.cend(),
+                                        [&](const auto& shown) { return shown->fault.name == fault.name; });
+        QVERIFY(found != m_viewers.cend());
+        PictureFullscreenDialog& viewer = (*found)->viewer;
+        // More than 30 seconds later.
+        QCOMPARE((*found)->outcomes, 0);
+        QVERIFY(viewer.isVisible());
+        QCOMPARE(viewer.GetStatusLabel()->text(), u"Loading large image..."_s);
+        QVERIFY(QGuiApplication::overrideCursor());
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        viewer.hide();
+        // The others go on waiting, and have cursors of their own.
+        const bool isLast = fault.name == korvel::Test::EndlessFaultRows().last().name;
+        QCOMPARE(QGuiApplication::overrideCursor() == nullptr, isLast);
+    }
+
+private:
+    struct ShownViewer
+    {
+        FaultRow fault;
+        ScriptedServer server;
+        PictureFullscreenDialog viewer;
+        int outcomes = 0;
+    };
+
+    void ShowViewers()
+    {
+        for (const FaultRow& fault : korvel::Test::EndlessFaultRows()) {
+            m_viewers.push_back(std::make_unique<ShownViewer>());
+            ShownViewer& shown = *m_viewers.back();
+            shown.fault = fault;
+            auto* downloads = shown.viewer.findChild<DownloadManager*>();
+            downloads->findChild<QNetworkAccessManager*>()->setProxy(shown.server.Server().Proxy());
+            connect(downloads, &DownloadManager::PictureBinaryDataFinished, this,
+                    [&shown]() { ++shown.outcomes; });
+            connect(downloads, &DownloadManager::RequestFailed, this, [&shown]() { ++shown.outcomes; });
+            FaultTarget target;
+            target.request = QRegularExpression(u"^/large\\.png$"_s);
+            target.body = c_reply;
+            target.mediaType = "image/png";
+            fault.make(shown.server, target);
+            Picture picture;
+            picture.SetPictureDataSmall(korvel::Test::EncodedPicture(QSize(60, 40), Qt::red));
+            picture.SetPictureUrlLarge(ScriptedServer::Url(u"/large.png"_s));
+            QList<Picture> pictures{picture};
+            shown.viewer.SetPictures(&pictures);
+            // Modal windows would stand in each other's way.
+            shown.viewer.setModal(false);
+            shown.viewer.Open();
+            shown.viewer.SetPicturesIndex(0);
+        }
+    }
+
+    void SearchInTheDialog()
+    {
+        FaultConnector connector;
+        connector.asksForVenues = true;
+        connector.Manager()->setProxy(m_server->Server().Proxy());
+        VenueDbDialog dialog;
+        auto* panel = dialog.findChild<VenueDbCentralWidget*>();
+        panel->SetConnector(&connector);
+        dialog.show();
+        ErrorBoxes boxes(QMessageBox::Close);
+        QTimer::singleShot(15'000, &dialog, [&]() { m_statusMeanwhile = dialog.GetStatusLabel()->text(); });
+        panel->PerformQuery();
+        m_boxes = boxes.shown;
+        m_dialogElapsed = connector.longest;
+        m_isDialogHidden = dialog.isHidden();
+    }
+
+    std::vector<std::unique_ptr<Wait>> m_waits;
+    std::vector<std::unique_ptr<ShownViewer>> m_viewers;
+    std::unique_ptr<ScriptedServer> m_server;
+    std::unique_ptr<VdbMessages> m_messages;
+    QStringList m_logged;
+    QStringList m_boxes;
+    QString m_statusMeanwhile;
+    qint64 m_dialogElapsed = 0;
+    bool m_isDialogHidden = false;
+};
+
+QTEST_MAIN(tst_FaultMatrixTimeouts)
+#include "tst_FaultMatrixTimeouts.moc"

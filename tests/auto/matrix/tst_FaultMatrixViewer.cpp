@@ -1,0 +1,435 @@
+#include <data/DownloadManager.h>
+#include <ui/PictureFullscreenDialog.h>
+#include <ui/PictureView.h>
+
+#include <tests/support/FaultRows.h>
+#include <tests/support/FullDisk.h>
+#include <tests/support/HostileData.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/SaveDriver.h>
+#include <tests/support/VdbMessages.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QGraphicsPixmapItem>
+#include <QGraphicsScene>
+#include <QImageReader>
+#include <QLabel>
+#include <QNetworkAccessManager>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+#include <optional>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace Qt::Literals::StringLiterals;
+using korvel::Test::EncodedPicture;
+using korvel::Test::FaultRow;
+using korvel::Test::FaultTarget;
+using korvel::Test::FullDisk;
+using korvel::Test::HostileUrl;
+using korvel::Test::Received;
+using korvel::Test::SaveDriver;
+using korvel::Test::ScriptedServer;
+using korvel::Test::Signals;
+using korvel::Test::UndecodablePicture;
+using korvel::Test::VdbMessages;
+using korvel::Ui::VenueDatabase::PictureFullscreenDialog;
+using korvel::Ui::VenueDatabase::PictureView;
+
+namespace {
+
+constexpr QSize c_smallSize(60, 40);
+constexpr QSize c_largeSize(64, 64);
+const QString c_loading = u"Loading large image..."_s;
+/// The JPEG plug-in's word for a device that takes no more.
+const QString c_encoderFailed = u"Bogus message code 0"_s;
+const QString c_path = u"/pictures/odd.png"_s;
+
+QStringList ExpectedSignals(Signals sequence)
+{
+    const QString failed = u"Request failed!"_s;
+    const QString noImage = u"Cannot convert reply. Reply is not an image."_s;
+    switch (sequence) {
+    case Signals::Image:
+        return {u"image"_s};
+    case Signals::NotAnImage:
+        return {noImage};
+    case Signals::TwoFailures:
+        return {failed, noImage};
+    case Signals::FailedThenImage:
+        return {failed, u"image"_s};
+    }
+    return {};
+}
+
+} // namespace
+
+/// What the full-screen viewer makes of large renditions that do not come, come damaged, or cannot be saved.
+class tst_FaultMatrixViewer : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        QStandardPaths::setTestModeEnabled(true);
+        QVERIFY(m_home.isValid());
+        qputenv("HOME", m_home.path().toLocal8Bit());
+        qputenv("XDG_CONFIG_HOME", m_home.path().toLocal8Bit());
+        m_server = std::make_unique<ScriptedServer>();
+        m_host = m_server->Server().Host();
+    }
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+        m_messages.reset();
+        m_messages = std::make_unique<VdbMessages>();
+        m_server->Reset();
+        m_emitted.clear();
+        m_buffer.clear();
+        m_viewer = std::make_unique<PictureFullscreenDialog>();
+        auto* downloads = m_viewer->findChild<DownloadManager*>();
+        connect(downloads, &DownloadManager::PictureBinaryDataFinished, this,
+                [this](const QUrl& url, const QByteArray& buffer) {
+                    m_emitted.append(u"image"_s);
+                    m_buffer = buffer;
+                    QCOMPARE(url, m_url);
+                });
+        connect(downloads, &DownloadManager::RequestFailed, this,
+                [this](const QUrl& url, const QString& message) {
+                    m_emitted.append(message);
+                    QCOMPARE(url, m_url);
+                });
+        // The host's own, which nobody may touch.
+        QGuiApplication::setOverrideCursor(Qt::CrossCursor);
+    }
+    void cleanup()
+    {
+        QVERIFY(QGuiApplication::overrideCursor());
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
+        m_viewer.reset();
+        QVERIFY(QGuiApplication::overrideCursor());
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
+        QGuiApplication::restoreOverrideCursor();
+        QVERIFY(!QGuiApplication::overrideCursor());
+        QCOMPARE(m_messages->Take(), QStringList());
+        m_messages.reset();
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+    void cleanupTestCase()
+    {
+        m_server.reset();
+    }
+
+    void LargeRendition_data()
+    {
+        AddFaultRows(korvel::Test::FaultRows());
+    }
+    void LargeRendition()
+    {
+        QFETCH(FaultRow, fault);
+        FaultTarget target;
+        target.request = QRegularExpression(u"^/pictures/odd\\.png$"_s);
+        target.body = korvel::Test::NoisePicture(c_largeSize);
+        target.mediaType = "image/png";
+        fault.make(*m_server, target);
+
+        Show(ScriptedServer::Url(c_path));
+        VerifyOutcome(fault.viewer);
+
+        if (m_emitted.last() == u"image"_s) {
+            QCOMPARE(korvel::Test::ReceivedComplaint(fault.picture, fault, target, m_buffer), QString());
+            QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
+            // What cannot be decoded leaves nothing to be seen.
+            QCOMPARE(ShownSize(), fault.picture == Received::Whole ? c_largeSize : QSize());
+        } else {
+            QCOMPARE(m_viewer->GetStatusLabel()->text(), c_loading);
+            QCOMPARE(ShownSize(), c_smallSize);
+        }
+        if (fault.isError || fault.viewer == Signals::NotAnImage)
+            VerifyMessage(FailureMessage(fault, u"Picture download"_s, m_host + c_path));
+        if (!fault.isRequestSent) {
+            QCOMPARE(m_server->Log().RequestCount(), 0);
+            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
+        }
+    }
+
+    void Address_data()
+    {
+        QTest::addColumn<HostileUrl>("address");
+        const QString file = m_home.filePath(u"odd.png"_s);
+        QList<HostileUrl> addresses = korvel::Test::HostileUrls(m_host, file);
+        addresses.append({"empty", QString(), false});
+        // Unlike small ones, addresses of large renditions are used as the server sent them.
+        addresses.append({"backslashes", u"https:\\/\\/venues.korvel.example\\/pictures\\/odd.png"_s, false});
+        addresses.append({"file with backslashes", u"file:\\/\\/"_s + file, false});
+        for (const HostileUrl& address : std::as_const(addresses))
+            QTest::newRow(address.name.constData()) << address;
+    }
+    void Address()
+    {
+        QFETCH(HostileUrl, address);
+        QFile file(m_home.filePath(u"odd.png"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(EncodedPicture(c_largeSize, Qt::blue));
+        file.close();
+        m_server->Answer(c_path, EncodedPicture(c_largeSize, Qt::blue), "image/png");
+
+        Show(address.url);
+        const bool isText = address.url.startsWith(u"data:"_s);
+        VerifyOutcome(address.isFetched ? Signals::Image
+                          : isText      ? Signals::NotAnImage
+                                        : Signals::TwoFailures);
+
+        QCOMPARE(m_viewer->GetStatusLabel()->text(), address.isFetched ? QString() : c_loading);
+        QCOMPARE(ShownSize(), address.isFetched ? c_largeSize : c_smallSize);
+        QCOMPARE(m_server->Log().RequestCount(), address.isFetched ? 1 : 0);
+        if (!address.isFetched)
+            VerifyMessage(u"^Picture download failed: .* - .+$"_s);
+    }
+
+    void UndecodableRendition_data()
+    {
+        QTest::addColumn<UndecodablePicture>("picture");
+        for (const UndecodablePicture& picture : korvel::Test::UndecodablePictures())
+            QTest::newRow(picture.name.constData()) << picture;
+    }
+    void UndecodableRendition()
+    {
+        QFETCH(UndecodablePicture, picture);
+        const QByteArray bytes = picture.bytes;
+        // Once for the screen, once for the file.
+        Expect(picture.warnings + picture.warnings);
+        m_server->Answer(c_path, bytes, "image/png");
+        Show(ScriptedServer::Url(c_path));
+        VerifyOutcome(Signals::Image);
+        QCOMPARE(m_buffer, bytes);
+        QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
+        QCOMPARE(ShownSize(), QSize());
+
+        SaveDriver user(SavePath());
+        m_viewer->OnSaveImageAs();
+        QCOMPARE(m_viewer->GetStatusLabel()->text(), u"Could not save file. Sorry."_s);
+        QCOMPARE(user.boxes, QStringList());
+        QCOMPARE(user.dialogs, 2);
+        QVERIFY(!QFile::exists(SavePath()));
+    }
+
+    void EmptyRendition()
+    {
+        // Nothing arrived, so the small picture is still the largest at hand.
+        m_server->Answer(c_path, QByteArray(), "image/png");
+        Show(ScriptedServer::Url(c_path));
+        VerifyOutcome(Signals::Image);
+        QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
+        QVERIFY(m_viewer->SaveImage(SavePath()));
+        QCOMPARE(QImageReader(SavePath()).size(), c_smallSize);
+    }
+
+    void OddShape_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<bool>("isSaved");
+        QTest::newRow("1 x 1") << QSize(1, 1) << true;
+        QTest::newRow("1 x 65,000") << QSize(1, 65'000) << true;
+        // JPEG counts the pixels of a side in 16 bits.
+        QTest::newRow("1 x 65,536") << QSize(1, 65'536) << false;
+        QTest::newRow("65,536 x 1") << QSize(65'536, 1) << false;
+        QTest::newRow("1 x 100,000") << QSize(1, 100'000) << false;
+        QTest::newRow("100,000 x 1") << QSize(100'000, 1) << false;
+    }
+    void OddShape()
+    {
+        QFETCH(QSize, size);
+        QFETCH(bool, isSaved);
+        m_server->Answer(c_path, korvel::Test::BlankPng(size), "image/png");
+        Show(ScriptedServer::Url(c_path));
+        VerifyOutcome(Signals::Image);
+        QCOMPARE(ShownSize(), size);
+        for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Minus})
+            QTest::keyClick(m_viewer.get(), key);
+        QVERIFY(!m_viewer->grab().isNull());
+
+        if (isSaved) {
+            QVERIFY(m_viewer->SaveImage(SavePath()));
+            QCOMPARE(QImageReader(SavePath()).size(), size);
+        } else {
+            Expect({u"Maximum supported image dimension is 65500 pixels"_s});
+            VerifyCannotWrite(SavePath(), false);
+            QVERIFY(!QFile::exists(SavePath()));
+        }
+    }
+
+    void SaveTarget_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<bool>("isFull");
+        const QSize large(700, 500);
+        for (const QSize& size : {c_largeSize, large}) {
+            const char* which = size == large ? "large" : "small";
+            // Not even root creates files there.
+            QTest::addRow("read-only folder, %s picture", which) << u"/proc/odd.jpg"_s << size << false;
+            QTest::addRow("missing folder, %s picture", which) << u"missing/odd.jpg"_s << size << false;
+            QTest::addRow("folder that is a file, %s picture", which) << u"file/odd.jpg"_s << size << false;
+            QTest::addRow("full disk, %s picture", which)
+                << u"full-%1.jpg"_s.arg(QLatin1String(which)) << size << true;
+        }
+    }
+    void SaveTarget()
+    {
+        QFETCH(QString, path);
+        QFETCH(QSize, size);
+        QFETCH(bool, isFull);
+        QFile file(m_home.filePath(u"file"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        // Noise: as many bytes as a picture of that size can have.
+        m_server->Answer(c_path, korvel::Test::NoisePicture(size), "image/png");
+        Show(ScriptedServer::Url(c_path));
+        VerifyOutcome(Signals::Image);
+        const QString target = QDir(m_home.path()).absoluteFilePath(path);
+        QVERIFY(!QFile::exists(target));
+        // What does not fit into the buffers fails inside the encoder.
+        if (isFull && size != c_largeSize)
+            Expect({c_encoderFailed});
+        VerifyCannotWrite(target, isFull);
+        QVERIFY(!QFile::exists(target));
+        QVERIFY(m_viewer->SaveImage(SavePath()));
+        QCOMPARE(QImageReader(SavePath()).size(), size);
+    }
+
+    void FullDiskLeavesTheOldFile()
+    {
+        const QString path = SavePath();
+        QFile old(path);
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("old");
+        old.close();
+        m_server->Answer(c_path, korvel::Test::NoisePicture(QSize(700, 500)), "image/png");
+        Show(ScriptedServer::Url(c_path));
+        VerifyOutcome(Signals::Image);
+        Expect({c_encoderFailed});
+        SaveDriver user(path);
+        {
+            const FullDisk fullDisk;
+            QVERIFY(!m_viewer->SaveImage(path));
+        }
+        QCOMPARE(user.boxes, QStringList{u"Cannot write "_s + path});
+        QVERIFY(old.open(QIODevice::ReadOnly));
+        QCOMPARE(old.readAll(), QByteArray("old"));
+    }
+
+    void CaptionIsPlain_data()
+    {
+        QTest::addColumn<QString>("text");
+        for (const auto& [name, text, json] : korvel::Test::HostileTexts())
+            QTest::newRow(name.constData()) << text;
+    }
+    void CaptionIsPlain()
+    {
+        QFETCH(QString, text);
+        m_server->Answer(c_path, EncodedPicture(c_largeSize, Qt::blue), "image/png");
+        Show(ScriptedServer::Url(c_path), text);
+        VerifyOutcome(Signals::Image);
+        const auto* caption = m_viewer->findChild<PictureView*>()->findChild<QLabel*>();
+        QCOMPARE(caption->text(), u"1/1 "_s + text);
+        QCOMPARE(caption->textFormat(), Qt::PlainText);
+        // However long it is, the caption stays in the view.
+        QVERIFY(m_viewer->findChild<PictureView*>()->rect().contains(caption->geometry()));
+        QVERIFY(!m_viewer->grab().isNull());
+    }
+
+private:
+    QString SavePath() const
+    {
+        return m_home.filePath(QString::fromLatin1(QTest::currentDataTag() ? QTest::currentDataTag() : "x")
+                                   .remove(QRegularExpression(u"[^a-z0-9]"_s))
+                               + u".jpg"_s);
+    }
+
+    /// The size of the only picture in the scene; a default one where there is none.
+    QSize ShownSize() const
+    {
+        const QList<QGraphicsItem*> items = m_viewer->findChild<PictureView*>()->scene()->items();
+        const auto* item
+            = items.size() == 1 ? qgraphicsitem_cast<QGraphicsPixmapItem*>(items.first()) : nullptr;
+        return item ? item->pixmap().size() : QSize();
+    }
+
+    /// Opens the viewer on a picture whose large rendition is behind \p url.
+    void Show(const QString& url, const QString& description = u"Hall"_s)
+    {
+        m_url = QUrl(url);
+        Picture picture;
+        picture.SetPictureName(u"hall.view.png"_s);
+        picture.SetAlternativeDescription(description);
+        picture.SetPictureDataSmall(EncodedPicture(c_smallSize, Qt::red));
+        picture.SetPictureUrlLarge(url);
+        QList<Picture> pictures{picture};
+        m_viewer->SetPictures(&pictures);
+        m_viewer->Open();
+        m_viewer->SetPicturesIndex(0);
+        QCOMPARE(m_viewer->GetStatusLabel()->text(), c_loading);
+        QCOMPARE(ShownSize(), c_smallSize);
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+
+    void VerifyOutcome(Signals sequence)
+    {
+        const QStringList expected = ExpectedSignals(sequence);
+        QTRY_COMPARE_WITH_TIMEOUT(m_emitted.size(), expected.size(), 25'000);
+        // Nothing comes after it.
+        QTest::qWait(0);
+        QCOMPARE(m_emitted, expected);
+        QVERIFY(m_viewer->isVisible());
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
+        QVERIFY(m_viewer->findChild<PictureView*>()->findChild<QLabel*>()->text().startsWith(u"1/1 "_s));
+    }
+
+    /// Saving to \p path ends in the box, and the save dialog comes again.
+    void VerifyCannotWrite(const QString& path, bool isFull)
+    {
+        std::optional<FullDisk> fullDisk;
+        SaveDriver user(path);
+        if (isFull) {
+            user.beforeSaving = [&]() { fullDisk.emplace(); };
+            user.afterSaving = [&]() { fullDisk.reset(); };
+        }
+        m_viewer->OnSaveImageAs();
+        QCOMPARE(user.boxes, QStringList{u"Cannot write "_s + path});
+        QCOMPARE(user.dialogs, 2);
+        QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
+    }
+
+    static void Expect(const QStringList& warnings)
+    {
+        for (const QString& warning : warnings)
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+    }
+    void VerifyMessage(const QString& pattern)
+    {
+        const QStringList messages = m_messages->Take();
+        QCOMPARE(messages.size(), 1);
+        QVERIFY2(QRegularExpression(pattern).match(messages.first()).hasMatch(),
+                 qPrintable(messages.first() + u"\nis not like\n"_s + pattern));
+    }
+
+    QTemporaryDir m_home;
+    QString m_host;
+    QUrl m_url;
+    QStringList m_emitted;
+    QByteArray m_buffer;
+    std::unique_ptr<ScriptedServer> m_server;
+    std::unique_ptr<VdbMessages> m_messages;
+    std::unique_ptr<PictureFullscreenDialog> m_viewer;
+};
+
+QTEST_MAIN(tst_FaultMatrixViewer)
+#include "tst_FaultMatrixViewer.moc"

@@ -1,0 +1,72 @@
+#include <ui/PictureFullscreenDialog.h>
+
+#include <tests/support/MessageGuard.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/SaveDriver.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QImageWriter>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+using korvel::Data::VenueDatabase::Picture;
+using korvel::Test::EncodedPicture;
+using korvel::Test::SaveDriver;
+using korvel::Ui::VenueDatabase::PictureFullscreenDialog;
+
+/// A host that ships without Qt's image-format plug-ins.
+class tst_FaultMatrixWithoutJpeg : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+
+    void PictureCannotBeSaved()
+    {
+        QVERIFY(!QImageWriter::supportedImageFormats().contains("jpg"));
+        const QTemporaryDir folder;
+        qputenv("HOME", folder.path().toLocal8Bit());
+        const QString path = folder.filePath(QStringLiteral("hall.jpg"));
+        Picture picture;
+        picture.SetPictureDataLarge(EncodedPicture(QSize(60, 40), Qt::red));
+        QList<Picture> pictures{picture};
+        PictureFullscreenDialog viewer;
+        viewer.SetPictures(&pictures);
+        viewer.Open();
+        viewer.SetPicturesIndex(0);
+
+        const SaveDriver user(path);
+        viewer.OnSaveImageAs();
+        QCOMPARE(user.boxes, QStringList{QStringLiteral("Cannot write ") + path});
+        QCOMPARE(user.dialogs, 2);
+        QCOMPARE(viewer.GetStatusLabel()->text(), QString());
+        // Nothing is left behind, not even an empty file.
+        QVERIFY(!QFile::exists(path));
+    }
+};
+
+int main(int argc, char** argv)
+{
+    // The windows' plug-in is found by its own path, all others by none.
+    qputenv("QT_QPA_PLATFORM_PLUGIN_PATH",
+            QFile::encodeName(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms")));
+    QCoreApplication::setLibraryPaths({});
+    const QApplication application(argc, argv);
+    QCoreApplication::setLibraryPaths({});
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    tst_FaultMatrixWithoutJpeg test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_FaultMatrixWithoutJpeg.moc"

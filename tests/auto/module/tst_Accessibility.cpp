@@ -1,0 +1,423 @@
+#include <data/Picture.h>
+#include <data/Venue.h>
+#include <ui/PictureFullscreenDialog.h>
+#include <ui/PictureNavigationButton.h>
+#include <ui/PictureSlider.h>
+#include <ui/PictureView.h>
+#include <ui/TsFileOpener.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbDialog.h>
+#include <ui/VenueDetailsWidget.h>
+
+#include <tests/support/ConnectorStub.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/PictureFixtures.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+#include <QTextEdit>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Ui::VenueDatabase;
+using korvel::Test::ConnectorStub;
+using korvel::Test::EncodedPicture;
+
+namespace {
+
+QAccessibleInterface* Accessible(QObject* object)
+{
+    return QAccessible::queryAccessibleInterface(object);
+}
+
+/// What a screen reader says: the label of a field where it has one. On some systems the name of a combo box
+/// is its current text, so that only this relation tells what it is for.
+QString NameOf(QObject* object)
+{
+    const auto labels = Accessible(object)->relations(QAccessible::Label);
+    QAccessibleInterface* named = labels.isEmpty() ? Accessible(object) : labels.first().first;
+    return named->text(QAccessible::Name);
+}
+
+QString DescriptionOf(QObject* object)
+{
+    return Accessible(object)->text(QAccessible::Description);
+}
+
+void Press(QObject* object)
+{
+    Accessible(object)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+}
+
+QList<Picture> TwoPictures()
+{
+    QList<Picture> pictures;
+    for (const Qt::GlobalColor color : {Qt::darkCyan, Qt::darkRed}) {
+        const QByteArray data = EncodedPicture(QSize(300, 240), color);
+        Picture picture;
+        picture.SetPictureDataSmall(data);
+        // So that the viewer fetches nothing.
+        picture.SetPictureDataLarge(data);
+        picture.SetAlternativeDescription(QStringLiteral("Stage"));
+        pictures.append(picture);
+    }
+    return pictures;
+}
+
+/// The dialog with one venue found and shown, which has two pictures and a model file.
+struct ShownDialog
+{
+    ShownDialog()
+    {
+        Venue venue;
+        venue.SetId(7);
+        venue.SetComplexName(QStringLiteral("Festspielhaus"));
+        venue.SetCountry(QStringLiteral("Germany"));
+        connector.venues = {venue};
+        connector.onGetPictures = [](qint64) { return TwoPictures(); };
+        connector.onGetFiles = [](qint64) {
+            QString name = QStringLiteral("stage.tessra");
+            TsFile file;
+            file.SetFileName(name);
+            return QList<TsFile>({file});
+        };
+        dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
+        dialog.Open(nullptr);
+        table = dialog.findChild<QTableView*>();
+        details = dialog.findChild<VenueDetailsWidget*>();
+        slider = dialog.findChild<PictureSlider*>();
+        const auto isFound = [this] { return table->model() && table->model()->rowCount() == 1; };
+        if (QTest::qWaitFor(isFound))
+            table->selectRow(0);
+        isShown = QTest::qWaitFor([this] { return details->isVisible() && dialog.isActiveWindow(); });
+    }
+
+    QList<PictureNavigationButton*> SliderButtons() const
+    {
+        return slider->findChildren<PictureNavigationButton*>(Qt::FindDirectChildrenOnly);
+    }
+
+    QPushButton* FullscreenButton() const
+    {
+        for (QPushButton* button : slider->findChildren<QPushButton*>(Qt::FindDirectChildrenOnly)) {
+            if (!qobject_cast<PictureNavigationButton*>(button))
+                return button;
+        }
+        return nullptr;
+    }
+
+    /// The icon is the only label in the panel that takes the focus by Tab.
+    QLabel* FoldIcon() const
+    {
+        for (QLabel* label : details->findChildren<QLabel*>()) {
+            if (label->focusPolicy() == Qt::TabFocus)
+                return label;
+        }
+        return nullptr;
+    }
+
+    ConnectorStub connector;
+    VenueDbDialog dialog{nullptr};
+    QTableView* table = nullptr;
+    VenueDetailsWidget* details = nullptr;
+    PictureSlider* slider = nullptr;
+    bool isShown = false;
+};
+
+QString CaptionOf(const PictureSlider& slider)
+{
+    return slider.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->text();
+}
+
+/// What a user would call the focused widget: its kind and accessible name.
+QString FocusedName()
+{
+    QWidget* widget = QApplication::focusWidget();
+    return widget ? NameOf(widget) : QStringLiteral("nothing");
+}
+
+} // namespace
+
+/// What planners meet who work with the keyboard or a screen reader.
+class tst_Accessibility : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+
+    void EverythingThatTakesTheFocusHasAName()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        int count = 0;
+        for (QWidget* widget : shown.dialog.findChildren<QWidget*>()) {
+            if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
+                continue;
+            ++count;
+            QVERIFY2(!NameOf(widget).isEmpty(), widget->metaObject()->className());
+        }
+        QCOMPARE(count, 27);
+    }
+
+    void WidgetsWithoutATextHaveNames()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        QCOMPARE(NameOf(shown.SliderButtons().value(0)), QStringLiteral("Previous picture"));
+        QCOMPARE(NameOf(shown.SliderButtons().value(1)), QStringLiteral("Next picture"));
+        QCOMPARE(NameOf(shown.FullscreenButton()), QStringLiteral("Show pictures full screen"));
+        QCOMPARE(NameOf(shown.slider), QStringLiteral("Venue pictures"));
+        QCOMPARE(NameOf(shown.table), QStringLiteral("Venues"));
+        QVERIFY(!DescriptionOf(shown.table).isEmpty());
+        auto* view = shown.dialog.findChild<PictureView*>();
+        QCOMPARE(NameOf(view), QStringLiteral("Picture"));
+        QVERIFY(DescriptionOf(view).contains(QStringLiteral("Page Up shows the next picture")));
+        for (QPushButton* button : {shown.SliderButtons().value(0), shown.SliderButtons().value(1)})
+            QCOMPARE(Accessible(button)->role(), QAccessible::Button);
+    }
+
+    void FieldsAreNamedByTheirLabels()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        int count = 0;
+        for (const QLabel* label : shown.dialog.findChildren<QLabel*>()) {
+            if (!label->buddy())
+                continue;
+            ++count;
+            QCOMPARE(NameOf(label->buddy()), label->text());
+        }
+        // Four of the search, thirteen of the details, one of the model files.
+        QCOMPARE(count, 18);
+    }
+
+    void ASliderWithoutAPictureSaysSo()
+    {
+        PictureSlider slider;
+        QList<Picture> pictures;
+        slider.UpdateUi(&pictures);
+        QCOMPARE(DescriptionOf(&slider), QStringLiteral("No Image"));
+        pictures = TwoPictures();
+        slider.UpdateUi(&pictures);
+        QCOMPARE(DescriptionOf(&slider), QString());
+        pictures[0].SetPictureDataSmall("no picture");
+        slider.UpdateUi(&pictures);
+        QCOMPARE(DescriptionOf(&slider), QStringLiteral("Image failure"));
+    }
+
+    void TabLeadsThroughTheDialogAsItIsRead()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        const QStringList order = {QStringLiteral("Complex name:"),
+                                   QStringLiteral("Venue/room name:"),
+                                   QStringLiteral("City:"),
+                                   QStringLiteral("Country:"),
+                                   QStringLiteral("Search"),
+                                   QStringLiteral("Reset"),
+                                   QStringLiteral("Venues"),
+                                   QStringLiteral("Collapse venue details"),
+                                   QStringLiteral("Previous picture"),
+                                   QStringLiteral("Next picture"),
+                                   QStringLiteral("Show pictures full screen"),
+                                   QStringLiteral("ID:"),
+                                   QStringLiteral("Editing date (UTC):"),
+                                   QStringLiteral("Upload date:"),
+                                   QStringLiteral("Complex name:"),
+                                   QStringLiteral("Venue/room name:"),
+                                   QStringLiteral("File selector: "),
+                                   QStringLiteral("Import to Tessra"),
+                                   QStringLiteral("General comment:"),
+                                   QStringLiteral("Address:"),
+                                   QStringLiteral("Location comment:"),
+                                   QStringLiteral("Address:"),
+                                   QStringLiteral("Comment:"),
+                                   QStringLiteral("Clearance of house grid (m):"),
+                                   QStringLiteral("Comment:"),
+                                   QStringLiteral("Close"),
+                                   QStringLiteral("Help")};
+        shown.dialog.findChild<VenueDbCentralWidget*>()->findChild<QLineEdit*>()->setFocus(
+            Qt::TabFocusReason);
+        QStringList found;
+        for (qsizetype i = 0; i < order.size(); ++i) {
+            found.append(FocusedName());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(found, order);
+        // And round.
+        QCOMPARE(FocusedName(), order.first());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+        QCOMPARE(FocusedName(), order.last());
+    }
+
+    void NavigationButtonsWorkWithoutAMouse_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("Space") << true;
+        QTest::newRow("a screen reader's press") << false;
+    }
+    void NavigationButtonsWorkWithoutAMouse()
+    {
+        QFETCH(bool, byKey);
+        for (const int direction : {-1, 1}) {
+            QWidget parent;
+            parent.resize(500, 240);
+            PictureNavigationButton button(direction, &parent);
+            parent.show();
+            QSignalSpy requests(&button, &PictureNavigationButton::PictureNavigationClicked);
+            QSignalSpy clicks(&button, &QPushButton::clicked);
+            if (byKey)
+                QTest::keyClick(&button, Qt::Key_Space);
+            else
+                Press(&button);
+            QTRY_COMPARE(requests.size(), 1);
+            QCOMPARE(requests.first().first().toInt(), direction);
+            QCOMPARE(clicks.size(), 1);
+        }
+    }
+
+    void AMousePressNavigatesOnceAndDoesNotClick()
+    {
+        QWidget parent;
+        parent.resize(500, 240);
+        PictureNavigationButton button(1, &parent);
+        parent.show();
+        QSignalSpy requests(&button, &PictureNavigationButton::PictureNavigationClicked);
+        QSignalSpy clicks(&button, &QPushButton::clicked);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(requests.size(), 1);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    void TheSliderStepsAndOpensWithoutAMouse()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        QCOMPARE(CaptionOf(*shown.slider), QStringLiteral("1/2 Stage"));
+        Press(shown.SliderButtons().value(1));
+        QTRY_COMPARE(CaptionOf(*shown.slider), QStringLiteral("2/2 Stage"));
+        QTest::keyClick(shown.SliderButtons().value(0), Qt::Key_Space);
+        QCOMPARE(CaptionOf(*shown.slider), QStringLiteral("1/2 Stage"));
+
+        auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
+        Press(shown.FullscreenButton());
+        QTRY_VERIFY(viewer->isVisible());
+        // Tab leads from the picture to its buttons, which the mouse leaves without the focus.
+        QCOMPARE(FocusedName(), QStringLiteral("Picture"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(FocusedName(), QStringLiteral("Previous picture"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(FocusedName(), QStringLiteral("Next picture"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        const auto* view = viewer->findChild<PictureView*>();
+        QTRY_COMPARE(view->findChild<QLabel*>()->text(), QStringLiteral("2/2 Stage"));
+        // The viewer's own keys go on working there.
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
+        QCOMPARE(view->findChild<QLabel*>()->text(), QStringLiteral("1/2 Stage"));
+        viewer->hide();
+    }
+
+    void TheFoldIconIsAButtonForKeyboardAndScreenReader()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        QLabel* icon = shown.FoldIcon();
+        QVERIFY(icon);
+        const auto* body = shown.details->findChild<QScrollArea*>();
+        QCOMPARE(Accessible(icon)->role(), QAccessible::Button);
+        QVERIFY(Accessible(icon)->actionInterface()->actionNames().contains(
+            QAccessibleActionInterface::pressAction()));
+        QVERIFY(Accessible(icon)->state().expandable);
+        QVERIFY(Accessible(icon)->state().expanded);
+        QCOMPARE(NameOf(icon), QStringLiteral("Collapse venue details"));
+
+        Press(icon);
+        QVERIFY(!body->isVisible());
+        QVERIFY(Accessible(icon)->state().collapsed);
+        QVERIFY(!Accessible(icon)->state().expanded);
+        QCOMPARE(NameOf(icon), QStringLiteral("Expand venue details"));
+        QTest::keyClick(icon, Qt::Key_Space);
+        QVERIFY(body->isVisible());
+        QTest::keyClick(icon, Qt::Key_Return);
+        QVERIFY(!body->isVisible());
+        QTest::mouseClick(icon, Qt::LeftButton);
+        QVERIFY(body->isVisible());
+        // Whatever else is done to it folds nothing.
+        QTest::keyClick(icon, Qt::Key_F);
+        Accessible(icon)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+        QVERIFY(body->isVisible());
+    }
+
+    void ADisabledFoldIconCannotBePressed()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        shown.details->setEnabled(false);
+        QLabel* icon = shown.FoldIcon();
+        QVERIFY(!Accessible(icon)->actionInterface()->actionNames().contains(
+            QAccessibleActionInterface::pressAction()));
+        Press(icon);
+        QVERIFY(shown.details->findChild<QScrollArea*>()->isVisible());
+    }
+
+    void FocusShowsWhenItCameByKeyboardOnly_data()
+    {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<bool>("dayMode");
+        for (const bool dayMode : {false, true}) {
+            for (const char* target : {"navigation button", "full-screen button", "fold icon"}) {
+                QTest::addRow("%s, %s", target, dayMode ? "day" : "night")
+                    << QString::fromLatin1(target) << dayMode;
+            }
+        }
+    }
+    void FocusShowsWhenItCameByKeyboardOnly()
+    {
+        QFETCH(QString, target);
+        QFETCH(bool, dayMode);
+        ShownDialog shown;
+        QVERIFY(shown.isShown);
+        shown.dialog.SetDayMode(dayMode);
+        QWidget* widget = shown.FoldIcon();
+        QWidget* shownIn = widget;
+        if (target == QLatin1String("navigation button")) {
+            widget = shown.SliderButtons().value(0);
+            shownIn = shown.slider;
+        } else if (target == QLatin1String("full-screen button")) {
+            widget = shown.FullscreenButton();
+            shownIn = shown.slider;
+        }
+        // Not over the buttons, which would light up.
+        shown.table->setFocus(Qt::MouseFocusReason);
+        const QImage before = shownIn->grab().toImage();
+        widget->setFocus(Qt::MouseFocusReason);
+        QCOMPARE(shownIn->grab().toImage(), before);
+        shown.table->setFocus(Qt::MouseFocusReason);
+        widget->setFocus(Qt::TabFocusReason);
+        QVERIFY(widget->hasFocus());
+        QVERIFY(shownIn->grab().toImage() != before);
+        shown.table->setFocus(Qt::TabFocusReason);
+        QCOMPARE(shownIn->grab().toImage(), before);
+    }
+};
+
+QTEST_MAIN(tst_Accessibility)
+
+#include "tst_Accessibility.moc"

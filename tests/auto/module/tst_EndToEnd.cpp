@@ -1,0 +1,424 @@
+#include <data/ConnectorJsonRest.h>
+#include <ui/TsFileOpener.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbDialog.h>
+#include <ui/VenueDbSignalHandler.h>
+#include <ui/VenueDetailsWidget.h>
+
+#include <server/VenueServer.h>
+#include <server/catalogue/CatalogueGenerator.h>
+
+#include <tests/support/MessageGuard.h>
+#include <tests/support/ModalDriver.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QBuffer>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QNetworkReply>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+
+#include <memory>
+
+using namespace korvel::Ui::VenueDatabase;
+using korvel::Demo::CatalogueGenerator;
+using korvel::Demo::Fault;
+using korvel::Demo::VenueCatalogue;
+using korvel::Demo::VenueServer;
+using korvel::Test::ModalDriver;
+
+namespace {
+
+/// Far less than the 30 s that a query may wait: what ends within it was ended, not waited out.
+constexpr int c_promptly = 5000;
+
+QByteArray SmallPicture(const korvel::Demo::VenueRecord& /*venue*/,
+                        const korvel::Demo::PictureRecord& /*picture*/, QSize /*size*/)
+{
+    QImage image(60, 40, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+VenueServer::Options ServerOptions()
+{
+    VenueServer::Options options;
+    options.pictureSource = SmallPicture;
+    return options;
+}
+
+} // namespace
+
+/// The whole module against a real server: over TLS, through the proxy, under the built-in host name.
+class tst_EndToEnd : public QObject
+{
+    Q_OBJECT
+
+private:
+    VenueServer m_server{ServerOptions()};
+    VenueCatalogue m_catalogue;
+    std::unique_ptr<korvel::Demo::ApplicationNetworkGuard> m_network;
+    QPointer<VenueDbDialog> m_dialog;
+
+    QTableView* Table() const
+    {
+        return m_dialog->findChild<QTableView*>();
+    }
+    VenueDetailsWidget* Details() const
+    {
+        return m_dialog->findChild<VenueDetailsWidget*>();
+    }
+    VenueDbCentralWidget* Panel() const
+    {
+        return m_dialog->findChild<VenueDbCentralWidget*>();
+    }
+    int Rows() const
+    {
+        return Table()->model() ? Table()->model()->rowCount() : -1;
+    }
+    qint64 IdOfRow(int row) const
+    {
+        return Table()->model()->index(row, 0).data().toLongLong();
+    }
+
+    QPushButton* Button(const QString& text) const
+    {
+        for (QPushButton* button : m_dialog->findChildren<QPushButton*>()) {
+            if (button->text() == text)
+                return button;
+        }
+        return nullptr;
+    }
+
+    void ClickRow(int row) const
+    {
+        QTest::mouseClick(Table()->viewport(), Qt::LeftButton, {},
+                          Table()->visualRect(Table()->model()->index(row, 1)).center());
+    }
+
+    void OpenAndWait()
+    {
+        m_dialog->Open(nullptr);
+        QTRY_COMPARE(Rows(), int(m_catalogue.Venues().size()));
+    }
+
+    /// Clicks the error box's button \p button once it opens.
+    static std::unique_ptr<ModalDriver<QMessageBox>> AnswerErrorBox(QMessageBox::StandardButton button)
+    {
+        return std::make_unique<ModalDriver<QMessageBox>>(
+            [button](QMessageBox* box) { QTest::mouseClick(box->button(button), Qt::LeftButton); });
+    }
+
+    /// Runs \p action as soon as the server has received a request whose target contains \p text.
+    void OnRequest(const QString& text, std::function<void()> action)
+    {
+        auto* poll = new QTimer(this);
+        connect(poll, &QTimer::timeout, this, [this, poll, text, action]() {
+            if (m_server.Log().RequestCount(text) == 0)
+                return;
+            poll->deleteLater();
+            poll->stop();
+            action();
+        });
+        poll->start(2);
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_catalogue = CatalogueGenerator({.venueCount = 25, .picturesPerVenue = 3, .modelFilesPerVenue = 2})
+                          .Catalogue();
+        m_server.SetCatalogue(m_catalogue);
+        QVERIFY2(m_server.Start(), qPrintable(m_server.ErrorText()));
+        m_network = m_server.InstallInApplication();
+    }
+
+    void cleanupTestCase()
+    {
+        m_network.reset();
+    }
+
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+        m_server.ClearFaults();
+        m_server.Log().Clear();
+        m_dialog = new VenueDbDialog;
+        QVERIFY(m_dialog->ConnectVdb(QStringLiteral("JSONREST")));
+    }
+
+    void cleanup()
+    {
+        delete m_dialog;
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+        QVERIFY(!QApplication::overrideCursor());
+        if (!m_server.IsRunning())
+            QVERIFY(m_server.Start());
+    }
+
+    void NothingIsSentBeforeOpen()
+    {
+        QTest::qWait(0);
+        QCOMPARE(m_server.Log().ConnectCount(), 0);
+    }
+
+    void OpenListsAllVenuesAndTheirCountries()
+    {
+        OpenAndWait();
+        QCOMPARE(m_server.Log().RequestCount(), 2);
+        // The reverse of the server's order.
+        QCOMPARE(IdOfRow(0), m_catalogue.Venues().last().entityId);
+        QCOMPARE(IdOfRow(Rows() - 1), m_catalogue.Venues().first().entityId);
+        QSet<QString> codes;
+        for (const auto& venue : m_catalogue.Venues())
+            codes.insert(venue.countryCode);
+        QCOMPARE(Panel()->findChild<QComboBox*>()->count(), codes.size() + 1);
+        QCOMPARE(m_server.Log().TlsConnectionCount(), 1);
+    }
+
+    void FilteredSearchFindsWhatContainsTheText()
+    {
+        OpenAndWait();
+        const QString city = m_catalogue.Venues().at(3).locality;
+        qsizetype expected = 0;
+        for (const auto& venue : m_catalogue.Venues())
+            expected += venue.locality.contains(city, Qt::CaseInsensitive) ? 1 : 0;
+        auto* field = Panel()->findChildren<QLineEdit*>().at(2);
+        field->setFocus();
+        QTest::keyClicks(field, city.toUpper());
+        QTest::keyClick(field, Qt::Key_Return);
+        QCOMPARE(Rows(), int(expected));
+        for (int row = 0; row < Rows(); ++row)
+            QVERIFY(Table()->model()->index(row, 3).data().toString().contains(city, Qt::CaseInsensitive));
+    }
+
+    void SelectedVenueShowsDetailsPicturesAndFiles()
+    {
+        OpenAndWait();
+        ClickRow(4);
+        const qint64 id = IdOfRow(4);
+        QVERIFY(Details()->isVisible());
+        // Both lists, then every picture and file at once.
+        QCOMPARE(m_server.Log().RequestCount(QStringLiteral("filter[entity_id]=%1").arg(id)), 2);
+        QCOMPARE(m_server.Log().RequestCount(), 2 + 2 + 3 + 2);
+        const auto labels = Details()->findChildren<QLabel*>();
+        QVERIFY(std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
+            return label->text().startsWith(QStringLiteral("1/3 "));
+        }));
+        const auto record = std::find_if(m_catalogue.Venues().cbegin(), m_catalogue.Venues().cend(),
+                                         [id](const auto& venue) { return venue.entityId == id; });
+        auto* opener = Details()->findChild<TsFileOpener*>();
+        QCOMPARE(opener->findChild<QComboBox*>()->count(), 2);
+        QCOMPARE(opener->findChild<QComboBox*>()->itemText(0), record->modelFiles.first().name);
+        const auto edits = Details()->findChildren<QTextEdit*>();
+        QVERIFY(std::any_of(edits.cbegin(), edits.cend(), [&record](const QTextEdit* edit) {
+            return edit->toPlainText() == record->riggingSpecialties;
+        }));
+    }
+
+    void ImportHandsTheFileToTheHost()
+    {
+        OpenAndWait();
+        ClickRow(0);
+        QSignalSpy requests(VenueDbSignalHandler::GetInstance(),
+                            &VenueDbSignalHandler::ImportVenueFromTempFileRequest);
+        auto* opener = Details()->findChild<TsFileOpener*>();
+        QTest::mouseClick(Button(QStringLiteral("Import to Tessra")), Qt::LeftButton);
+        QCOMPARE(requests.count(), 1);
+        QFile file(requests.first().first().toString());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), m_catalogue.Venues().last().modelFiles.first().content);
+        QVERIFY(!opener->isEnabled());
+        m_dialog->SetVenueLoaded(false);
+        QVERIFY(!opener->isEnabled());
+        m_dialog->SetVenueLoaded(true);
+        QVERIFY(opener->isEnabled());
+    }
+
+    void ReopeningAsksOnlyAfterAFailure()
+    {
+        OpenAndWait();
+        m_dialog->hide();
+        m_dialog->Open(nullptr);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_server.Log().RequestCount(), 2);
+        QCOMPARE(Rows(), int(m_catalogue.Venues().size()));
+    }
+
+    void RetryWorksWhenTheServerIsBack()
+    {
+        m_server.Stop();
+        const ModalDriver<QMessageBox> driver([this](QMessageBox* box) {
+            QCOMPARE(box->text(),
+                     QStringLiteral("Unable to connect to server. \nPlease check your internet connection."));
+            QVERIFY(m_server.Start());
+            QTest::mouseClick(box->button(QMessageBox::Retry), Qt::LeftButton);
+        });
+        m_dialog->Open(nullptr);
+        QTRY_COMPARE(Rows(), int(m_catalogue.Venues().size()));
+        QCOMPARE(driver.Count(), 1);
+        QVERIFY(m_dialog->isVisible());
+    }
+
+    void FailingServerLeadsToTheErrorBox_data()
+    {
+        QTest::addColumn<Fault>("fault");
+        const QString venues = QStringLiteral("/api/venue");
+        QTest::newRow("error status, right media type") << Fault::On(venues).WithStatus(500);
+        QTest::newRow("media type with charset")
+            << Fault::On(venues).WithMediaType("application/vnd.api+json; charset=utf-8");
+        QTest::newRow("cut body") << Fault::On(venues).WithCutAfter(100);
+        QTest::newRow("country refresh fails") << Fault::On(venues).Skip(1).WithStatus(503);
+    }
+    void FailingServerLeadsToTheErrorBox()
+    {
+        QFETCH(Fault, fault);
+        m_server.AddFault(fault);
+        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        m_dialog->Open(nullptr);
+        QTRY_VERIFY(m_dialog->isHidden());
+        QCOMPARE(driver->Count(), 1);
+    }
+
+    // --- what may happen at any moment of a wait
+    // ------------------------------------------------------------
+
+    void SearchEndsWhenTheHostInterferes_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("survives");
+        QTest::newRow("disconnect") << QStringLiteral("disconnect") << true;
+        QTest::newRow("connect anew") << QStringLiteral("connect") << true;
+        QTest::newRow("delete") << QStringLiteral("delete") << false;
+        QTest::newRow("delete later") << QStringLiteral("deleteLater") << false;
+    }
+    void SearchEndsWhenTheHostInterferes()
+    {
+        QFETCH(QString, action);
+        QFETCH(bool, survives);
+        m_server.AddFault(Fault::On(QStringLiteral("/api/venue")).WithoutAnswer());
+        OnRequest(QStringLiteral("/api/venue"), [this, action]() { Interfere(action); });
+        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        m_dialog->Open(nullptr);
+        if (survives)
+            QTRY_VERIFY_WITH_TIMEOUT(m_dialog->isHidden(), c_promptly);
+        else
+            QTRY_VERIFY_WITH_TIMEOUT(!m_dialog, c_promptly);
+        QCOMPARE(driver->Count(), survives ? 1 : 0);
+    }
+
+    void DetailsEndWhenTheHostInterferes_data()
+    {
+        QTest::addColumn<QString>("request");
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("survives");
+        for (const char* request : {"from_the_auditorium", "-small.", "tessra.file", "/files/models"}) {
+            for (const char* action : {"disconnect", "connect", "deleteLater", "open", "hide"}) {
+                QTest::addRow("%s during %s", action, request)
+                    << QString::fromLatin1(request) << QString::fromLatin1(action)
+                    << (qstrcmp(action, "deleteLater") != 0);
+            }
+        }
+    }
+    void DetailsEndWhenTheHostInterferes()
+    {
+        QFETCH(QString, request);
+        QFETCH(QString, action);
+        QFETCH(bool, survives);
+        OpenAndWait();
+        const bool endsTheWait = action == QStringLiteral("disconnect") || action == QStringLiteral("connect")
+            || action == QStringLiteral("deleteLater");
+        // What does not end the wait itself is answered a little later.
+        if (endsTheWait)
+            m_server.AddFault(Fault::On(request).WithoutAnswer());
+        else
+            m_server.AddFault(Fault::On(request).WithDelay(200));
+        OnRequest(request, [this, action]() { Interfere(action); });
+        QElapsedTimer elapsed;
+        elapsed.start();
+        ClickRow(2);
+        QVERIFY(elapsed.elapsed() < c_promptly);
+        if (survives) {
+            QVERIFY(!Panel()->IsLoadingDetails());
+            QVERIFY(Details()->isEnabled());
+        } else {
+            QTRY_VERIFY_WITH_TIMEOUT(!m_dialog, c_promptly);
+        }
+    }
+
+    void QuittingEndsEveryWait_data()
+    {
+        QTest::addColumn<QString>("request");
+        QTest::newRow("search") << QStringLiteral("include=editor");
+        QTest::newRow("picture list") << QStringLiteral("from_the_auditorium");
+        QTest::newRow("picture bytes") << QStringLiteral("-small.");
+        QTest::newRow("model-file list") << QStringLiteral("tessra.file");
+        QTest::newRow("model-file bytes") << QStringLiteral("/files/models");
+    }
+    void QuittingEndsEveryWait()
+    {
+        QFETCH(QString, request);
+        const bool isSearch = request == QStringLiteral("include=editor");
+        if (!isSearch)
+            OpenAndWait();
+        m_server.Log().Clear();
+        m_server.AddFault(Fault::On(request).WithoutAnswer());
+        OnRequest(request, []() { QCoreApplication::quit(); });
+        QTimer::singleShot(0, m_dialog, [this, isSearch]() {
+            if (isSearch)
+                m_dialog->Open(nullptr);
+            else
+                ClickRow(2);
+        });
+        QTimer::singleShot(c_promptly, m_dialog, []() { QCoreApplication::exit(99); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+    }
+
+    void RepliesAreReleased()
+    {
+        korvel::Data::VenueDatabase::ConnectorJsonRest connector(nullptr);
+        QList<korvel::Data::VenueDatabase::Venue> venues;
+        QCOMPARE(connector.FindVenueEntries({}, venues), korvel::Data::VenueDatabase::Ok);
+        QCOMPARE(connector.GetPictureEntries(1).size(), 3);
+        QCOMPARE(connector.GetTSFileEntries(1).size(), 2);
+        QTRY_VERIFY(connector.findChildren<QNetworkReply*>().isEmpty());
+    }
+
+private:
+    void Interfere(const QString& action)
+    {
+        if (action == QStringLiteral("disconnect"))
+            m_dialog->DisconnectVdb();
+        else if (action == QStringLiteral("connect"))
+            m_dialog->ConnectVdb(QStringLiteral("JSONREST"));
+        else if (action == QStringLiteral("delete"))
+            delete m_dialog;
+        else if (action == QStringLiteral("deleteLater"))
+            m_dialog->deleteLater();
+        else if (action == QStringLiteral("open"))
+            m_dialog->Open(nullptr);
+        else if (action == QStringLiteral("hide"))
+            m_dialog->hide();
+        else
+            QFAIL("unknown action");
+    }
+};
+
+QTEST_MAIN(tst_EndToEnd)
+#include "tst_EndToEnd.moc"

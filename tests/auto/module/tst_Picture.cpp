@@ -1,0 +1,218 @@
+#include <data/Picture.h>
+
+#include <tests/support/MessageGuard.h>
+
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+using korvel::Data::VenueDatabase::Picture;
+
+namespace {
+
+using TextGetter = QString (Picture::*)() const;
+using TextSetter = void (Picture::*)(const QString&);
+using BytesGetter = QByteArray (Picture::*)() const;
+using BytesSetter = void (Picture::*)(const QByteArray&);
+
+Picture FilledPicture()
+{
+    Picture picture;
+    picture.SetId(7);
+    picture.SetPictureName(u"name"_s);
+    picture.SetPictureUrl(u"url"_s);
+    picture.SetPictureUrlSmall(u"small url"_s);
+    picture.SetPictureUrlMedium(u"medium url"_s);
+    picture.SetPictureUrlLarge(u"large url"_s);
+    picture.SetPictureDataSmall("small");
+    picture.SetPictureDataMedium("medium");
+    picture.SetPictureDataLarge("large");
+    picture.SetAlternativeDescription(u"alt"_s);
+    picture.SetUploadDate(u"2024-03-01"_s);
+    return picture;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(TextGetter)
+Q_DECLARE_METATYPE(TextSetter)
+Q_DECLARE_METATYPE(BytesGetter)
+Q_DECLARE_METATYPE(BytesSetter)
+
+class tst_Picture : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+
+    void DefaultPictureHasNoIdAndFiveColumns()
+    {
+        const Picture picture;
+        QCOMPARE(picture.GetId(), -1);
+        QCOMPARE(picture.Size(), 5);
+        QCOMPARE(picture.GetLargestPictureData(), QByteArray());
+        QCOMPARE(picture.GetSmallestPictureData(), QByteArray());
+    }
+
+    void TextIsKeptAndTouchesNoOther_data()
+    {
+        QTest::addColumn<TextGetter>("getter");
+        QTest::addColumn<TextSetter>("setter");
+        for (const TextField& field : c_textFields)
+            QTest::newRow(field.name) << field.getter << field.setter;
+    }
+    void TextIsKeptAndTouchesNoOther()
+    {
+        QFETCH(TextGetter, getter);
+        QFETCH(TextSetter, setter);
+        Picture picture;
+        QCOMPARE((picture.*getter)(), QString());
+        (picture.*setter)(u"<i>\u0416</i>"_s);
+        QCOMPARE((picture.*getter)(), u"<i>\u0416</i>"_s);
+        for (const TextField& other : c_textFields) {
+            if (other.getter != getter)
+                QCOMPARE((picture.*other.getter)(), QString());
+        }
+    }
+
+    void BytesAreKeptAndTouchNoOther_data()
+    {
+        QTest::addColumn<BytesGetter>("getter");
+        QTest::addColumn<BytesSetter>("setter");
+        for (const BytesField& field : c_bytesFields)
+            QTest::newRow(field.name) << field.getter << field.setter;
+    }
+    void BytesAreKeptAndTouchNoOther()
+    {
+        QFETCH(BytesGetter, getter);
+        QFETCH(BytesSetter, setter);
+        const QByteArray bytes("\xff\0\xd8", 3);
+        Picture picture;
+        QCOMPARE((picture.*getter)(), QByteArray());
+        (picture.*setter)(bytes);
+        QCOMPARE((picture.*getter)(), bytes);
+        for (const BytesField& other : c_bytesFields) {
+            if (other.getter != getter)
+                QCOMPARE((picture.*other.getter)(), QByteArray());
+        }
+    }
+
+    void BestDataAtHand_data()
+    {
+        QTest::addColumn<QByteArray>("small");
+        QTest::addColumn<QByteArray>("medium");
+        QTest::addColumn<QByteArray>("large");
+        QTest::addColumn<QByteArray>("largest");
+        QTest::addColumn<QByteArray>("smallest");
+        const QByteArray none;
+        const QByteArray s("s");
+        const QByteArray m("m");
+        const QByteArray l("l");
+        QTest::newRow("none") << none << none << none << none << none;
+        QTest::newRow("small") << s << none << none << s << s;
+        QTest::newRow("medium") << none << m << none << m << m;
+        QTest::newRow("large") << none << none << l << l << l;
+        QTest::newRow("small and medium") << s << m << none << m << s;
+        QTest::newRow("small and large") << s << none << l << l << s;
+        QTest::newRow("medium and large") << none << m << l << l << m;
+        QTest::newRow("all") << s << m << l << l << s;
+    }
+    void BestDataAtHand()
+    {
+        QFETCH(QByteArray, small);
+        QFETCH(QByteArray, medium);
+        QFETCH(QByteArray, large);
+        QFETCH(QByteArray, largest);
+        QFETCH(QByteArray, smallest);
+        Picture picture;
+        picture.SetPictureDataSmall(small);
+        picture.SetPictureDataMedium(medium);
+        picture.SetPictureDataLarge(large);
+        QCOMPARE(picture.GetLargestPictureData(), largest);
+        QCOMPARE(picture.GetSmallestPictureData(), smallest);
+    }
+
+    void ColumnHoldsItsValue_data()
+    {
+        QTest::addColumn<qint64>("index");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("0: id") << 0LL << QVariant(qint64(7)) << u"ID"_s;
+        QTest::newRow("1: name") << 1LL << QVariant(u"name"_s) << u"PictureName"_s;
+        QTest::newRow("2: small data, although there is larger")
+            << 2LL << QVariant(QByteArray("small")) << u"PictureData"_s;
+        QTest::newRow("3: alternative description")
+            << 3LL << QVariant(u"alt"_s) << u"AlternativeDescription"_s;
+        QTest::newRow("4: upload date as text") << 4LL << QVariant(u"2024-03-01"_s) << u"UploadDate"_s;
+        QTest::newRow("5: none") << 5LL << QVariant() << QString();
+        QTest::newRow("-1: none") << -1LL << QVariant() << QString();
+        QTest::newRow("no 32 bit number: none") << (1LL << 32) << QVariant() << QString();
+    }
+    void ColumnHoldsItsValue()
+    {
+        QFETCH(qint64, index);
+        QFETCH(QVariant, value);
+        QFETCH(QString, label);
+        const QVariant found = FilledPicture().GetDataAt(index);
+        QCOMPARE(found.metaType(), value.metaType());
+        QCOMPARE(found, value);
+        QCOMPARE(Picture::GetLabelAt(index), label);
+    }
+
+    void CopyKeepsEverythingAndIsIndependent()
+    {
+        Picture source = FilledPicture();
+        const Picture copy(source);
+        Picture assigned;
+        assigned = source;
+        source.SetId(8);
+        for (const TextField& field : c_textFields)
+            (source.*field.setter)(u"changed"_s);
+        for (const BytesField& field : c_bytesFields)
+            (source.*field.setter)("changed");
+
+        const Picture expected = FilledPicture();
+        for (const Picture& picture : {copy, assigned}) {
+            QCOMPARE(picture.GetId(), 7);
+            QCOMPARE(picture.Size(), 5);
+            for (const TextField& field : c_textFields)
+                QCOMPARE((picture.*field.getter)(), (expected.*field.getter)());
+            for (const BytesField& field : c_bytesFields)
+                QCOMPARE((picture.*field.getter)(), (expected.*field.getter)());
+        }
+    }
+
+private:
+    struct TextField
+    {
+        const char* name;
+        TextGetter getter;
+        TextSetter setter;
+    };
+    static constexpr TextField c_textFields[] = {
+        {"name", &Picture::GetPictureName, &Picture::SetPictureName},
+        {"url", &Picture::GetPictureUrl, &Picture::SetPictureUrl},
+        {"small url", &Picture::GetPictureUrlSmall, &Picture::SetPictureUrlSmall},
+        {"medium url", &Picture::GetPictureUrlMedium, &Picture::SetPictureUrlMedium},
+        {"large url", &Picture::GetPictureUrlLarge, &Picture::SetPictureUrlLarge},
+        {"alternative description", &Picture::GetAlternativeDescription, &Picture::SetAlternativeDescription},
+        {"upload date", &Picture::GetUploadDate, &Picture::SetUploadDate},
+    };
+    struct BytesField
+    {
+        const char* name;
+        BytesGetter getter;
+        BytesSetter setter;
+    };
+    static constexpr BytesField c_bytesFields[] = {
+        {"small data", &Picture::GetPictureDataSmall, &Picture::SetPictureDataSmall},
+        {"medium data", &Picture::GetPictureDataMedium, &Picture::SetPictureDataMedium},
+        {"large data", &Picture::GetPictureDataLarge, &Picture::SetPictureDataLarge},
+    };
+};
+
+QTEST_GUILESS_MAIN(tst_Picture)
+#include "tst_Picture.moc"

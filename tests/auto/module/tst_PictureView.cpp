@@ -1,0 +1,362 @@
+#include <ui/PictureView.h>
+
+#include <tests/support/MessageGuard.h>
+#include <tests/support/PictureFixtures.h>
+
+#include <QGraphicsScene>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <memory>
+
+using korvel::Ui::VenueDatabase::PictureView;
+
+namespace {
+
+constexpr QSize c_viewportSize(1000, 700);
+
+/// A shown view with a viewport of c_viewportSize and a picture of the given size.
+struct ShownView
+{
+    explicit ShownView(const QSizeF& pictureSize)
+    {
+        view.setScene(&scene);
+        if (!pictureSize.isEmpty())
+            scene.setSceneRect(QRectF(QPointF(0, 0), pictureSize));
+        view.resize(c_viewportSize);
+        view.show();
+        view.resize(c_viewportSize + view.size() - view.viewport()->size());
+        view.FitPictureInView();
+    }
+
+    double Scale() const
+    {
+        return view.transform().m11();
+    }
+
+    QGraphicsScene scene;
+    PictureView view;
+};
+
+/// A widget that notes the keys and mouse moves that reach it.
+class NotingWidget : public QWidget
+{
+public:
+    QList<int> keys;
+    int mouseMoves = 0;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        keys.append(event->key());
+    }
+    void mouseMoveEvent(QMouseEvent* /*event*/) override
+    {
+        ++mouseMoves;
+    }
+};
+
+void TurnWheel(PictureView& view, const QPoint& angleDelta, Qt::KeyboardModifiers modifiers)
+{
+    const QPointF center(view.viewport()->rect().center());
+    QWheelEvent event(center, view.viewport()->mapToGlobal(center), QPoint(), angleDelta, Qt::NoButton,
+                      modifiers, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(view.viewport(), &event);
+}
+
+void MoveMouse(QWidget* widget, const QPoint& position, Qt::MouseButtons buttons)
+{
+    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, buttons,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+/// The scale at which a picture is fitted: Qt leaves a margin of two pixels on every side.
+double FittedScale(const QSize& united)
+{
+    return std::min(996.0 / united.width(), 696.0 / united.height());
+}
+
+} // namespace
+
+class tst_PictureView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+
+    void IsSetUpForPanningAndZooming()
+    {
+        const PictureView view;
+        QCOMPARE(view.cacheMode(), QGraphicsView::CacheMode(QGraphicsView::CacheBackground));
+        QCOMPARE(view.viewportUpdateMode(), QGraphicsView::BoundingRectViewportUpdate);
+        QVERIFY(view.renderHints().testFlag(QPainter::Antialiasing));
+        QVERIFY(view.renderHints().testFlag(QPainter::SmoothPixmapTransform));
+        QCOMPARE(view.transformationAnchor(), QGraphicsView::AnchorUnderMouse);
+        QCOMPARE(view.horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+        QCOMPARE(view.verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+        QCOMPARE(view.dragMode(), QGraphicsView::ScrollHandDrag);
+        QVERIFY(view.testAttribute(Qt::WA_MouseTracking));
+    }
+
+    void BackgroundTellsTheTheme()
+    {
+        ShownView shown(QSizeF(10, 10));
+        const QPoint corner(5, 5);
+        const auto background = [&] { return shown.view.viewport()->grab().toImage().pixelColor(corner); };
+        QCOMPARE(background(), QColor(49, 49, 49));
+        shown.view.SetDayMode(true);
+        QCOMPARE(background(), QColor(255, 255, 255));
+        shown.view.SetDayMode(false);
+        QCOMPARE(background(), QColor(49, 49, 49));
+    }
+
+    void FittingNeverEnlarges_data()
+    {
+        QTest::addColumn<QSizeF>("picture");
+        QTest::addColumn<double>("scale");
+        QTest::newRow("smaller: natural size") << QSizeF(400, 300) << 1.0;
+        QTest::newRow("one pixel") << QSizeF(1, 1) << 1.0;
+        QTest::newRow("exactly the viewport") << QSizeF(1000, 700) << 1.0;
+        QTest::newRow("no picture") << QSizeF() << 1.0;
+        QTest::newRow("wider") << QSizeF(2000, 100) << FittedScale(QSize(2000, 700));
+        QTest::newRow("higher") << QSizeF(100, 2800) << FittedScale(QSize(1000, 2800));
+        QTest::newRow("larger") << QSizeF(3000, 2000) << FittedScale(QSize(3000, 2000));
+        QTest::newRow("one pixel too wide") << QSizeF(1001, 10) << FittedScale(QSize(1001, 700));
+    }
+    void FittingNeverEnlarges()
+    {
+        QFETCH(QSizeF, picture);
+        QFETCH(double, scale);
+        ShownView shown(picture);
+        QCOMPARE(shown.view.viewport()->size(), c_viewportSize);
+        QCOMPARE(shown.Scale(), scale);
+        QCOMPARE(shown.view.transform().m22(), scale);
+
+        // Again from any zoom.
+        shown.view.scale(3.0, 3.0);
+        shown.view.FitPictureInView();
+        QCOMPARE(shown.Scale(), scale);
+    }
+
+    void FittedPictureStandsInTheMiddle()
+    {
+        ShownView shown(QSizeF(400, 300));
+        QCOMPARE(shown.view.mapFromScene(QPointF(0, 0)), QPoint(300, 200));
+        QCOMPARE(shown.view.mapFromScene(QPointF(400, 300)), QPoint(700, 500));
+    }
+
+    void ZoomingInStopsAtFiveTimesTheNaturalSize_data()
+    {
+        QTest::addColumn<QSizeF>("picture");
+        QTest::addColumn<double>("startScale");
+        QTest::addColumn<double>("factor");
+        QTest::addColumn<double>("scale");
+        const QSizeF small(400, 300);
+        QTest::newRow("a step") << small << 1.0 << 1.2 << 1.2;
+        QTest::newRow("exactly to the limit") << small << 1.0 << 5.0 << 5.0;
+        QTest::newRow("beyond the limit") << small << 1.0 << 5.01 << 1.0;
+        QTest::newRow("below the limit") << small << 4.0 << 1.2 << 4.8;
+        QTest::newRow("a step too far") << small << 4.2 << 1.2 << 4.2;
+        QTest::newRow("the larger side counts") << QSizeF(10, 400) << 4.5 << 1.2 << 4.5;
+        QTest::newRow("factor one") << small << 2.0 << 1.0 << 2.0;
+    }
+    void ZoomingInStopsAtFiveTimesTheNaturalSize()
+    {
+        QFETCH(QSizeF, picture);
+        QFETCH(double, startScale);
+        QFETCH(double, factor);
+        QFETCH(double, scale);
+        ShownView shown(picture);
+        shown.view.scale(startScale, startScale);
+        shown.view.ZoomBy(factor);
+        QCOMPARE(shown.Scale(), scale);
+    }
+
+    void EightStepsInAreAllowedFromTheNaturalSize()
+    {
+        ShownView shown(QSizeF(400, 300));
+        for (int step = 0; step < 20; ++step)
+            shown.view.ZoomBy(PictureView::c_zoomStep);
+        QCOMPARE(shown.Scale(), std::pow(1.2, 8));
+    }
+
+    void ZoomingOutStopsAtTheFittedSize_data()
+    {
+        QTest::addColumn<QSizeF>("picture");
+        QTest::addColumn<double>("startFactor");
+        QTest::addColumn<bool>("isFittedAfterwards");
+        QTest::newRow("small, from the fitted size") << QSizeF(400, 300) << 1.0 << true;
+        QTest::newRow("small, between") << QSizeF(400, 300) << 1.1 << true;
+        QTest::newRow("small, still larger") << QSizeF(400, 300) << 2.0 << false;
+        QTest::newRow("large, from the fitted size") << QSizeF(3000, 2000) << 1.0 << true;
+        QTest::newRow("large, between") << QSizeF(3000, 2000) << 1.19 << true;
+        QTest::newRow("large, still larger") << QSizeF(3000, 2000) << 3.0 << false;
+    }
+    void ZoomingOutStopsAtTheFittedSize()
+    {
+        QFETCH(QSizeF, picture);
+        QFETCH(double, startFactor);
+        QFETCH(bool, isFittedAfterwards);
+        ShownView shown(picture);
+        const double fitted = shown.Scale();
+        shown.view.scale(startFactor, startFactor);
+        shown.view.ZoomBy(1.0 / PictureView::c_zoomStep);
+        QCOMPARE(shown.Scale(), isFittedAfterwards ? fitted : fitted * startFactor / 1.2);
+    }
+
+    void WithoutPictureZoomingDoesNothing()
+    {
+        ShownView shown((QSizeF()));
+        shown.view.ZoomBy(1.2);
+        shown.view.ZoomBy(0.5);
+        QCOMPARE(shown.view.transform(), QTransform());
+    }
+
+    void WithoutSceneNothingHappens()
+    {
+        PictureView view;
+        view.ZoomBy(1.2);
+        view.FitPictureInView();
+        QCOMPARE(view.transform(), QTransform());
+    }
+
+    void PlainWheelZooms_data()
+    {
+        QTest::addColumn<QPoint>("angleDelta");
+        QTest::addColumn<double>("factor");
+        QTest::newRow("up") << QPoint(0, 120) << 1.2;
+        QTest::newRow("up by the least") << QPoint(0, 1) << 1.2;
+        QTest::newRow("down") << QPoint(0, -120) << 1.0 / 1.2;
+        QTest::newRow("sideways counts as down") << QPoint(120, 0) << 1.0 / 1.2;
+    }
+    void PlainWheelZooms()
+    {
+        QFETCH(QPoint, angleDelta);
+        QFETCH(double, factor);
+        ShownView shown(QSizeF(400, 300));
+        shown.view.scale(2.0, 2.0);
+        TurnWheel(shown.view, angleDelta, Qt::NoModifier);
+        QCOMPARE(shown.Scale(), 2.0 * factor);
+    }
+
+    void WheelWithModifierScrolls_data()
+    {
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QPoint>("angleDelta");
+        QTest::addColumn<int>("horizontal");
+        QTest::addColumn<int>("vertical");
+        const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+        const Qt::KeyboardModifiers control = Qt::ControlModifier;
+        QTest::newRow("Control: down") << control << QPoint(0, -120) << 0 << 1;
+        QTest::newRow("Control: up") << control << QPoint(0, 120) << 0 << -1;
+        QTest::newRow("Control: sideways stays sideways") << control << QPoint(-120, 0) << 1 << 0;
+        QTest::newRow("Shift: down turns right") << shift << QPoint(0, -120) << 1 << 0;
+        QTest::newRow("Shift: up turns left") << shift << QPoint(0, 120) << -1 << 0;
+        QTest::newRow("Shift: sideways turns vertical") << shift << QPoint(-120, 0) << 0 << 1;
+        QTest::newRow("Control and Shift: nothing") << (control | shift) << QPoint(0, -120) << 0 << 0;
+        QTest::newRow("Alt: nothing") << Qt::KeyboardModifiers(Qt::AltModifier) << QPoint(0, -120) << 0 << 0;
+    }
+    void WheelWithModifierScrolls()
+    {
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(QPoint, angleDelta);
+        QFETCH(int, horizontal);
+        QFETCH(int, vertical);
+        ShownView shown(QSizeF(3000, 2000));
+        shown.view.resetTransform();
+        shown.view.centerOn(1500, 1000);
+        const QScrollBar* across = shown.view.horizontalScrollBar();
+        const QScrollBar* down = shown.view.verticalScrollBar();
+        const QPoint before(across->value(), down->value());
+        TurnWheel(shown.view, angleDelta, modifiers);
+        const auto sign = [](int value) { return (value > 0) - (value < 0); };
+        QCOMPARE(sign(across->value() - before.x()), horizontal);
+        QCOMPARE(sign(down->value() - before.y()), vertical);
+        QCOMPARE(shown.Scale(), 1.0);
+    }
+
+    void ShiftScrollsAsFarAsControl()
+    {
+        ShownView shown(QSizeF(3000, 3000));
+        shown.view.resetTransform();
+        shown.view.centerOn(1500, 1500);
+        QScrollBar* across = shown.view.horizontalScrollBar();
+        QScrollBar* down = shown.view.verticalScrollBar();
+        // Otherwise the scroll bar would take Shift for a page.
+        across->setSingleStep(7);
+        down->setSingleStep(7);
+        const QPoint before(across->value(), down->value());
+        TurnWheel(shown.view, QPoint(0, -120), Qt::ShiftModifier);
+        TurnWheel(shown.view, QPoint(0, -120), Qt::ControlModifier);
+        QVERIFY(across->value() > before.x());
+        QCOMPARE(across->value() - before.x(), down->value() - before.y());
+    }
+
+    void EveryKeyReachesTheParent_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<bool>("scrolls");
+        QTest::newRow("Page Up does not scroll") << int(Qt::Key_PageUp) << false;
+        QTest::newRow("Page Down does not scroll") << int(Qt::Key_PageDown) << false;
+        QTest::newRow("Up scrolls") << int(Qt::Key_Up) << true;
+        QTest::newRow("Right scrolls") << int(Qt::Key_Right) << true;
+        QTest::newRow("A") << int(Qt::Key_A) << false;
+        QTest::newRow("Escape") << int(Qt::Key_Escape) << false;
+        QTest::newRow("+") << int(Qt::Key_Plus) << false;
+    }
+    void EveryKeyReachesTheParent()
+    {
+        QFETCH(int, key);
+        QFETCH(bool, scrolls);
+        NotingWidget parent;
+        parent.resize(400, 400);
+        QGraphicsScene scene(0, 0, 3000, 3000);
+        PictureView view(&parent);
+        view.setScene(&scene);
+        view.resize(400, 400);
+        parent.show();
+        view.centerOn(1500, 1500);
+        const QPointF before = view.mapToScene(QPoint(0, 0));
+        QTest::keyClick(&view, Qt::Key(key));
+        QCOMPARE(parent.keys, QList<int>{key});
+        QCOMPARE(view.mapToScene(QPoint(0, 0)) != before, scrolls);
+    }
+
+    void MouseMovesReachTheParent()
+    {
+        NotingWidget parent;
+        parent.setMouseTracking(true);
+        PictureView view(&parent);
+        view.resize(200, 200);
+        parent.show();
+        MoveMouse(view.viewport(), QPoint(50, 50), Qt::NoButton);
+        QCOMPARE(parent.mouseMoves, 1);
+    }
+
+    void DraggingPans()
+    {
+        ShownView shown(QSizeF(3000, 2000));
+        shown.view.resetTransform();
+        shown.view.centerOn(1500, 1000);
+        const QPointF before = shown.view.mapToScene(QPoint(0, 0));
+        QWidget* viewport = shown.view.viewport();
+        QTest::mousePress(viewport, Qt::LeftButton, {}, QPoint(500, 300));
+        MoveMouse(viewport, QPoint(450, 280), Qt::LeftButton);
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, QPoint(450, 280));
+        QCOMPARE(shown.view.mapToScene(QPoint(0, 0)) - before, QPointF(50, 20));
+    }
+};
+
+QTEST_MAIN(tst_PictureView)
+#include "tst_PictureView.moc"

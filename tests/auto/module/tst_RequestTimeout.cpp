@@ -1,0 +1,145 @@
+#include <data/ConnectorJsonRest.h>
+
+#include <tests/support/Fixture.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/ScriptedServer.h>
+#include <tests/support/VdbMessages.h>
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QNetworkReply>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace Qt::Literals::StringLiterals;
+using korvel::Demo::Fault;
+using korvel::Test::JsonObject;
+using korvel::Test::ScriptedServer;
+using korvel::Test::VdbMessages;
+
+namespace {
+
+using Step = std::function<void(ConnectorJsonRest&)>;
+
+/// Runs \p steps inside each other, so that all of them wait at the same time, each with a connector of its
+/// own. Appends to \p times how long each took, in milliseconds.
+void RunInsideEachOther(QList<Step> steps, QList<qint64>& times)
+{
+    if (steps.isEmpty())
+        return;
+    const Step step = steps.takeFirst();
+    QTimer::singleShot(0, QCoreApplication::instance(),
+                       [steps, &times]() { RunInsideEachOther(steps, times); });
+    ConnectorJsonRest connector(nullptr);
+    QElapsedTimer timer;
+    timer.start();
+    step(connector);
+    times.append(timer.elapsed());
+    for (const QNetworkReply* reply : connector.findChildren<QNetworkReply*>())
+        QVERIFY(reply->isFinished());
+}
+
+QJsonArray Files(const QByteArrayList& paths)
+{
+    QByteArrayList elements;
+    for (const QByteArray& path : paths)
+        elements.append(R"({"type": "file", "attributes": {"url": ")" + path + R"("}})");
+    return JsonObject(R"({"included": [)" + elements.join(',') + "]}").value("included"_L1).toArray();
+}
+
+} // namespace
+
+/// The one test that waits as long as the module really does.
+class tst_RequestTimeout : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void EveryQueryGivesUpAfterThirtySeconds()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+        const VdbMessages messages;
+        ScriptedServer server;
+        server.Withhold(u"/api/venue"_s);
+        server.Withhold(u"/silent"_s);
+        server.AddFault(
+            Fault::On(u"/header"_s).WithStatus(200).WithMediaType("image/png").WithSilenceAfterHeader());
+        server.Answer(u"/good"_s, "bytes", "image/png");
+
+        ResultStatus status = Ok;
+        Venue old;
+        old.SetComplexName(u"old"_s);
+        QList<Venue> venues{old, old};
+        QList<Picture> pictures{Picture()};
+        QList<TsFile> files{TsFile()};
+        QByteArray pictureBytes("x");
+        QByteArray fileBytes("x");
+        QByteArray halfPictureBytes("x");
+        QList<Picture> pictureEntries;
+        QList<TsFile> fileEntries;
+        QList<qint64> times;
+        RunInsideEachOther(
+            {[&](ConnectorJsonRest& connector) { status = connector.FindVenueEntries({}, venues); },
+             [&](ConnectorJsonRest& connector) { pictures = connector.GetPictureEntries(7); },
+             [&](ConnectorJsonRest& connector) { files = connector.GetTSFileEntries(7); },
+             [&](ConnectorJsonRest& connector) {
+                 pictureBytes = connector.GetPictureBinaryData(ScriptedServer::Url(u"/silent/picture"_s));
+             },
+             [&](ConnectorJsonRest& connector) { fileBytes = connector.GetBinaryData(u"/silent/file"_s); },
+             [&](ConnectorJsonRest& connector) {
+                 halfPictureBytes = connector.GetPictureBinaryData(ScriptedServer::Url(u"/header/picture"_s));
+             },
+             [&](ConnectorJsonRest& connector) {
+                 pictureEntries = connector.ProcessPictureEntriesReply(
+                     Files({"/silent/entry-picture", "/good/picture"}), 7);
+             },
+             [&](ConnectorJsonRest& connector) {
+                 fileEntries
+                     = connector.ProcessTSFileEntriesReply(Files({"/silent/entry-file", "/good/file"}), 7);
+             }},
+            times);
+
+        QCOMPARE(times.size(), 8);
+        for (const qint64 time : times) {
+            // Not a millisecond early; late only by what the others take to end.
+            QVERIFY2(time >= 30'000 && time < 45'000, qPrintable(QString::number(time)));
+        }
+        QCOMPARE(status, Timeout);
+        QCOMPARE(venues.size(), 2);
+        QCOMPARE(venues.first().GetComplexName(), u"old"_s);
+        QCOMPARE(pictures.size(), 0);
+        QCOMPARE(files.size(), 0);
+        QCOMPARE(pictureBytes, QByteArray());
+        QCOMPARE(fileBytes, QByteArray());
+        QCOMPARE(halfPictureBytes, QByteArray());
+        // One file that does not come is listed without its bytes, and the others come after it.
+        QCOMPARE(pictureEntries.size(), 2);
+        QCOMPARE(pictureEntries.at(0).GetPictureDataSmall(), QByteArray());
+        QCOMPARE(pictureEntries.at(1).GetPictureDataSmall(), QByteArray("bytes"));
+        QCOMPARE(fileEntries.size(), 2);
+        QCOMPARE(fileEntries.at(0).GetFileData(), QByteArray());
+        QCOMPARE(fileEntries.at(1).GetFileData(), QByteArray("bytes"));
+
+        // The search is silent: its failure is shown to the user. The others report once each.
+        QStringList found = VdbMessages::Take();
+        found.sort();
+        const QString host = server.Server().Host();
+        const QString noReply = u" - no HTTP status - no reply within 30000 ms"_s;
+        QCOMPARE(found,
+                 QStringList({u"Model file download failed: "_s + host + u"/silent/entry-file"_s + noReply,
+                              u"Model file download failed: "_s + host + u"/silent/file"_s + noReply,
+                              u"Model file query failed: "_s + host + u"/api/venue"_s + noReply,
+                              u"Picture download failed: "_s + host
+                                  + u"/header/picture - HTTP status 200 - no reply within 30000 ms"_s,
+                              u"Picture download failed: "_s + host + u"/silent/entry-picture"_s + noReply,
+                              u"Picture download failed: "_s + host + u"/silent/picture"_s + noReply,
+                              u"Picture query failed: "_s + host + u"/api/venue"_s + noReply}));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_RequestTimeout)
+#include "tst_RequestTimeout.moc"

@@ -1,0 +1,157 @@
+#include <data/ConnectorJsonRest.h>
+
+#include <tests/support/MessageGuard.h>
+
+#include <QCalendar>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <ctime>
+
+using namespace korvel::Data::VenueDatabase;
+
+namespace {
+
+/// The definition: what Qt's parser makes of the text.
+QDate ParsedDate(const QString& text)
+{
+    return QDate::fromString(text, QStringLiteral("yyyy-MM-dd"), QCalendar());
+}
+
+QDateTime ParsedDateTime(const QString& text)
+{
+    return QDateTime::fromString(text, QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"), QCalendar());
+}
+
+/// What the connector makes of \p texts, each as both dates of a venue, in their order.
+QList<Venue> Read(const QStringList& texts)
+{
+    QJsonArray data;
+    // The connector lists venues in the reverse order.
+    for (auto text = texts.crbegin(); text != texts.crend(); ++text) {
+        data.append(QJsonObject{
+            {QStringLiteral("attributes"),
+             QJsonObject{{QStringLiteral("created"), *text}, {QStringLiteral("changed"), *text}}}});
+    }
+    static const ConnectorJsonRest connector;
+    return connector.ProcessVenueEntriesReply({{QStringLiteral("data"), data}});
+}
+
+/// Equal in everything that can be seen, the repeated hour of a time zone included, where == may say no.
+bool AreAlike(const QDateTime& left, const QDateTime& right)
+{
+    return left.isValid() == right.isValid() && left.isNull() == right.isNull() && left.date() == right.date()
+        && left.time() == right.time() && left.timeSpec() == right.timeSpec();
+}
+
+} // namespace
+
+/// Runs in a time zone whose clocks skip and repeat an hour a year.
+class tst_ServerDate : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("TZ", "Europe/Berlin");
+        tzset();
+        // 02:00 to 03:00 is skipped on this day; without it the gap rows would test nothing.
+        QVERIFY(!QDateTime(QDate(2024, 3, 31), QTime(2, 30)).isValid());
+    }
+
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+
+    void ReadsAsQtParses_data()
+    {
+        QTest::addColumn<QString>("text");
+        for (const char* text : {"2024-03-01",
+                                 "2024-02-30",
+                                 "2024-2-3",
+                                 "24-03-01",
+                                 "0000-01-01",
+                                 "0001-01-01",
+                                 "9999-12-31",
+                                 "",
+                                 " 2024-03-01",
+                                 "2024-03-01 ",
+                                 "2024/03/01",
+                                 "-024-03-01",
+                                 "+024-03-01",
+                                 "2024-03-01T10:20:30+00:00",
+                                 "2024-03-01T10:20:30Z",
+                                 "2024-03-01T10:20:30+01:00",
+                                 "2024-03-01T10:20:30",
+                                 "2024-03-01 10:20:30+00:00",
+                                 "2024-03-01T24:00:00+00:00",
+                                 "2024-03-01T10:60:30+00:00",
+                                 "2024-03-01T10:20:60+00:00",
+                                 "2024-03-31T02:30:00+00:00",
+                                 "2024-10-27T02:30:00+00:00",
+                                 "2024-03-01T10:20:30+00:00 ",
+                                 "0000-00-00T00:00:00+00:00",
+                                 "2023-02-29T10:20:30+00:00",
+                                 "2024-02-29T10:20:30+00:00",
+                                 "2024-03-01t10:20:30+00:00",
+                                 "2024-03-01T1:2:3+00:00",
+                                 "1900-01-01T00:00:00+00:00",
+                                 "2400-12-31T23:59:59+00:00"})
+            QTest::newRow(*text ? text : "empty") << QString::fromLatin1(text);
+        QTest::newRow("digits of another script") << QStringLiteral(u"\u0662\u0660\u0662\u0664-03-01");
+    }
+    void ReadsAsQtParses()
+    {
+        QFETCH(QString, text);
+        const Venue venue = Read({text}).first();
+        QCOMPARE(venue.GetUploadDate(), ParsedDate(text));
+        QVERIFY(AreAlike(venue.GetEditDate(), ParsedDateTime(text)));
+    }
+
+    void ReadsEveryHourOfManyYearsAsQtParses()
+    {
+        // Every 7 hours from 1995 to 2037: passes every gap and every repeated hour in turn.
+        QStringList texts;
+        for (QDateTime moment(QDate(1995, 1, 1), QTime(0, 0), Qt::UTC); moment.date().year() < 2037;
+             moment = moment.addSecs(7 * 3600 + 60))
+            texts.append(moment.toString(QStringLiteral("yyyy-MM-ddThh:mm:ss")) + QStringLiteral("+00:00"));
+        QVERIFY(texts.size() > 50000);
+        ExpectAsParsed(texts);
+    }
+
+    void ReadsRandomDamageAsQtParses()
+    {
+        QRandomGenerator random(1);
+        const QString characters = QStringLiteral("0123456789-T:+ Z.");
+        QStringList texts;
+        for (int round = 0; round < 20000; ++round) {
+            QString text = QStringLiteral("2024-03-01T10:20:30+00:00");
+            if (round % 2)
+                text.truncate(10);
+            for (int changes = random.bounded(1, 4); changes > 0; --changes)
+                text[random.bounded(text.size())] = characters.at(random.bounded(characters.size()));
+            texts.append(text);
+        }
+        ExpectAsParsed(texts);
+    }
+
+private:
+    static void ExpectAsParsed(const QStringList& texts)
+    {
+        const QList<Venue> venues = Read(texts);
+        QCOMPARE(venues.size(), texts.size());
+        for (qsizetype index = 0; index < texts.size(); ++index) {
+            const QString& text = texts.at(index);
+            if (venues.at(index).GetUploadDate() != ParsedDate(text)
+                || !AreAlike(venues.at(index).GetEditDate(), ParsedDateTime(text)))
+                QFAIL(qPrintable(text));
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ServerDate)
+#include "tst_ServerDate.moc"

@@ -1,0 +1,155 @@
+#include <tests/soak/SoakSample.h>
+
+#include <QProcess>
+#include <QTest>
+
+using namespace korvel::Soak;
+
+/// The short form of the long run: the same program with fewer rounds, its promises one by one.
+class tst_SoakShort : public QObject
+{
+    Q_OBJECT
+
+private:
+    static constexpr qint64 c_searches = 300;
+    static constexpr qint64 c_selections = 100;
+    static constexpr qint64 c_viewerSteps = 300;
+    static constexpr qint64 c_imports = 60;
+
+    QList<QList<Sample>> m_phases;
+    int m_exitCode = -1;
+    QByteArray m_messages;
+
+    const QList<Sample>& Phase(const QString& name) const
+    {
+        static const QList<Sample> none{Sample(), Sample()};
+        for (const QList<Sample>& phase : m_phases) {
+            if (phase.constFirst().phase == name)
+                return phase;
+        }
+        return none;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QProcess soak;
+        soak.start(QStringLiteral(VDB_SOAK_PROGRAM),
+                   {QStringLiteral("--warm-up"), QStringLiteral("40"), QStringLiteral("--searches"),
+                    QString::number(c_searches), QStringLiteral("--selections"),
+                    QString::number(c_selections), QStringLiteral("--steps"), QString::number(c_viewerSteps),
+                    QStringLiteral("--imports"), QString::number(c_imports)});
+        constexpr int c_patience = 200000;
+        QVERIFY(soak.waitForFinished(c_patience));
+        QCOMPARE(soak.exitStatus(), QProcess::NormalExit);
+        m_exitCode = soak.exitCode();
+        m_messages = soak.readAllStandardError();
+        m_phases = ByPhase(FromCsv(soak.readAllStandardOutput()));
+        QVERIFY2(!m_phases.isEmpty(), m_messages.constData());
+    }
+
+    void EveryRoundRan_data()
+    {
+        QTest::addColumn<QString>("phase");
+        QTest::addColumn<qint64>("rounds");
+        QTest::newRow("searches") << QStringLiteral("searches") << c_searches;
+        QTest::newRow("selections") << QStringLiteral("selections") << c_selections;
+        QTest::newRow("large downloads") << QStringLiteral("downloads") << c_viewerSteps / 2;
+        QTest::newRow("viewer steps") << QStringLiteral("viewer steps") << c_viewerSteps / 2;
+        QTest::newRow("imports of one record") << QStringLiteral("imports") << c_imports / 2;
+        QTest::newRow("imports of new records") << QStringLiteral("new imports") << c_imports / 2;
+    }
+    void EveryRoundRan()
+    {
+        QFETCH(QString, phase);
+        QFETCH(qint64, rounds);
+        QCOMPARE(Phase(phase).constFirst().round, 0);
+        QCOMPARE(Phase(phase).constLast().round, rounds);
+    }
+
+    void HeapDoesNotGrow_data()
+    {
+        QTest::addColumn<QString>("phase");
+        QTest::addColumn<qint64>("limit");
+        constexpr qint64 c_megabyte = 1024 * 1024;
+        QTest::newRow("searches") << QStringLiteral("searches") << 2 * c_megabyte;
+        QTest::newRow("selections") << QStringLiteral("selections") << 2 * c_megabyte;
+        QTest::newRow("16 KB for a large download")
+            << QStringLiteral("downloads") << 16 * 1024 * c_viewerSteps / 2;
+        QTest::newRow("viewer steps") << QStringLiteral("viewer steps") << c_megabyte / 2;
+        QTest::newRow("imports of one record") << QStringLiteral("imports") << c_megabyte / 2;
+        // The name, not the buffer that the file was written through.
+        QTest::newRow("4 KB for a new import") << QStringLiteral("new imports") << 4 * 1024 * c_imports / 2;
+    }
+    void HeapDoesNotGrow()
+    {
+        QFETCH(QString, phase);
+        QFETCH(qint64, limit);
+        const QList<Sample>& samples = Phase(phase);
+        const qint64 growth = samples.constLast().heap - samples.constFirst().heap;
+        QVERIFY2(growth < limit, qPrintable(QStringLiteral("%1 bytes").arg(growth)));
+    }
+
+    void NoReplyIsLeft()
+    {
+        for (const QList<Sample>& phase : std::as_const(m_phases)) {
+            for (const Sample& sample : phase)
+                QCOMPARE(sample.replies, 0);
+        }
+    }
+
+    void FilesAndDescriptorsStay_data()
+    {
+        QTest::addColumn<QString>("phase");
+        QTest::addColumn<qint64>("perRound");
+        for (const char* phase : {"searches", "selections", "downloads", "viewer steps", "imports"})
+            QTest::newRow(phase) << QString::fromLatin1(phase) << qint64(0);
+        QTest::newRow("one for each new import") << QStringLiteral("new imports") << qint64(1);
+    }
+    void FilesAndDescriptorsStay()
+    {
+        QFETCH(QString, phase);
+        QFETCH(qint64, perRound);
+        const Sample& first = Phase(phase).constFirst();
+        const Sample& last = Phase(phase).constLast();
+        // A connection may be made anew at the moment of a sample, with two ends and a tunnel between.
+        constexpr qint64 c_connection = 4;
+        QVERIFY(last.descriptors - first.descriptors <= perRound * last.round + c_connection);
+        QCOMPARE(last.tempFiles - first.tempFiles, perRound * last.round);
+    }
+
+    void NothingIsLeftAfterTheProcess()
+    {
+        // The program looks into the temporary folder when its worker has ended, and applies the limits too.
+        QVERIFY2(m_exitCode == 0, m_messages.constData());
+        QVERIFY(!m_messages.contains("TOO MUCH"));
+    }
+
+    void TooMuchIsReported_data()
+    {
+        QTest::addColumn<Sample>("last");
+        QTest::addColumn<bool>("isFine");
+        const QString searches = QStringLiteral("searches");
+        const QString downloads = QStringLiteral("downloads");
+        constexpr qint64 c_megabyte = 1024 * 1024;
+        QTest::newRow("nothing more") << Sample{searches, 100, 0, 0, 0, 0} << true;
+        QTest::newRow("2 MB") << Sample{searches, 100, 2 * c_megabyte, 0, 0, 0} << true;
+        QTest::newRow("over 2 MB") << Sample{searches, 100, 2 * c_megabyte + 1, 0, 0, 0} << false;
+        QTest::newRow("16 KB a download") << Sample{downloads, 1000, 16000 * 1024, 0, 0, 0} << true;
+        QTest::newRow("17 KB a download") << Sample{downloads, 1000, 17000 * 1024, 0, 0, 0} << false;
+        QTest::newRow("a reply") << Sample{searches, 100, 0, 0, 1, 0} << false;
+        QTest::newRow("descriptors") << Sample{searches, 100, 0, 100, 0, 0} << false;
+        QTest::newRow("a descriptor a new import")
+            << Sample{QStringLiteral("new imports"), 100, 0, 100, 0, 100} << true;
+    }
+    void TooMuchIsReported()
+    {
+        QFETCH(Sample, last);
+        QFETCH(bool, isFine);
+        QCOMPARE(Complaints(FromCsv(ToCsv({Sample{last.phase, 0, 0, 0, 0, 0}, last}))).isEmpty(), isFine);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SoakShort)
+
+#include "tst_SoakShort.moc"

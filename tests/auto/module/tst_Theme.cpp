@@ -1,0 +1,806 @@
+#include <demo/Theme.h>
+
+#include <ui/PictureFullscreenDialog.h>
+#include <ui/PictureSlider.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbDialog.h>
+#include <ui/VenueDetailsWidget.h>
+
+#include <tests/support/ConnectorStub.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/ModalDriver.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/TextContrast.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QGraphicsView>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QHoverEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QStyleFactory>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+#include <QToolTip>
+
+#include <algorithm>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Ui::VenueDatabase;
+using korvel::Demo::Theme;
+using namespace korvel::Test;
+
+namespace {
+
+QString SheetText(bool dayMode)
+{
+    QFile file(Theme(dayMode).VenueDatabaseSheetPath());
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// The application with the sheet of one theme, as long as this lives, in a palette of the opposite one:
+/// nothing but the sheet makes texts readable.
+class InstalledSheet
+{
+public:
+    explicit InstalledSheet(bool dayMode, const QString& moreRules = {})
+        : m_palette(QApplication::palette())
+    {
+        QApplication::setPalette(dayMode ? QPalette(QColor(40, 40, 40), QColor(20, 20, 20))
+                                         : QPalette(QColor(225, 225, 225), QColor(245, 245, 245)));
+        const QString path = Theme(dayMode).VenueDatabaseSheetPath();
+        if (moreRules.isEmpty()) {
+            qApp->setStyleSheet(QStringLiteral("file:///") + path);
+            return;
+        }
+        // A text has no folder that its pictures could lie in.
+        const QString folder = path.section(QLatin1Char('/'), 0, -2) + QLatin1Char('/');
+        qApp->setStyleSheet(
+            SheetText(dayMode).replace(QStringLiteral("url(\""), QStringLiteral("url(\"") + folder)
+            + moreRules);
+    }
+    ~InstalledSheet()
+    {
+        qApp->setStyleSheet({});
+        QApplication::setPalette(m_palette);
+    }
+    Q_DISABLE_COPY_MOVE(InstalledSheet)
+
+private:
+    QPalette m_palette;
+};
+
+TsFile ModelFile(QString name, QString version)
+{
+    TsFile file;
+    file.SetFileName(name);
+    file.SetTsVersion(version);
+    return file;
+}
+
+Venue FullVenue(qint64 id, const QString& name)
+{
+    Venue venue;
+    venue.SetId(id);
+    venue.SetComplexName(name);
+    venue.SetVenueRoomName(QStringLiteral("Main hall"));
+    venue.SetGeneralComment(QStringLiteral("Built in 1901"));
+    venue.SetCity(QStringLiteral("Munich"));
+    venue.SetCountry(QStringLiteral("Germany"));
+    venue.SetLocationComment(QStringLiteral("Near the park"));
+    venue.SetLoadDockStreetAddress(QStringLiteral("Behind the house"));
+    venue.SetLoadDockComment(QStringLiteral("One ramp"));
+    venue.SetClearingOfHouseGrid(QStringLiteral("14.5"));
+    venue.SetRiggingComment(QStringLiteral("Bridles only"));
+    venue.SetUploadDate(QDate(2024, 3, 1));
+    venue.SetEditDate(QDateTime(QDate(2024, 5, 2), QTime(10, 0)));
+    return venue;
+}
+
+/// The dialog with two venues found and one of them shown, high enough for all of its details.
+struct ShownDialog
+{
+    explicit ShownDialog(bool dayMode)
+    {
+        Picture picture;
+        picture.SetAlternativeDescription(QStringLiteral("The stage"));
+        // What the band behind the caption cannot help against: white by night, black by day.
+        const QByteArray data = EncodedPicture({1000, 480}, dayMode ? Qt::black : Qt::white);
+        picture.SetPictureDataSmall(data);
+        picture.SetPictureDataLarge(data);
+        pictures = {picture, picture};
+        connector.venues = {FullVenue(7, QStringLiteral("Festspielhaus")),
+                            FullVenue(8, QStringLiteral("Prinzregententheater"))};
+        connector.onGetPictures = [this](qint64) { return pictures; };
+        connector.onGetFiles = [](qint64) {
+            return QList<TsFile>{ModelFile(QStringLiteral("stage.tessra"), QStringLiteral("4.2")),
+                                 ModelFile(QStringLiteral("flat.tessra"), QStringLiteral("4.1"))};
+        };
+        dialog.SetDayMode(dayMode);
+        dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
+        dialog.Open(nullptr);
+        dialog.resize(1062, 1000);
+        table = dialog.findChild<QTableView*>();
+        const bool isFound
+            = QTest::qWaitFor([this] { return table->model() && table->model()->rowCount() == 2; });
+        if (isFound)
+            SelectRow(0);
+        isShown = isFound && QTest::qWaitForWindowActive(&dialog)
+            && QTest::qWaitFor([this] { return Details()->isVisible(); });
+        dialog.findChildren<QLineEdit*>().constFirst()->setText(QStringLiteral("haus"));
+    }
+
+    void SelectRow(int row)
+    {
+        table->selectRow(row);
+        QCoreApplication::processEvents();
+    }
+    VenueDetailsWidget* Details() const
+    {
+        return dialog.findChild<VenueDetailsWidget*>();
+    }
+    PictureSlider* Slider() const
+    {
+        return dialog.findChild<PictureSlider*>();
+    }
+    QPushButton* Button(const QString& text) const
+    {
+        const auto buttons = dialog.findChildren<QPushButton*>();
+        return *std::find_if(buttons.begin(), buttons.end(),
+                             [&](const QPushButton* button) { return button->text() == text; });
+    }
+    /// The children of the kinds that react to the user.
+    QList<QWidget*> Controls() const
+    {
+        QList<QWidget*> controls;
+        for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+            const bool isControl = qobject_cast<QPushButton*>(widget) || qobject_cast<QLineEdit*>(widget)
+                || qobject_cast<QTextEdit*>(widget) || qobject_cast<QComboBox*>(widget);
+            if (isControl && widget->isVisible() && widget->isEnabled() && widget->window() == &dialog)
+                controls.append(widget);
+        }
+        return controls;
+    }
+
+    QList<Picture> pictures;
+    ConnectorStub connector;
+    VenueDbDialog dialog{nullptr};
+    QTableView* table = nullptr;
+    bool isShown = false;
+};
+
+/// What was looked at, and which texts of it cannot be read.
+struct Findings
+{
+    void Look(QWidget* root)
+    {
+        for (const TextPlace& place : VisibleTexts(root))
+            Look(place);
+    }
+    void Look(const TextPlace& place)
+    {
+        ++texts;
+        const double contrast = DrawnContrast(place);
+        if (contrast < NecessaryContrast(place))
+            unreadable.append(QStringLiteral("%1: %2 : 1").arg(place.name).arg(contrast, 0, 'f', 2));
+    }
+
+    int texts = 0;
+    QStringList unreadable;
+};
+
+void HoverOver(QWidget* widget, const QPoint& position)
+{
+    QHoverEvent event(QEvent::HoverMove, position, widget->mapToGlobal(position), QPoint(-1, -1));
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+void LookAtRest(ShownDialog& shown, Findings& findings)
+{
+    findings.Look(&shown.dialog);
+}
+
+void LookHovered(ShownDialog& shown, Findings& findings)
+{
+    for (QWidget* control : shown.Controls()) {
+        control->setAttribute(Qt::WA_UnderMouse);
+        QTest::mouseMove(control); // what buttons go by
+        findings.Look(control);
+        control->setAttribute(Qt::WA_UnderMouse, false);
+    }
+    for (int row = 0; row < 2; ++row) {
+        HoverOver(shown.table->viewport(),
+                  shown.table->visualRect(shown.table->model()->index(row, 1)).center());
+        findings.Look(shown.table);
+    }
+    QHeaderView* header = shown.table->horizontalHeader();
+    HoverOver(header, QPoint(header->sectionViewportPosition(2) + 20, 8));
+    findings.Look(header);
+}
+
+void LookPressed(ShownDialog& shown, Findings& findings)
+{
+    for (QPushButton* button : shown.dialog.findChildren<QPushButton*>()) {
+        if (!button->isVisible() || button->text().isEmpty())
+            continue;
+        button->setDown(true);
+        findings.Look(button);
+        button->setDown(false);
+    }
+    QHeaderView* header = shown.table->horizontalHeader();
+    const QPoint position(header->sectionViewportPosition(2) + 20, 8);
+    QTest::mousePress(header->viewport(), Qt::LeftButton, Qt::NoModifier, position);
+    findings.Look(header);
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, Qt::NoModifier, position);
+}
+
+void LookFocused(ShownDialog& shown, Findings& findings)
+{
+    QList<QWidget*> controls = shown.Controls();
+    controls.append(shown.table);
+    for (QWidget* control : std::as_const(controls)) {
+        control->setFocus(Qt::TabFocusReason);
+        if (auto* lineEdit = qobject_cast<QLineEdit*>(control))
+            lineEdit->deselect();
+        findings.Look(control);
+    }
+}
+
+void LookSelected(ShownDialog& shown, Findings& findings)
+{
+    for (QWidget* control : shown.Controls()) {
+        control->setFocus(Qt::OtherFocusReason);
+        if (auto* lineEdit = qobject_cast<QLineEdit*>(control))
+            lineEdit->selectAll();
+        else if (!qobject_cast<QTextEdit*>(control)) // these select their text when they get the focus
+            continue;
+        findings.Look(control);
+    }
+}
+
+void LookAtLists(ShownDialog& shown, Findings& findings)
+{
+    for (QComboBox* comboBox : shown.dialog.findChildren<QComboBox*>()) {
+        comboBox->showPopup();
+        QAbstractItemView* view = comboBox->view();
+        view->setCurrentIndex(view->model()->index(1, 0));
+        findings.Look(view->window());
+        HoverOver(view->viewport(), view->visualRect(view->model()->index(0, 0)).center());
+        findings.Look(view->window());
+        comboBox->hidePopup();
+    }
+}
+
+void LookAtToolTip(ShownDialog& shown, Findings& findings)
+{
+    auto* field = shown.dialog.findChildren<QLineEdit*>().constFirst();
+    QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), field->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(field, &event);
+    const auto tip = [] {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+            return window->inherits("QTipLabel") && window->isVisible();
+        });
+        return found == windows.end() ? nullptr : *found;
+    };
+    if (tip())
+        findings.Look(tip());
+    QToolTip::hideText();
+    QTRY_VERIFY(!tip());
+}
+
+void LookWithoutPictures(ShownDialog& shown, Findings& findings)
+{
+    shown.pictures.clear();
+    shown.SelectRow(1);
+    findings.Look(shown.Slider());
+    // The visible part of "No Image", beside the full-screen button.
+    const QPoint origin = shown.Slider()->mapTo(&shown.dialog, QPoint());
+    findings.Look(
+        {QStringLiteral("No Image"), &shown.dialog, QRect(origin + QPoint(300, 125), QSize(150, 50)), true});
+}
+
+void LookAtViewer(ShownDialog& shown, Findings& findings)
+{
+    auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
+    shown.Slider()->ShowFullScreen();
+    QVERIFY(QTest::qWaitForWindowExposed(viewer));
+    viewer->SetStatusLabelText(QStringLiteral("Saved"));
+    QCoreApplication::processEvents();
+    findings.Look(viewer);
+    viewer->hide();
+}
+
+void LookAtContextMenu(ShownDialog& shown, Findings& findings)
+{
+    auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
+    shown.Slider()->ShowFullScreen();
+    QVERIFY(QTest::qWaitForWindowExposed(viewer));
+    QTimer::singleShot(0, &shown.dialog, [&] {
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            findings.Look(menu);
+            menu->setActiveAction(menu->actions().constFirst());
+            findings.Look(menu);
+            menu->close();
+        }
+    });
+    Q_EMIT viewer->findChild<QGraphicsView*>()->customContextMenuRequested(QPoint(50, 50));
+    viewer->hide();
+}
+
+void LookAtSaveDialog(ShownDialog& shown, Findings& findings)
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("Halls")));
+    QVERIFY(EncodedPicture({4, 4}, Qt::red).size() > 0);
+    QFile picture(folder.filePath(QStringLiteral("hall.jpg")));
+    QVERIFY(picture.open(QIODevice::WriteOnly));
+    picture.close();
+
+    auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
+    shown.Slider()->ShowFullScreen();
+    QVERIFY(QTest::qWaitForWindowActive(viewer));
+    const ModalDriver<QFileDialog> driver([&](QFileDialog* dialog) {
+        dialog->setDirectory(folder.path());
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("hall"));
+        for (const QFileDialog::ViewMode mode : {QFileDialog::Detail, QFileDialog::List}) {
+            dialog->setViewMode(mode);
+            auto* view = dialog->findChild<QAbstractItemView*>(
+                mode == QFileDialog::Detail ? QStringLiteral("treeView") : QStringLiteral("listView"));
+            if (QTest::qWaitFor([view] { return view->model()->rowCount(view->rootIndex()) == 2; })) {
+                findings.Look(dialog);
+                view->setCurrentIndex(view->model()->index(0, 0, view->rootIndex()));
+                findings.Look(view);
+            }
+        }
+        dialog->reject();
+    });
+    QTest::keyClick(viewer, Qt::Key_S, Qt::ControlModifier);
+    viewer->hide();
+}
+
+void LookAtErrorBox(ShownDialog& shown, Findings& findings)
+{
+    shown.connector.onFindVenues = [](const ConnectorStub::Filters&, QList<Venue>&) { return Timeout; };
+    const ModalDriver<QMessageBox> driver([&](QMessageBox* box) {
+        findings.Look(box);
+        box->button(QMessageBox::Close)->click();
+    });
+    shown.Button(QStringLiteral("Search"))->click();
+}
+
+struct Scene
+{
+    const char* name;
+    void (*look)(ShownDialog&, Findings&);
+    /// Fewer texts than these would mean that something was not looked at.
+    int texts;
+};
+
+constexpr Scene c_scenes[] = {
+    {"at rest", LookAtRest, 45},           {"under the mouse", LookHovered, 30},
+    {"pressed", LookPressed, 9},           {"with the keyboard focus", LookFocused, 20},
+    {"selected texts", LookSelected, 10},  {"open lists", LookAtLists, 8},
+    {"tool tip", LookAtToolTip, 1},        {"venue without pictures", LookWithoutPictures, 2},
+    {"picture viewer", LookAtViewer, 4},   {"context menu", LookAtContextMenu, 2},
+    {"save dialog", LookAtSaveDialog, 20}, {"error box", LookAtErrorBox, 3},
+};
+
+const Scene* SceneCalled(const QString& name)
+{
+    return std::find_if(std::begin(c_scenes), std::end(c_scenes),
+                        [&](const Scene& scene) { return name == QLatin1String(scene.name); });
+}
+
+/// The selectors of a sheet in their order, without the blanks that mean nothing.
+QStringList Selectors(QString sheet)
+{
+    static const QRegularExpression comment(QStringLiteral("/\\*.*?\\*/"),
+                                            QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression body(QStringLiteral("\\{[^}]*\\}"));
+    sheet.replace(comment, QString()).replace(body, QStringLiteral(","));
+    QStringList selectors;
+    for (const QString& selector : sheet.split(QLatin1Char(',')))
+        selectors.append(selector.simplified());
+    selectors.removeAll(QString());
+    return selectors;
+}
+
+/// Whether one of \p selectors is for \p widget in its plain state, by its value of "customStyle".
+bool HasRule(const QWidget* widget, const QStringList& selectors)
+{
+    const QString ending
+        = QStringLiteral("[customStyle=\"%1\"]").arg(widget->property("customStyle").toString());
+    return std::any_of(selectors.begin(), selectors.end(), [&](const QString& selector) {
+        if (!selector.endsWith(ending))
+            return false;
+        QString type = selector.section(QLatin1Char(' '), -1).chopped(ending.size());
+        type = selector.chopped(ending.size()).section(QLatin1Char(' '), -1);
+        return widget->inherits(type.replace(QStringLiteral("--"), QStringLiteral("::")).toLatin1());
+    });
+}
+
+/// The values used below \p root for which \p sheet has no rule.
+QStringList ValuesWithoutRule(const QWidget* root, const QString& sheet)
+{
+    const QStringList selectors = Selectors(sheet);
+    QStringList values;
+    QWidgetList widgets = root->findChildren<QWidget*>();
+    widgets.append(const_cast<QWidget*>(root));
+    for (const QWidget* widget : std::as_const(widgets)) {
+        const QString value = widget->property("customStyle").toString();
+        if (!value.isEmpty() && !HasRule(widget, selectors) && !values.contains(value))
+            values.append(value);
+    }
+    return values;
+}
+
+void AddThemeRows()
+{
+    QTest::addColumn<bool>("dayMode");
+    QTest::newRow("light") << true;
+    QTest::newRow("dark") << false;
+}
+
+} // namespace
+
+/// The reference style sheets: complete, readable in every state, and every file they name is there.
+class tst_Theme : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        QFont font(QStringLiteral("Inter"));
+        font.setPixelSize(12);
+        QApplication::setFont(font);
+    }
+    void init()
+    {
+        FailOnUnexpectedWarnings();
+    }
+    void cleanup()
+    {
+        QVERIFY(NoWindowIsLeft());
+    }
+
+    void EveryTextCanBeRead_data();
+    void EveryTextCanBeRead();
+    void ABadRuleIsFound_data();
+    void ABadRuleIsFound();
+    void KeyboardFocusCanBeSeen_data()
+    {
+        AddThemeRows();
+    }
+    void KeyboardFocusCanBeSeen();
+
+    void EveryStyleValueInUseHasARule_data()
+    {
+        AddThemeRows();
+    }
+    void EveryStyleValueInUseHasARule();
+    void AMissingRuleIsFound();
+    void TheSheetsHaveTheSameSelectors();
+    void EveryStateHasARule_data();
+    void EveryStateHasARule();
+
+    void EveryPictureOfTheSheetsCanBeLoaded_data()
+    {
+        AddThemeRows();
+    }
+    void EveryPictureOfTheSheetsCanBeLoaded();
+    void ASheetServesFromItsFolder_data()
+    {
+        AddThemeRows();
+    }
+    void ASheetServesFromItsFolder();
+    void FoldingIconsAreWhereTheModuleLooks_data();
+    void FoldingIconsAreWhereTheModuleLooks();
+    void TextsOfThePlanAreReadable_data();
+    void TextsOfThePlanAreReadable();
+};
+
+void tst_Theme::EveryTextCanBeRead_data()
+{
+    QTest::addColumn<QString>("scene");
+    QTest::addColumn<bool>("dayMode");
+    for (const Scene& scene : c_scenes) {
+        QTest::addRow("%s, light", scene.name) << QString::fromLatin1(scene.name) << true;
+        QTest::addRow("%s, dark", scene.name) << QString::fromLatin1(scene.name) << false;
+    }
+}
+
+void tst_Theme::EveryTextCanBeRead()
+{
+    QFETCH(QString, scene);
+    QFETCH(bool, dayMode);
+    const InstalledSheet sheet(dayMode);
+    ShownDialog shown(dayMode);
+    QVERIFY(shown.isShown);
+    Findings findings;
+    SceneCalled(scene)->look(shown, findings);
+    QVERIFY2(findings.unreadable.isEmpty(), qPrintable(findings.unreadable.join(QLatin1Char('\n'))));
+    QVERIFY2(findings.texts >= SceneCalled(scene)->texts, qPrintable(QString::number(findings.texts)));
+}
+
+void tst_Theme::ABadRuleIsFound_data()
+{
+    QTest::addColumn<QString>("scene");
+    QTest::addColumn<QString>("rule");
+    QTest::addColumn<QString>("found");
+    const auto row = [](const char* name, const char* scene, const char* rule, const char* found) {
+        QTest::newRow(name) << QString::fromLatin1(scene) << QString::fromLatin1(rule)
+                            << QString::fromLatin1(found);
+    };
+    row("pale label", "at rest", "QLabel[customStyle=\"labelKorvelLight\"] { color: #8f9aab; }",
+        "QLabel labelKorvelLight");
+    row("pale header", "at rest", "QHeaderView::section { color: #8f9aab; }", "header \"Complex name\"");
+    row("pale field of the details", "at rest",
+        "QLineEdit[customStyle=\"lineEditKorvelDisplayOnly\"] { color: #8f9aab; }",
+        "QLineEdit lineEditKorvelDisplayOnly");
+    row("pale comment", "at rest", "QTextEdit[customStyle=\"textEditKorvelDisplayOnly\"] { color: #8f9aab; }",
+        "textEditKorvelDisplayOnly");
+    row("pale selected row", "at rest",
+        "QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item:selected { color: #8f9aab; }",
+        "row \"Festspielhaus\"");
+    row("grey caption on a black picture", "at rest",
+        "korvel--Ui--VenueDatabase--PictureSlider > QLabel[customStyle=\"labelKorvelCaptionSmall\"] "
+        "{ color: #777777; }",
+        "QLabel labelKorvelCaptionSmall \"1/2 The stage\"");
+    row("pale button under the mouse", "under the mouse",
+        "QPushButton[customStyle=\"buttonKorvelDefault\"]:hover { color: #8f9aab; }",
+        "QPushButton buttonKorvelDefault");
+    row("pale row under the mouse", "under the mouse",
+        "QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item:hover { color: #8f9aab; }",
+        "row \"Prinzregententheater\"");
+    row("pale header under the mouse", "under the mouse", "QHeaderView::section:hover { color: #8f9aab; }",
+        "header \"Venue/room name\"");
+    row("pale pressed button", "pressed",
+        "QPushButton[customStyle=\"buttonKorvelDefault\"]:pressed { color: #8f9aab; }",
+        "QPushButton buttonKorvelDefault");
+    row("pale pressed header", "pressed", "QHeaderView::section:pressed { color: #8f9aab; }",
+        "header \"Venue/room name\"");
+    row("pale chooser with the focus", "with the keyboard focus",
+        "QComboBox[customStyle=\"comboBoxKorvelDefault\"]:focus { color: #8f9aab; }",
+        "QComboBox comboBoxKorvelDefault");
+    row("pale selection", "selected texts",
+        "QLineEdit[customStyle=\"lineEditKorvelDefault\"] { selection-color: #8fb4ee; }",
+        "QLineEdit lineEditKorvelDefault");
+    row("pale entry of a list", "open lists",
+        "QComboBox[customStyle=\"comboBoxKorvelDefault\"] QAbstractItemView { color: #8f9aab; }", "row ");
+    row("pale tool tip", "tool tip", "QToolTip { color: #5d6672; }", "QTipLabel");
+    row("pale status line of the viewer", "picture viewer",
+        "QLabel[customStyle=\"labelKorvelDefault\"] { color: #8f9aab; }",
+        "QLabel labelKorvelDefault \"Saved\"");
+    row("pale menu", "context menu", "QMenu { color: #8f9aab; }", "entry \"Save Image As...\"");
+    row("pale chosen entry of the menu", "context menu", "QMenu::item:selected { color: #8f9aab; }",
+        "entry \"Save Image As...\"");
+    row("pale label of the save dialog", "save dialog", "QFileDialog QLabel { color: #8f9aab; }", "QLabel");
+    row("pale text of the box", "error box", "QMessageBox QLabel { color: #8f9aab; }", "QLabel");
+}
+
+void tst_Theme::ABadRuleIsFound()
+{
+    QFETCH(QString, scene);
+    QFETCH(QString, rule);
+    QFETCH(QString, found);
+    const InstalledSheet sheet(true, rule);
+    ShownDialog shown(true);
+    QVERIFY(shown.isShown);
+    Findings findings;
+    SceneCalled(scene)->look(shown, findings);
+    const QString unreadable = findings.unreadable.join(QLatin1Char('\n'));
+    QVERIFY2(unreadable.contains(found), qPrintable(unreadable));
+}
+
+void tst_Theme::KeyboardFocusCanBeSeen()
+{
+    QFETCH(bool, dayMode);
+    const InstalledSheet sheet(dayMode);
+    ShownDialog shown(dayMode);
+    QVERIFY(shown.isShown);
+    QWidget* search = shown.Button(QStringLiteral("Search"));
+    QWidget* reset = shown.Button(QStringLiteral("Reset"));
+    int widgets = 0;
+    for (QWidget* widget : shown.dialog.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !widget->isEnabled() || widget->window() != &shown.dialog
+            || !(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy())
+            continue;
+        // Some are too small for a ring inside them.
+        const QRect place
+            = QRect(widget->mapTo(&shown.dialog, QPoint()), widget->size()).adjusted(-6, -6, 6, 6);
+        (widget == search ? reset : search)->setFocus(Qt::TabFocusReason);
+        const QImage without = shown.dialog.grab(place).toImage();
+        widget->setFocus(Qt::TabFocusReason);
+        QVERIFY(widget->hasFocus());
+        QVERIFY2(shown.dialog.grab(place).toImage() != without, widget->metaObject()->className());
+        ++widgets;
+    }
+    QVERIFY2(widgets > 20, qPrintable(QString::number(widgets)));
+}
+
+void tst_Theme::EveryStyleValueInUseHasARule()
+{
+    QFETCH(bool, dayMode);
+    const ShownDialog shown(dayMode);
+    QVERIFY(shown.isShown);
+    QCOMPARE(ValuesWithoutRule(&shown.dialog, SheetText(dayMode)), QStringList());
+    // A plain widget can carry a button's value: a rule for the bare value would catch it.
+    for (const QString& selector : Selectors(SheetText(dayMode)))
+        QVERIFY2(!selector.startsWith(QLatin1Char('[')) && !selector.contains(QStringLiteral(" [")),
+                 qPrintable(selector));
+}
+
+void tst_Theme::AMissingRuleIsFound()
+{
+    const ShownDialog shown(true);
+    QVERIFY(shown.isShown);
+    // A rule for another type of widget is none.
+    const QString sheet
+        = SheetText(true)
+              .replace(QStringLiteral("labelKorvelLight"), QStringLiteral("labelKorvelOther"))
+              .replace(QStringLiteral("QScrollArea[customStyle"), QStringLiteral("QSplitter[customStyle"));
+    QStringList values = ValuesWithoutRule(&shown.dialog, sheet);
+    values.sort();
+    QCOMPARE(values,
+             QStringList({QStringLiteral("labelKorvelLight"), QStringLiteral("scrollAreaKorvelDefault")}));
+}
+
+void tst_Theme::TheSheetsHaveTheSameSelectors()
+{
+    const QStringList light = Selectors(SheetText(true));
+    QVERIFY(light.size() > 80);
+    QCOMPARE(light, Selectors(SheetText(false)));
+    QVERIFY(SheetText(true) != SheetText(false));
+    for (const bool dayMode : {true, false}) {
+        QVERIFY(!SheetText(dayMode).contains(QLatin1Char('@')));
+        QVERIFY(!Theme(dayMode).WindowStyleSheet().contains(QLatin1Char('@')));
+    }
+}
+
+void tst_Theme::EveryStateHasARule_data()
+{
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<QStringList>("states");
+    const auto row = [](const char* part, const char* states) {
+        QTest::newRow(part) << QString::fromLatin1(part)
+                            << QString::fromLatin1(states).split(QLatin1Char(' '));
+    };
+    row("QPushButton[customStyle=\"buttonKorvelDefault\"]", "hover focus pressed default disabled");
+    row("QLineEdit[customStyle=\"lineEditKorvelDefault\"]", "hover focus disabled");
+    row("QLineEdit[customStyle=\"lineEditKorvelDisplayOnly\"]", "hover focus disabled");
+    row("QTextEdit[customStyle=\"textEditKorvelDisplayOnly\"]", "hover focus disabled");
+    row("QComboBox[customStyle=\"comboBoxKorvelDefault\"]", "hover on focus disabled");
+    row("QComboBox[customStyle=\"comboBoxKorvelDefault\"] QAbstractItemView::item", "hover selected");
+    row("QComboBox[customStyle=\"comboBoxKorvelDefault\"]::down-arrow", "disabled");
+    row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]", "focus disabled");
+    row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item", "hover selected");
+    row("QHeaderView::section", "hover pressed");
+    row("QSplitter[customStyle=\"splitterKorvelDefault\"]::handle", "hover pressed");
+    row("QScrollBar::handle", "hover pressed");
+    row("QLabel[customStyle]", "disabled");
+    row("QMenu::item", "selected disabled");
+}
+
+void tst_Theme::EveryStateHasARule()
+{
+    QFETCH(QString, part);
+    QFETCH(QStringList, states);
+    const QStringList selectors = Selectors(SheetText(true));
+    for (const QString& state : std::as_const(states))
+        QVERIFY2(selectors.contains(part + QLatin1Char(':') + state), qPrintable(state));
+}
+
+void tst_Theme::EveryPictureOfTheSheetsCanBeLoaded()
+{
+    QFETCH(bool, dayMode);
+    static const QRegularExpression reference(QStringLiteral("url\\(\"([^\"]+)\"\\)"));
+    const QString folder = Theme(dayMode).VenueDatabaseSheetPath().section(QLatin1Char('/'), 0, -2);
+    int pictures = 0;
+    for (const auto& match : reference.globalMatch(SheetText(dayMode))) {
+        const QString path = folder + QLatin1Char('/') + match.captured(1);
+        QVERIFY2(!QPixmap(path).isNull(), qPrintable(path));
+        ++pictures;
+    }
+    QVERIFY(pictures > 10);
+}
+
+void tst_Theme::ASheetServesFromItsFolder()
+{
+    QFETCH(bool, dayMode);
+    // As it is installed: a host loads the file, and the pictures are found beside it.
+    const QString folder
+        = QStringLiteral(VDB_STYLES_DIR) + (dayMode ? QStringLiteral("/light") : QStringLiteral("/dark"));
+    qApp->setStyleSheet(QStringLiteral("file:///") + folder + QStringLiteral("/venue-database.qss"));
+    {
+        QMessageBox box(QMessageBox::Warning, QStringLiteral("Error"), QStringLiteral("Text"));
+        box.show();
+        const QImage drawn = box.iconPixmap().toImage();
+        const QImage expected = QIcon(folder + QStringLiteral("/warning.svg")).pixmap(drawn.size()).toImage();
+        QVERIFY(!drawn.isNull());
+        QCOMPARE(drawn.convertToFormat(QImage::Format_ARGB32),
+                 expected.convertToFormat(QImage::Format_ARGB32));
+    }
+    qApp->setStyleSheet({});
+    for (const char* name : {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day",
+                             "korvelFoldingWidgetClosed", "korvelFoldingWidgetClosed_day"})
+        QVERIFY(!QPixmap(folder + QStringLiteral("/%1.svg").arg(QLatin1String(name))).isNull());
+}
+
+void tst_Theme::FoldingIconsAreWhereTheModuleLooks_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day",
+                             "korvelFoldingWidgetClosed", "korvelFoldingWidgetClosed_day"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_Theme::FoldingIconsAreWhereTheModuleLooks()
+{
+    QFETCH(QString, name);
+    const QImage icon = QPixmap(QStringLiteral(":/Resources/%1.svg").arg(name)).toImage();
+    QCOMPARE(icon.size(), QSize(16, 16));
+    // The day icons stand on a light bar, the others on a dark one.
+    const Theme theme(name.endsWith(QStringLiteral("_day")));
+    double strongest = 0;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x) {
+            const QColor pixel = icon.pixelColor(x, y);
+            if (pixel.alpha() > 200)
+                strongest = std::max(strongest, Contrast(pixel, theme.Colour(QStringLiteral("caption-bar"))));
+        }
+    }
+    QVERIFY2(strongest >= 4.5, qPrintable(QString::number(strongest)));
+}
+
+void tst_Theme::TextsOfThePlanAreReadable_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("ground");
+    const struct
+    {
+        const char* text;
+        const char* grounds;
+    } pairs[] = {
+        {"text", "window raised-hover raised-pressed"},
+        {"text-muted", "raised-off"},
+        {"accent-text", "accent accent-hover accent-pressed"},
+        {"plan-text", "plan-paper plan-stage plan-seats plan-floor"},
+        {"plan-text-muted", "plan-paper"},
+    };
+    for (const auto& pair : pairs) {
+        for (const QString& ground : QString::fromLatin1(pair.grounds).split(QLatin1Char(' ')))
+            QTest::addRow("%s on %s", pair.text, qPrintable(ground))
+                << QString::fromLatin1(pair.text) << ground;
+    }
+}
+
+void tst_Theme::TextsOfThePlanAreReadable()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, ground);
+    for (const bool dayMode : {true, false}) {
+        const Theme theme(dayMode);
+        const double contrast = Contrast(theme.Colour(text), theme.Colour(ground));
+        QVERIFY2(contrast >= 4.5,
+                 qPrintable(QStringLiteral("%1 : 1 in day mode %2").arg(contrast).arg(dayMode)));
+    }
+}
+
+QTEST_MAIN(tst_Theme)
+#include "tst_Theme.moc"

@@ -1,0 +1,117 @@
+#include <data/User.h>
+
+#include <tests/support/MessageGuard.h>
+
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+using korvel::Data::VenueDatabase::User;
+
+namespace {
+
+using TextGetter = QString (User::*)() const;
+
+} // namespace
+
+Q_DECLARE_METATYPE(TextGetter)
+
+class tst_User : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+
+    void DefaultUserIsEmpty()
+    {
+        const User user;
+        QCOMPARE(user.GetId(), -1);
+        QCOMPARE(user.GetUserType(), -1);
+        for (const TextField& field : c_textFields)
+            QCOMPARE((user.*field.getter)(), QString());
+    }
+
+    void TextIsKept_data()
+    {
+        QTest::addColumn<TextGetter>("getter");
+        QTest::addColumn<QString>("text");
+        for (const TextField& field : c_textFields)
+            QTest::newRow(field.text) << field.getter << QString::fromLatin1(field.text);
+    }
+    void TextIsKept()
+    {
+        QFETCH(TextGetter, getter);
+        QFETCH(QString, text);
+        QCOMPARE((FilledUser().*getter)(), text);
+    }
+
+    void NumbersAreKept()
+    {
+        const User user = FilledUser();
+        QCOMPARE(user.GetId(), 12);
+        QCOMPARE(user.GetUserType(), 3);
+    }
+
+    void CopyKeepsEverythingAndIsIndependent()
+    {
+        User source = FilledUser();
+        const User copy(source);
+        User assigned;
+        assigned = source;
+        QString changed = u"changed"_s;
+        source.SetId(1);
+        source.SetUserType(1);
+        source.SetUserName(changed);
+        source.SetLastLoginDate(changed);
+
+        for (const User& user : {copy, assigned}) {
+            QCOMPARE(user.GetId(), 12);
+            QCOMPARE(user.GetUserType(), 3);
+            for (const TextField& field : c_textFields)
+                QCOMPARE((user.*field.getter)(), QString::fromLatin1(field.text));
+        }
+    }
+
+private:
+    struct TextField
+    {
+        TextGetter getter;
+        const char* text;
+    };
+    static constexpr TextField c_textFields[] = {
+        {&User::GetUserName, "user name"},
+        {&User::GetRealName, "real name"},
+        {&User::GetCompany, "company"},
+        {&User::GetStreetAddressPoBox, "street or box"},
+        {&User::GetPostalCode, "postal code"},
+        {&User::GetCity, "city"},
+        {&User::GetCountry, "country"},
+        {&User::GetRegistrationDate, "registration date"},
+        {&User::GetLastLoginDate, "last login date"},
+    };
+
+    /// Every field set to the name that c_textFields gives it.
+    static User FilledUser()
+    {
+        User user;
+        user.SetId(12);
+        user.SetUserType(3);
+        user.SetLastLoginDate(u"last login date"_s);
+        using TextSetter = void (User::*)(QString&);
+        const std::pair<TextSetter, QString> texts[] = {
+            {&User::SetUserName, u"user name"_s},     {&User::SetRealName, u"real name"_s},
+            {&User::SetCompany, u"company"_s},        {&User::SetStreetAddressPoBox, u"street or box"_s},
+            {&User::SetPostalCode, u"postal code"_s}, {&User::SetCity, u"city"_s},
+            {&User::SetCountry, u"country"_s},        {&User::SetRegistrationDate, u"registration date"_s},
+        };
+        for (auto [setter, text] : texts)
+            (user.*setter)(text);
+        return user;
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_User)
+#include "tst_User.moc"

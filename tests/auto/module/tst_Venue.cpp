@@ -1,0 +1,379 @@
+#include <data/Venue.h>
+
+#include <tests/support/MessageGuard.h>
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QTest>
+#include <QTranslator>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::Literals::StringLiterals;
+using korvel::Data::VenueDatabase::Venue;
+
+namespace {
+
+using TextGetter = QString (Venue::*)() const;
+using TextSetter = void (Venue::*)(const QString&);
+
+/// A venue whose every field has a value of its own.
+Venue FilledVenue()
+{
+    Venue venue;
+    venue.SetId(4711);
+    venue.SetComplexName(u"complex"_s);
+    venue.SetVenueRoomName(u"room"_s);
+    venue.SetGeneralComment(u"general"_s);
+    venue.SetStreetAddress(u"Main St 5"_s);
+    venue.SetPostalCode(u"10115"_s);
+    venue.SetCity(u"Berlin"_s);
+    venue.SetCountryCode(u"DE"_s);
+    venue.SetCountry(u"Germany"_s);
+    venue.SetLocationComment(u"location"_s);
+    venue.SetLoadDockStreetAddress(u"dock street"_s);
+    venue.SetLoadDockComment(u"dock comment"_s);
+    venue.SetClearingOfHouseGrid(u"12.5"_s);
+    venue.SetRiggingComment(u"rigging"_s);
+    venue.SetUploadDate(QDate(2023, 2, 1));
+    venue.SetEditor(42);
+    venue.SetEditDate(QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30)));
+    return venue;
+}
+
+/// Marks every text of the context "QObject", so that a test sees which texts were translated.
+class MarkingTranslator : public QTranslator
+{
+public:
+    QString translate(const char* context, const char* source, const char* disambiguation,
+                      int number) const override
+    {
+        if (qstrcmp(context, "QObject") != 0 || (disambiguation && *disambiguation) || number != -1)
+            return {};
+        return u"<"_s + QString::fromLatin1(source) + u">"_s;
+    }
+    bool isEmpty() const override
+    {
+        return false;
+    }
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(TextGetter)
+Q_DECLARE_METATYPE(TextSetter)
+
+class tst_Venue : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+
+    void DefaultVenueIsEmpty()
+    {
+        const Venue venue;
+        QCOMPARE(venue.GetId(), -1);
+        QCOMPARE(venue.GetEditor(), -1);
+        QVERIFY(venue.GetUploadDate().isNull());
+        QVERIFY(venue.GetEditDate().isNull());
+        QCOMPARE(venue.GetUploadDateAsString(), QString());
+        QCOMPARE(venue.GetEditDateAsString(), QString());
+        QVERIFY(venue.GetAddress().isEmpty());
+    }
+
+    void DefaultTextIsEmpty_data()
+    {
+        TextFields();
+    }
+    void DefaultTextIsEmpty()
+    {
+        QFETCH(TextGetter, getter);
+        QCOMPARE((Venue().*getter)(), QString());
+    }
+
+    void TextIsKeptAndTouchesNoOther_data()
+    {
+        TextFields();
+    }
+    void TextIsKeptAndTouchesNoOther()
+    {
+        QFETCH(TextGetter, getter);
+        QFETCH(TextSetter, setter);
+        const QString text = u"<b>Gro\u00dfer Saal</b>\n\u0416 "_s;
+        Venue venue;
+        (venue.*setter)(text);
+        QCOMPARE((venue.*getter)(), text);
+        for (const TextField& other : c_textFields) {
+            if (other.getter != getter)
+                QCOMPARE((venue.*other.getter)(), QString());
+        }
+        QCOMPARE(venue.GetId(), -1);
+        QCOMPARE(venue.GetEditor(), -1);
+    }
+
+    void NumbersAndDatesAreKept()
+    {
+        const Venue venue = FilledVenue();
+        QCOMPARE(venue.GetId(), 4711);
+        QCOMPARE(venue.GetEditor(), 42);
+        QCOMPARE(venue.GetUploadDate(), QDate(2023, 2, 1));
+        QCOMPARE(venue.GetEditDate().date(), QDate(2024, 3, 1));
+        QCOMPARE(venue.GetEditDate().time(), QTime(10, 20, 30));
+    }
+
+    void IdsKeepSixtyFourBits()
+    {
+        Venue venue;
+        venue.SetId(std::numeric_limits<qint64>::max());
+        venue.SetEditor(std::numeric_limits<qint64>::min());
+        QCOMPARE(venue.GetId(), std::numeric_limits<qint64>::max());
+        QCOMPARE(venue.GetEditor(), std::numeric_limits<qint64>::min());
+    }
+
+    void DateTextsHaveTheSystemsShortFormat()
+    {
+        const Venue venue = FilledVenue();
+        QCOMPARE(venue.GetUploadDateAsString(),
+                 QLocale::system().toString(QDate(2023, 2, 1), QLocale::ShortFormat));
+        QCOMPARE(venue.GetEditDateAsString(),
+                 QLocale::system().toString(QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30)),
+                                            QLocale::ShortFormat));
+        // Guards the comparison above against two empty texts.
+        QVERIFY(venue.GetUploadDateAsString().contains(u"2023"_s));
+        QVERIFY(venue.GetEditDateAsString().contains(u"10:20"_s));
+    }
+
+    void AddressPartsLiveInTheAddress()
+    {
+        const QGeoAddress address = FilledVenue().GetAddress();
+        QCOMPARE(address.street(), u"Main St 5"_s);
+        QCOMPARE(address.postalCode(), u"10115"_s);
+        QCOMPARE(address.city(), u"Berlin"_s);
+        QCOMPARE(address.countryCode(), u"DE"_s);
+        QCOMPARE(address.country(), u"Germany"_s);
+    }
+
+    void AddressTextIsTheFormattedAddress()
+    {
+        QCOMPARE(FilledVenue().GetAddressText(), u"Main St 5<br/>10115 Berlin<br/>Germany"_s);
+    }
+
+    void SetAddressReplacesTheWholeAddress()
+    {
+        QGeoAddress address;
+        address.setCity(u"Paris"_s);
+        Venue venue = FilledVenue();
+        venue.SetAddress(address);
+        QCOMPARE(venue.GetAddress(), address);
+        QCOMPARE(venue.GetCity(), u"Paris"_s);
+        QCOMPARE(venue.GetCountry(), QString());
+    }
+
+    void ReturnedAddressIsACopy()
+    {
+        const Venue venue = FilledVenue();
+        QGeoAddress address = venue.GetAddress();
+        address.setCity(u"Paris"_s);
+        QCOMPARE(venue.GetCity(), u"Berlin"_s);
+    }
+
+    void CountryCodeDoesNotSetTheCountry()
+    {
+        Venue venue;
+        venue.SetCountryCode(u"DE"_s);
+        QCOMPARE(venue.GetCountry(), QString());
+        venue.SetCountry(u"Germany"_s);
+        QCOMPARE(venue.GetCountry(), u"Germany"_s);
+        QCOMPARE(venue.GetAddress().countryCode(), u"DE"_s);
+    }
+
+    void ColumnHoldsItsValue_data()
+    {
+        QTest::addColumn<bool>("minimized");
+        QTest::addColumn<qint64>("index");
+        QTest::addColumn<QVariant>("value");
+        const QVariant editDate = QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30));
+
+        QTest::newRow("minimised 0: id") << true << 0LL << QVariant(qint64(4711));
+        QTest::newRow("minimised 1: complex name") << true << 1LL << QVariant(u"complex"_s);
+        QTest::newRow("minimised 2: room name") << true << 2LL << QVariant(u"room"_s);
+        QTest::newRow("minimised 3: city") << true << 3LL << QVariant(u"Berlin"_s);
+        QTest::newRow("minimised 4: country name") << true << 4LL << QVariant(u"Germany"_s);
+        QTest::newRow("minimised 5: edit date") << true << 5LL << editDate;
+        QTest::newRow("minimised 6: none") << true << 6LL << QVariant();
+        QTest::newRow("minimised 9: none") << true << 9LL << QVariant();
+        QTest::newRow("minimised -1: none") << true << -1LL << QVariant();
+        QTest::newRow("minimised, no 32 bit number: none") << true << (1LL << 32) << QVariant();
+
+        QTest::newRow("full 0: id") << false << 0LL << QVariant(qint64(4711));
+        QTest::newRow("full 1: complex name") << false << 1LL << QVariant(u"complex"_s);
+        QTest::newRow("full 2: room name") << false << 2LL << QVariant(u"room"_s);
+        QTest::newRow("full 3: general comment") << false << 3LL << QVariant(u"general"_s);
+        QTest::newRow("full 4: address text")
+            << false << 4LL << QVariant(u"Main St 5<br/>10115 Berlin<br/>Germany"_s);
+        QTest::newRow("full 5: location comment") << false << 5LL << QVariant(u"location"_s);
+        QTest::newRow("full 6: dock street address") << false << 6LL << QVariant(u"dock street"_s);
+        QTest::newRow("full 7: dock comment") << false << 7LL << QVariant(u"dock comment"_s);
+        QTest::newRow("full 8: upload date") << false << 8LL << QVariant(QDate(2023, 2, 1));
+        QTest::newRow("full 9: edit date") << false << 9LL << editDate;
+        QTest::newRow("full 10: none") << false << 10LL << QVariant();
+        QTest::newRow("full 11: none") << false << 11LL << QVariant();
+        QTest::newRow("full -1: none") << false << -1LL << QVariant();
+        QTest::newRow("full, no 32 bit number: none") << false << (1LL << 32) << QVariant();
+    }
+    void ColumnHoldsItsValue()
+    {
+        QFETCH(bool, minimized);
+        QFETCH(qint64, index);
+        QFETCH(QVariant, value);
+        Venue venue = FilledVenue();
+        venue.SetMinimizedElementCount(minimized);
+        const QVariant found = venue.GetDataAt(index);
+        QCOMPARE(found.metaType(), value.metaType());
+        QCOMPARE(found, value);
+    }
+
+    void FullColumnSetIsTheDefaultAndComesBack()
+    {
+        Venue venue = FilledVenue();
+        QCOMPARE(venue.GetDataAt(5), QVariant(u"location"_s));
+        venue.SetMinimizedElementCount(true);
+        QCOMPARE(venue.GetDataAt(5).metaType(), QMetaType::fromType<QDateTime>());
+        venue.SetMinimizedElementCount(false);
+        QCOMPARE(venue.GetDataAt(5), QVariant(u"location"_s));
+    }
+
+    void NullDatesAreHandedOutAsDates()
+    {
+        Venue venue;
+        QCOMPARE(venue.GetDataAt(8).metaType(), QMetaType::fromType<QDate>());
+        QCOMPARE(venue.GetDataAt(9).metaType(), QMetaType::fromType<QDateTime>());
+    }
+
+    void LabelOfColumn_data()
+    {
+        QTest::addColumn<bool>("minimized");
+        QTest::addColumn<qint64>("index");
+        QTest::addColumn<QString>("label");
+        const QStringList minimizedLabels = {u"ID"_s,   u"Complex name"_s, u"Venue/room name"_s,
+                                             u"City"_s, u"Country"_s,      u"Editing date (UTC)"_s};
+        const QStringList fullLabels = {u"ID"_s,
+                                        u"Complex name"_s,
+                                        u"Venue/room name"_s,
+                                        u"General comment"_s,
+                                        u"Address"_s,
+                                        u"Location comment"_s,
+                                        u"Address"_s,
+                                        u"Comment"_s,
+                                        u"Clearance of house grid (m)"_s,
+                                        u"Comment"_s,
+                                        u"Upload date"_s,
+                                        u"Editor"_s,
+                                        u"Editing date (UTC)"_s};
+        for (qsizetype index = -1; index <= 14; ++index) {
+            QTest::addRow("minimised %lld", qlonglong(index))
+                << true << qint64(index) << minimizedLabels.value(index);
+            QTest::addRow("full %lld", qlonglong(index)) << false << qint64(index) << fullLabels.value(index);
+        }
+        QTest::newRow("minimised, no 32 bit number") << true << (1LL << 32) << QString();
+        QTest::newRow("full, no 32 bit number") << false << (1LL << 32) << QString();
+    }
+    void LabelOfColumn()
+    {
+        QFETCH(bool, minimized);
+        QFETCH(qint64, index);
+        QFETCH(QString, label);
+        QCOMPARE(Venue::GetLabelAt(index, minimized), label);
+    }
+
+    void EveryLabelIsTranslatedInTheContextQObject()
+    {
+        MarkingTranslator translator;
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        for (const bool minimized : {true, false}) {
+            for (qint64 index = 0; index < (minimized ? 6 : 13); ++index) {
+                const QString label = Venue::GetLabelAt(index, minimized);
+                QVERIFY2(label.startsWith(u'<') && label.endsWith(u'>'), qPrintable(label));
+            }
+            QCOMPARE(Venue::GetLabelAt(13, minimized), QString());
+        }
+    }
+
+    void SizesAreTheConstants()
+    {
+        QCOMPARE(Venue::Size(true), 6);
+        QCOMPARE(Venue::Size(false), 11);
+        // By reference, as std::minmax() takes them: the constants need a definition, not only a value.
+        QCOMPARE(std::min(Venue::c_elementCount, Venue::c_elementCountMinimized), 6);
+        QCOMPARE(std::max(Venue::c_elementCount, Venue::c_elementCountMinimized), 11);
+    }
+
+    void CopyKeepsEverythingAndIsIndependent_data()
+    {
+        QTest::addColumn<bool>("minimized");
+        QTest::newRow("minimised") << true;
+        QTest::newRow("full") << false;
+    }
+    void CopyKeepsEverythingAndIsIndependent()
+    {
+        QFETCH(bool, minimized);
+        Venue source = FilledVenue();
+        source.SetMinimizedElementCount(minimized);
+        Venue copy(source);
+        Venue assigned;
+        assigned.SetMinimizedElementCount(!minimized);
+        assigned = source;
+
+        source.SetId(1);
+        source.SetComplexName(u"changed"_s);
+        source.SetCity(u"changed"_s);
+        source.SetMinimizedElementCount(!minimized);
+
+        for (Venue* const venue : {&copy, &assigned}) {
+            QCOMPARE(venue->GetDataAt(3), QVariant(minimized ? u"Berlin"_s : u"general"_s));
+            // The full set of both shows every field but the ones compared by name.
+            venue->SetMinimizedElementCount(false);
+            for (qint64 index = 0; index < 10; ++index)
+                QCOMPARE(venue->GetDataAt(index), FilledVenue().GetDataAt(index));
+            QCOMPARE(venue->GetEditor(), 42);
+            QCOMPARE(venue->GetClearingOfHouseGrid(), u"12.5"_s);
+            QCOMPARE(venue->GetRiggingComment(), u"rigging"_s);
+            QCOMPARE(venue->GetAddress(), FilledVenue().GetAddress());
+        }
+    }
+
+private:
+    struct TextField
+    {
+        const char* name;
+        TextGetter getter;
+        TextSetter setter;
+    };
+    static constexpr TextField c_textFields[] = {
+        {"complex name", &Venue::GetComplexName, &Venue::SetComplexName},
+        {"room name", &Venue::GetVenueRoomName, &Venue::SetVenueRoomName},
+        {"general comment", &Venue::GetGeneralComment, &Venue::SetGeneralComment},
+        {"city", &Venue::GetCity, &Venue::SetCity},
+        {"country", &Venue::GetCountry, &Venue::SetCountry},
+        {"location comment", &Venue::GetLocationComment, &Venue::SetLocationComment},
+        {"dock street address", &Venue::GetLoadDockStreetAddress, &Venue::SetLoadDockStreetAddress},
+        {"dock comment", &Venue::GetLoadDockComment, &Venue::SetLoadDockComment},
+        {"clearance", &Venue::GetClearingOfHouseGrid, &Venue::SetClearingOfHouseGrid},
+        {"rigging comment", &Venue::GetRiggingComment, &Venue::SetRiggingComment},
+    };
+    static void TextFields()
+    {
+        QTest::addColumn<TextGetter>("getter");
+        QTest::addColumn<TextSetter>("setter");
+        for (const TextField& field : c_textFields)
+            QTest::newRow(field.name) << field.getter << field.setter;
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Venue)
+#include "tst_Venue.moc"

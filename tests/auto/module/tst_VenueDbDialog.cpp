@@ -1,0 +1,370 @@
+#include <ui/VenueDbDialog.h>
+
+#include <ui/PictureFullscreenDialog.h>
+#include <ui/PictureSlider.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbSignalHandler.h>
+#include <ui/VenueDetailsWidget.h>
+
+#include <tests/support/ConnectorStub.h>
+#include <tests/support/MessageGuard.h>
+#include <tests/support/ModalDriver.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMessageBox>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QStyle>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Ui::VenueDatabase;
+using korvel::Test::ConnectorStub;
+using korvel::Test::ModalDriver;
+
+class tst_VenueDbDialog : public QObject
+{
+    Q_OBJECT
+
+private:
+    ConnectorStub m_stub;
+
+    static VenueDbCentralWidget* PanelOf(const VenueDbDialog& dialog)
+    {
+        return dialog.findChild<VenueDbCentralWidget*>();
+    }
+
+    static void ExpectOpenedGeometry(const VenueDbDialog& dialog)
+    {
+        const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+        QCOMPARE(dialog.size(), QSize(1062, 768));
+        QCOMPARE(dialog.geometry(),
+                 QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, QSize(1062, 768), available));
+        QVERIFY(dialog.isVisible());
+        QVERIFY(!dialog.isMaximized());
+        QVERIFY(!dialog.isMinimized());
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+        m_stub.onFindVenues = nullptr;
+        m_stub.onGetPictures = nullptr;
+        m_stub.onGetFiles = nullptr;
+        m_stub.calls.clear();
+        Venue first;
+        first.SetId(1);
+        Venue second;
+        second.SetId(2);
+        m_stub.venues = {first, second};
+    }
+
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+
+    void IsBuiltHiddenWithTitleAndButtons()
+    {
+        const VenueDbDialog dialog;
+        QCOMPARE(dialog.parent(), nullptr);
+        QVERIFY(!dialog.isModal());
+        QVERIFY(dialog.isHidden());
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Venue database"));
+        QCOMPARE(dialog.property("customStyle").toString(), QStringLiteral("dialogKorvelDefault"));
+        // Qt adds the title and the system menu to any frame; nothing else, no minimise or help button.
+        QCOMPARE(dialog.windowFlags(),
+                 Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint | Qt::WindowTitleHint
+                     | Qt::WindowSystemMenuHint);
+        QVERIFY(PanelOf(dialog));
+        QCOMPARE(dialog.layout()->itemAt(0)->widget(), PanelOf(dialog));
+        QCOMPARE(dialog.GetVdbConnectionInfo(), QString());
+    }
+
+    void ConnectionTypes_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("isConnected");
+        QTest::addColumn<QString>("info");
+        const QString none = QStringLiteral("no connection specified");
+        QTest::newRow("JSONREST") << QStringLiteral("JSONREST") << true
+                                  << QStringLiteral("JsonRest connection ");
+        QTest::newRow("lower case") << QStringLiteral("jsonrest") << false << none;
+        QTest::newRow("blank behind") << QStringLiteral("JSONREST ") << false << none;
+        QTest::newRow("empty") << QString() << false << none;
+    }
+    void ConnectionTypes()
+    {
+        QFETCH(QString, type);
+        VenueDbDialog dialog;
+        QTEST(dialog.ConnectVdb(type), "isConnected");
+        QTEST(dialog.GetVdbConnectionInfo(), "info");
+    }
+
+    void DisconnectKeepsTheInfo()
+    {
+        VenueDbDialog dialog;
+        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        dialog.DisconnectVdb();
+        QCOMPARE(dialog.GetVdbConnectionInfo(), QStringLiteral("JsonRest connection "));
+        dialog.DisconnectVdb();
+    }
+
+    void AfterDisconnectOrUnknownTypeSearchesDoNothing_data()
+    {
+        QTest::addColumn<bool>("disconnects");
+        QTest::newRow("disconnected") << true;
+        QTest::newRow("unknown type") << false;
+    }
+    void AfterDisconnectOrUnknownTypeSearchesDoNothing()
+    {
+        QFETCH(bool, disconnects);
+        VenueDbDialog dialog;
+        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        if (disconnects)
+            dialog.DisconnectVdb();
+        else
+            dialog.ConnectVdb(QStringLiteral("OTHER"));
+        PanelOf(dialog)->PerformQuery();
+        QVERIFY(!dialog.findChild<QTableView*>()->model());
+    }
+
+    void OpenCentresTheDialogOnTheScreen_data()
+    {
+        QTest::addColumn<bool>("givesScreen");
+        QTest::newRow("given screen") << true;
+        QTest::newRow("primary screen for null") << false;
+    }
+    void OpenCentresTheDialogOnTheScreen()
+    {
+        QFETCH(bool, givesScreen);
+        VenueDbDialog dialog;
+        dialog.Open(givesScreen ? QGuiApplication::primaryScreen() : nullptr);
+        ExpectOpenedGeometry(dialog);
+    }
+
+    void OpenRestoresSizeAndState_data()
+    {
+        QTest::addColumn<Qt::WindowState>("state");
+        QTest::newRow("resized") << Qt::WindowNoState;
+        QTest::newRow("maximised") << Qt::WindowMaximized;
+        QTest::newRow("minimised") << Qt::WindowMinimized;
+    }
+    void OpenRestoresSizeAndState()
+    {
+        QFETCH(Qt::WindowState, state);
+        VenueDbDialog dialog;
+        dialog.Open(nullptr);
+        dialog.setGeometry(10, 10, 1200, 790);
+        dialog.setWindowState(state);
+        dialog.Open(nullptr);
+        ExpectOpenedGeometry(dialog);
+    }
+
+    void OpenSearchesWhenControlIsBackInTheEventLoop()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QVERIFY(m_stub.calls.isEmpty());
+        QTRY_COMPARE(m_stub.calls.size(), 2);
+    }
+
+    void ProgressIsShownInTheFrame()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        QString textMeanwhile;
+        m_stub.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
+            textMeanwhile = dialog.GetStatusLabel()->text();
+            return Ok;
+        };
+        PanelOf(dialog)->PerformQuery();
+        QCOMPARE(textMeanwhile, QStringLiteral("Loading..."));
+    }
+
+    void ClosingOnlyHides()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QTRY_COMPARE(m_stub.calls.size(), 2);
+        QTableView* table = dialog.findChild<QTableView*>();
+
+        QCloseEvent event;
+        QApplication::sendEvent(&dialog, &event);
+        QVERIFY(!event.isAccepted());
+        QVERIFY(dialog.isHidden());
+
+        dialog.Open(nullptr);
+        QCoreApplication::processEvents();
+        QCOMPARE(table->model()->rowCount(), 2);
+        QCOMPARE(m_stub.calls.size(), 2);
+    }
+
+    void GivingUpHidesTheDialog()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        m_stub.onFindVenues = [](const ConnectorStub::Filters&, QList<Venue>&) { return Timeout; };
+        const ModalDriver<QMessageBox> driver(
+            [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::Close), Qt::LeftButton); });
+        dialog.Open(nullptr);
+        QTRY_VERIFY(dialog.isHidden());
+        QCOMPARE(driver.Count(), 1);
+    }
+
+    void VenueLoadedReachesTheHubOnce_data()
+    {
+        QTest::addColumn<bool>("loaded");
+        QTest::newRow("imported") << true;
+        QTest::newRow("refused") << false;
+    }
+    void VenueLoadedReachesTheHubOnce()
+    {
+        QFETCH(bool, loaded);
+        VenueDbDialog dialog;
+        const QSignalSpy own(&dialog, &VenueDbDialog::VenueLoaded);
+        const QSignalSpy hub(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+        dialog.SetVenueLoaded(loaded);
+        QCOMPARE(own.count(), 1);
+        QCOMPARE(hub.count(), 1);
+        QCOMPARE(hub.first().first().toBool(), loaded);
+    }
+
+    void DayModeReachesTheDetails()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QTRY_COMPARE(m_stub.calls.size(), 2);
+        dialog.findChild<QTableView*>()->selectRow(0);
+        auto* slider = dialog.findChild<PictureSlider*>();
+        const auto corner = [slider]() { return slider->grab().toImage().pixelColor(250, 2); };
+        dialog.SetDayMode(true);
+        QCOMPARE(corner(), QColor(Qt::white));
+        dialog.SetDayMode(false);
+        QCOMPARE(corner(), QColor(49, 49, 49));
+    }
+
+    void QuittingIsNotStoppedByVisibleWindows_data()
+    {
+        QTest::addColumn<bool>("opensViewer");
+        QTest::newRow("dialog") << false;
+        QTest::newRow("dialog and full-screen viewer") << true;
+    }
+    void QuittingIsNotStoppedByVisibleWindows()
+    {
+        QFETCH(bool, opensViewer);
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        if (opensViewer)
+            dialog.findChild<PictureFullscreenDialog*>()->Open();
+        constexpr int stopped = 99;
+        QTimer::singleShot(10000, &dialog, []() { QCoreApplication::exit(stopped); });
+        QTimer::singleShot(0, &dialog, []() { QCoreApplication::quit(); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QVERIFY(dialog.isHidden());
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+
+    void DialogMayBeDeletedDuringTheSearch_data()
+    {
+        QTest::addColumn<bool>("later");
+        QTest::newRow("directly") << false;
+        QTest::newRow("deleteLater") << true;
+    }
+    void DialogMayBeDeletedDuringTheSearch()
+    {
+        QFETCH(bool, later);
+        const QPointer<VenueDbDialog> dialog = new VenueDbDialog;
+        PanelOf(*dialog)->SetConnector(&m_stub);
+        m_stub.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
+            // As inside the connector's wait.
+            QEventLoop loop;
+            connect(dialog, &QObject::destroyed, &loop, &QEventLoop::quit);
+            QTimer::singleShot(0, dialog, [&]() {
+                if (later)
+                    dialog->deleteLater();
+                else
+                    delete dialog;
+            });
+            loop.exec(QEventLoop::ExcludeUserInputEvents);
+            return Timeout;
+        };
+        dialog->Open(nullptr);
+        QTRY_VERIFY(!dialog);
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void DeferredDeletionWaitsForTheDetails()
+    {
+        const QPointer<VenueDbDialog> dialog = new VenueDbDialog;
+        VenueDbCentralWidget* panel = PanelOf(*dialog);
+        panel->SetConnector(&m_stub);
+        dialog->Open(nullptr);
+        QTRY_COMPARE(m_stub.calls.size(), 2);
+        bool wasAliveAfterTheEvent = false;
+        m_stub.onGetPictures = [&](qint64) {
+            QEventLoop loop;
+            QTimer::singleShot(0, dialog, [&]() {
+                dialog->deleteLater();
+                // Delivered by this loop's next turn, before the second timer.
+                QTimer::singleShot(50, &loop, [&]() {
+                    wasAliveAfterTheEvent = !dialog.isNull();
+                    loop.quit();
+                });
+            });
+            loop.exec(QEventLoop::ExcludeUserInputEvents);
+            return QList<Picture>();
+        };
+        // A real click: Qt's view code is on the stack while the details load.
+        auto* table = dialog->findChild<QTableView*>();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                          table->visualRect(table->model()->index(0, 1)).center());
+        QVERIFY(wasAliveAfterTheEvent);
+        QTRY_VERIFY(!dialog);
+    }
+
+    void DeferredDeletionEndsTheDetailsAtOnce()
+    {
+        const QPointer<VenueDbDialog> dialog = new VenueDbDialog;
+        // Two connectors: the dialog's own, real one ends with the dialog's decision; the stub tells when.
+        dialog->ConnectVdb(QStringLiteral("JSONREST"));
+        PanelOf(*dialog)->SetConnector(&m_stub);
+        dialog->Open(nullptr);
+        QTRY_COMPARE(m_stub.calls.size(), 2);
+        bool wasVisibleAfterTheEvent = true;
+        m_stub.onGetPictures = [&](qint64) {
+            dialog->deleteLater();
+            QCoreApplication::sendPostedEvents(dialog, QEvent::DeferredDelete);
+            wasVisibleAfterTheEvent = dialog && dialog->isVisible();
+            return QList<Picture>();
+        };
+        dialog->findChild<QTableView*>()->selectRow(1);
+        QTRY_VERIFY(!dialog);
+        QVERIFY(!wasVisibleAfterTheEvent);
+    }
+
+    void DeletionEndsTheConnector()
+    {
+        auto dialog = std::make_unique<VenueDbDialog>();
+        dialog->ConnectVdb(QStringLiteral("JSONREST"));
+        dialog->ConnectVdb(QStringLiteral("JSONREST"));
+        dialog.reset();
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+};
+
+QTEST_MAIN(tst_VenueDbDialog)
+#include "tst_VenueDbDialog.moc"

@@ -1,0 +1,812 @@
+#include <data/Venue.h>
+#include <ui/PictureSlider.h>
+#include <ui/TsFileOpener.h>
+#include <ui/VenueDetailsWidget.h>
+
+#include <tests/support/MessageGuard.h>
+
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QTableView>
+#include <QTest>
+#include <QTextCursor>
+#include <QTextDocumentFragment>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace korvel::Ui::VenueDatabase;
+using korvel::Data::VenueDatabase::Picture;
+using korvel::Data::VenueDatabase::TsFile;
+using korvel::Data::VenueDatabase::Venue;
+
+namespace {
+
+QString StyleOf(const QObject* object)
+{
+    return object->property("customStyle").toString();
+}
+
+/// A position that names a field: labels "Address" and "Comment" exist several times.
+enum LineField
+{
+    Id,
+    Editor,
+    EditDate,
+    UploadDate,
+    ComplexName,
+    VenueRoomName,
+    DockAddress,
+    Clearance
+};
+enum TextField
+{
+    GeneralComment,
+    Address,
+    LocationComment,
+    DockComment,
+    RiggingComment
+};
+
+/// The panel's own fields, in the order in which a reader finds them.
+QList<QLineEdit*> LineEdits(const QWidget& panel)
+{
+    return panel.findChildren<QLineEdit*>();
+}
+
+QList<QTextEdit*> TextEdits(const QWidget& panel)
+{
+    return panel.findChildren<QTextEdit*>();
+}
+
+QString LineText(const QWidget& panel, LineField field)
+{
+    return LineEdits(panel).value(field)->text();
+}
+
+QString AreaText(const QWidget& panel, TextField field)
+{
+    return TextEdits(panel).value(field)->toPlainText();
+}
+
+QScrollArea* Body(const QWidget& panel)
+{
+    return panel.findChild<QScrollArea*>();
+}
+
+QLabel* Label(const QWidget& panel, const QString& text)
+{
+    const QList<QLabel*> labels = panel.findChildren<QLabel*>();
+    const auto found = std::find_if(labels.cbegin(), labels.cend(),
+                                    [&text](const QLabel* label) { return label->text() == text; });
+    return found == labels.cend() ? nullptr : *found;
+}
+
+QWidget* CaptionBar(const QWidget& panel)
+{
+    return Label(panel, QStringLiteral("Venue details"))->parentWidget();
+}
+
+QLabel* FoldIcon(const QWidget& panel)
+{
+    return qobject_cast<QLabel*>(CaptionBar(panel)->layout()->itemAt(0)->widget());
+}
+
+QColor FoldIconColour(const QWidget& panel)
+{
+    return FoldIcon(panel)->pixmap().toImage().pixelColor(8, 8);
+}
+
+QRect GeometryIn(const QWidget& panel, const QWidget* widget)
+{
+    return {widget->mapTo(&panel, QPoint(0, 0)), widget->size()};
+}
+
+Venue CreateVenue()
+{
+    Venue venue;
+    venue.SetId(4294967297);
+    venue.SetComplexName(QStringLiteral("complex"));
+    venue.SetVenueRoomName(QStringLiteral("room"));
+    venue.SetGeneralComment(QStringLiteral("general"));
+    venue.SetStreetAddress(QStringLiteral("Main St 5"));
+    venue.SetPostalCode(QStringLiteral("10115"));
+    venue.SetCity(QStringLiteral("Berlin"));
+    venue.SetCountryCode(QStringLiteral("DE"));
+    venue.SetCountry(QStringLiteral("Germany"));
+    venue.SetLocationComment(QStringLiteral("location"));
+    venue.SetLoadDockStreetAddress(QStringLiteral("dock address"));
+    venue.SetLoadDockComment(QStringLiteral("dock comment"));
+    venue.SetClearingOfHouseGrid(QStringLiteral("12.5"));
+    venue.SetRiggingComment(QStringLiteral("rigging"));
+    venue.SetUploadDate(QDate(2020, 1, 2));
+    venue.SetEditor(77);
+    venue.SetEditDate(QDateTime(QDate(2024, 3, 1), QTime(10, 30)));
+    return venue;
+}
+
+QList<Picture> TwoPictures()
+{
+    Picture first;
+    first.SetAlternativeDescription(QStringLiteral("Stage"));
+    return {first, Picture()};
+}
+
+QList<TsFile> TwoFiles()
+{
+    QList<TsFile> files(2);
+    QString name = QStringLiteral("a.tessra");
+    files[0].SetFileName(name);
+    name = QStringLiteral("b.tessra");
+    files[1].SetFileName(name);
+    return files;
+}
+
+void Fill(VenueDetailsWidget& panel, Venue venue)
+{
+    QList<Picture> pictures = TwoPictures();
+    QList<TsFile> files = TwoFiles();
+    panel.UpdateUi(&venue, &pictures, &files);
+}
+
+} // namespace
+
+class tst_VenueDetailsWidget : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+
+    void StartsEmptyAndExpanded()
+    {
+        const VenueDetailsWidget panel;
+        QCOMPARE(LineEdits(panel).size(), 8);
+        QCOMPARE(TextEdits(panel).size(), 5);
+        for (const QLineEdit* field : LineEdits(panel))
+            QVERIFY(field->text().isEmpty());
+        for (const QTextEdit* field : TextEdits(panel))
+            QVERIFY(field->toPlainText().isEmpty());
+        QCOMPARE(panel.minimumHeight(), 516);
+        QCOMPARE(panel.maximumHeight(), 516);
+        QVERIFY(!Body(panel)->isHidden());
+        QVERIFY(!panel.findChild<PictureSlider*>()->isHidden());
+        QVERIFY(!panel.findChild<TsFileOpener*>()->isHidden());
+    }
+
+    void EachFieldShowsItsValue()
+    {
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        QCOMPARE(LineText(panel, Id), QStringLiteral("4294967297"));
+        QCOMPARE(LineText(panel, Editor), QStringLiteral("77"));
+        QCOMPARE(
+            LineText(panel, EditDate),
+            QLocale::system().toString(QDateTime(QDate(2024, 3, 1), QTime(10, 30)), QLocale::ShortFormat));
+        QVERIFY(LineText(panel, EditDate).contains(QStringLiteral("10:30")));
+        QCOMPARE(LineText(panel, UploadDate),
+                 QLocale::system().toString(QDate(2020, 1, 2), QLocale::ShortFormat));
+        QVERIFY(LineText(panel, UploadDate).contains(QStringLiteral("20")));
+        QCOMPARE(LineText(panel, ComplexName), QStringLiteral("complex"));
+        QCOMPARE(LineText(panel, VenueRoomName), QStringLiteral("room"));
+        QCOMPARE(AreaText(panel, GeneralComment), QStringLiteral("general"));
+        QCOMPARE(AreaText(panel, LocationComment), QStringLiteral("location"));
+        QCOMPARE(LineText(panel, DockAddress), QStringLiteral("dock address"));
+        QCOMPARE(AreaText(panel, DockComment), QStringLiteral("dock comment"));
+        QCOMPARE(LineText(panel, Clearance), QStringLiteral("12.5"));
+        QCOMPARE(AreaText(panel, RiggingComment), QStringLiteral("rigging"));
+    }
+
+    void AddressShowsItsLinesAsLines()
+    {
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        QCOMPARE(AreaText(panel, Address), QStringLiteral("Main St 5\n10115 Berlin\nGermany"));
+        QCOMPARE(TextEdits(panel).value(Address)->document()->blockCount(), 3);
+    }
+
+    void UnknownValuesAreMinusOneOrEmpty()
+    {
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        Fill(panel, Venue());
+        QCOMPARE(LineText(panel, Id), QStringLiteral("-1"));
+        QCOMPARE(LineText(panel, Editor), QStringLiteral("-1"));
+        for (const LineField field :
+             {EditDate, UploadDate, ComplexName, VenueRoomName, DockAddress, Clearance})
+            QVERIFY(LineText(panel, field).isEmpty());
+        for (const TextField field : {GeneralComment, Address, LocationComment, DockComment, RiggingComment})
+            QVERIFY(AreaText(panel, field).isEmpty());
+    }
+
+    void PicturesAndFilesAreHandedOn()
+    {
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        QVERIFY(Label(panel, QStringLiteral("1/2 Stage")));
+        const auto* combo = panel.findChild<QComboBox*>();
+        QCOMPARE(combo->count(), 2);
+        QCOMPARE(combo->itemText(1), QStringLiteral("b.tessra"));
+    }
+
+    void NullVenueAndResetEmptyEverything_data()
+    {
+        QTest::addColumn<bool>("byNullVenue");
+        QTest::newRow("null venue") << true;
+        QTest::newRow("reset") << false;
+    }
+    void NullVenueAndResetEmptyEverything()
+    {
+        QFETCH(bool, byNullVenue);
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        if (byNullVenue) {
+            QList<Picture> pictures = TwoPictures();
+            QList<TsFile> files = TwoFiles();
+            panel.UpdateUi(nullptr, &pictures, &files);
+        } else {
+            panel.ResetUi();
+        }
+        for (const QLineEdit* field : LineEdits(panel))
+            QVERIFY(field->text().isEmpty());
+        for (const QTextEdit* field : TextEdits(panel))
+            QVERIFY(field->toPlainText().isEmpty());
+        QVERIFY(Label(panel, QStringLiteral("-/0")));
+        QCOMPARE(panel.findChild<QComboBox*>()->count(), 0);
+    }
+
+    void NullVenueNeedsNoLists()
+    {
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        panel.UpdateUi(nullptr, nullptr, nullptr);
+        QVERIFY(LineText(panel, Id).isEmpty());
+    }
+
+    void EditorIsFilledButNeverVisible()
+    {
+        VenueDetailsWidget panel;
+        panel.show();
+        Fill(panel, CreateVenue());
+        QCOMPARE(LineText(panel, Editor), QStringLiteral("77"));
+        QVERIFY(!LineEdits(panel).value(Editor)->isVisible());
+        QVERIFY(!Label(panel, QStringLiteral("Editor:"))->isVisible());
+        panel.SetCollapsed(true);
+        panel.SetCollapsed(false);
+        QVERIFY(!LineEdits(panel).value(Editor)->isVisible());
+        QVERIFY(LineEdits(panel).value(Id)->isVisible());
+        panel.hide();
+    }
+
+    void HostileTextsAreShownLiterally()
+    {
+        const QString markup = QStringLiteral("<h1>Hall</h1><img src=\"/etc/x.png\" width=30000>&lt;");
+        Venue venue;
+        venue.SetComplexName(markup);
+        venue.SetVenueRoomName(markup);
+        venue.SetGeneralComment(markup);
+        venue.SetStreetAddress(markup);
+        venue.SetLocationComment(markup);
+        venue.SetLoadDockStreetAddress(markup);
+        venue.SetLoadDockComment(markup);
+        venue.SetClearingOfHouseGrid(QString(5000, QLatin1Char('W')));
+        venue.SetRiggingComment(markup);
+        VenueDetailsWidget panel;
+        const QSize hint = panel.minimumSizeHint();
+        Fill(panel, venue);
+        QCOMPARE(LineText(panel, ComplexName), markup);
+        QCOMPARE(LineText(panel, VenueRoomName), markup);
+        QCOMPARE(LineText(panel, DockAddress), markup);
+        for (const TextField field : {GeneralComment, LocationComment, DockComment, RiggingComment})
+            QCOMPARE(AreaText(panel, field), markup);
+        QVERIFY2(AreaText(panel, Address).startsWith(markup), qPrintable(AreaText(panel, Address)));
+        QCOMPARE(panel.minimumSizeHint(), hint);
+        QCOMPARE(Body(panel)->widget()->minimumSizeHint().width() <= 1046, true);
+    }
+
+    void LongTextsShowTheirBeginning()
+    {
+        VenueDetailsWidget panel;
+        Venue venue;
+        venue.SetComplexName(QString(500, QLatin1Char('x')));
+        Fill(panel, venue);
+        QCOMPARE(LineEdits(panel).value(ComplexName)->cursorPosition(), 0);
+    }
+
+    void RowsStandInOrder()
+    {
+        VenueDetailsWidget panel;
+        panel.resize(1062, 516);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const QList<QLineEdit*> lines = LineEdits(panel);
+        const QList<QTextEdit*> texts = TextEdits(panel);
+        const auto isAbove = [&panel](const QWidget* upper, const QWidget* lower) {
+            return GeometryIn(panel, upper).bottom() < GeometryIn(panel, lower).top();
+        };
+        const auto captionOf = [&panel](const char* text) { return Label(panel, QString::fromLatin1(text)); };
+
+        QVERIFY(isAbove(lines.at(Id), lines.at(EditDate)));
+        QVERIFY(isAbove(lines.at(EditDate), lines.at(UploadDate)));
+        QVERIFY(isAbove(lines.at(UploadDate), lines.at(ComplexName)));
+        QVERIFY(isAbove(lines.at(ComplexName), lines.at(VenueRoomName)));
+        QVERIFY(isAbove(lines.at(VenueRoomName), panel.findChild<TsFileOpener*>()));
+
+        QVERIFY(isAbove(captionOf("General"), texts.at(GeneralComment)));
+        QVERIFY(isAbove(texts.at(GeneralComment), texts.at(Address)));
+        QVERIFY(isAbove(texts.at(Address), texts.at(LocationComment)));
+
+        QVERIFY(isAbove(captionOf("Loading dock"), lines.at(DockAddress)));
+        QVERIFY(isAbove(lines.at(DockAddress), texts.at(DockComment)));
+        QVERIFY(isAbove(texts.at(DockComment), captionOf("Rigging")));
+        QVERIFY(isAbove(captionOf("Rigging"), lines.at(Clearance)));
+        QVERIFY(isAbove(lines.at(Clearance), texts.at(RiggingComment)));
+        panel.hide();
+    }
+
+    void LabelsStandBeforeTheirFields_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<int>("line");
+        QTest::addColumn<int>("text");
+        QTest::newRow("id") << QStringLiteral("ID:") << int(Id) << -1;
+        QTest::newRow("editing date") << QStringLiteral("Editing date (UTC):") << int(EditDate) << -1;
+        QTest::newRow("upload date") << QStringLiteral("Upload date:") << int(UploadDate) << -1;
+        QTest::newRow("complex name") << QStringLiteral("Complex name:") << int(ComplexName) << -1;
+        QTest::newRow("venue/room name") << QStringLiteral("Venue/room name:") << int(VenueRoomName) << -1;
+        QTest::newRow("dock address") << QStringLiteral("Address:") << int(DockAddress) << -1;
+        QTest::newRow("clearance") << QStringLiteral("Clearance of house grid (m):") << int(Clearance) << -1;
+        QTest::newRow("general comment") << QStringLiteral("General comment:") << -1 << int(GeneralComment);
+        QTest::newRow("address") << QStringLiteral("Address:") << -1 << int(Address);
+        QTest::newRow("location comment")
+            << QStringLiteral("Location comment:") << -1 << int(LocationComment);
+        QTest::newRow("dock comment") << QStringLiteral("Comment:") << -1 << int(DockComment);
+        QTest::newRow("rigging comment") << QStringLiteral("Comment:") << -1 << int(RiggingComment);
+    }
+    void LabelsStandBeforeTheirFields()
+    {
+        QFETCH(QString, label);
+        QFETCH(int, line);
+        QFETCH(int, text);
+        VenueDetailsWidget panel;
+        panel.resize(1062, 516);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const QWidget* field = line >= 0 ? static_cast<QWidget*>(LineEdits(panel).value(line))
+                                         : static_cast<QWidget*>(TextEdits(panel).value(text));
+        const QRect place = GeometryIn(panel, field);
+        const QList<QLabel*> labels = panel.findChildren<QLabel*>();
+        const auto found = std::find_if(labels.cbegin(), labels.cend(), [&](const QLabel* candidate) {
+            const QRect rect = GeometryIn(panel, candidate);
+            return candidate->text() == label && rect.top() == place.top() && rect.right() < place.left()
+                && place.left() - rect.right() < 20;
+        });
+        QVERIFY(found != labels.cend());
+        QCOMPARE((*found)->minimumWidth(), 140);
+        QCOMPARE(StyleOf(*found), QStringLiteral("labelKorvelLight"));
+        if (text >= 0)
+            QVERIFY((*found)->alignment().testFlag(Qt::AlignTop));
+        panel.hide();
+    }
+
+    void FieldsAreReadOnlyAndStyled()
+    {
+        const VenueDetailsWidget panel;
+        for (const QLineEdit* field : LineEdits(panel)) {
+            QVERIFY(field->isReadOnly());
+            QCOMPARE(StyleOf(field), QStringLiteral("lineEditKorvelDisplayOnly"));
+        }
+        for (const QTextEdit* field : TextEdits(panel)) {
+            QVERIFY(field->isReadOnly());
+            QCOMPARE(StyleOf(field), QStringLiteral("textEditKorvelDisplayOnly"));
+            QCOMPARE(field->minimumHeight(), 54);
+            QCOMPARE(field->maximumHeight(), 54);
+        }
+    }
+
+    void StyleClassesOfTheFrame()
+    {
+        const VenueDetailsWidget panel;
+        QCOMPARE(StyleOf(&panel), QStringLiteral("widgetKorvelDefault"));
+        QCOMPARE(StyleOf(CaptionBar(panel)), QStringLiteral("widgetKorvelViewSectionHeaderBright"));
+        QCOMPARE(StyleOf(Label(panel, QStringLiteral("Venue details"))),
+                 QStringLiteral("labelKorvelSectionCaptionDark"));
+        QCOMPARE(StyleOf(Body(panel)), QStringLiteral("scrollAreaKorvelDefault"));
+        QCOMPARE(StyleOf(Body(panel)->widget()), QStringLiteral("widgetKorvelDefault"));
+        QCOMPARE(StyleOf(panel.findChild<TsFileOpener*>()), QStringLiteral("buttonKorvelDefault"));
+        for (const char* section : {"General", "Loading dock", "Rigging"})
+            QCOMPARE(StyleOf(Label(panel, QString::fromLatin1(section))),
+                     QStringLiteral("labelKorvelCaptionSmall"));
+    }
+
+    void SeparatorsAreThinLines()
+    {
+        const VenueDetailsWidget panel;
+        int separators = 0;
+        for (const QFrame* frame : panel.findChildren<QFrame*>()) {
+            if (StyleOf(frame) != QStringLiteral("lineKorvelDark"))
+                continue;
+            ++separators;
+            QCOMPARE(frame->frameShape(), QFrame::HLine);
+            QCOMPARE(frame->minimumHeight(), 1);
+            QCOMPARE(frame->maximumHeight(), 1);
+            QCOMPARE(frame->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed));
+        }
+        QCOMPARE(separators, 3);
+        QCOMPARE(StyleOf(panel.layout()->itemAt(0)->widget()), QStringLiteral("lineKorvelDark"));
+        QCOMPARE(panel.layout()->itemAt(1)->widget(), CaptionBar(panel));
+        QCOMPARE(StyleOf(panel.layout()->itemAt(2)->widget()), QStringLiteral("lineKorvelDark"));
+        QCOMPARE(panel.layout()->itemAt(3)->widget(), Body(panel));
+    }
+
+    void SizesOfTheFrame()
+    {
+        const VenueDetailsWidget panel;
+        QCOMPARE(panel.sizePolicy(),
+                 QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding));
+        QCOMPARE(panel.layout()->contentsMargins(), QMargins());
+        QCOMPARE(panel.layout()->spacing(), 0);
+        QCOMPARE(CaptionBar(panel)->minimumHeight(), 34);
+        QCOMPARE(CaptionBar(panel)->maximumHeight(), 34);
+        QCOMPARE(Label(panel, QStringLiteral("Venue details"))->sizePolicy(),
+                 QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum));
+
+        const QScrollArea* body = Body(panel);
+        QVERIFY(body->widgetResizable());
+        QCOMPARE(body->frameShape(), QFrame::NoFrame);
+        QCOMPARE(body->maximumHeight(), 480);
+        QCOMPARE(body->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+        QCOMPARE(body->sizePolicy(), QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Ignored));
+        QCOMPARE(body->widget()->sizePolicy(),
+                 QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed));
+        QCOMPARE(body->widget()->minimumWidth(), 1046);
+        QCOMPARE(body->widget()->minimumHeight(), 480);
+        QCOMPARE(body->widget()->maximumHeight(), 480);
+        QCOMPARE(body->widget()->layout()->contentsMargins(), QMargins(4, 4, 4, 0));
+    }
+
+    void SliderIsNotCutOff()
+    {
+        VenueDetailsWidget panel;
+        panel.resize(1062, 516);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const auto* slider = panel.findChild<PictureSlider*>();
+        QCOMPARE(slider->size(), QSize(500, 240));
+        QCOMPARE(slider->parentWidget()->minimumHeight(), 240);
+        QCOMPARE(slider->parentWidget()->maximumHeight(), 240);
+        QVERIFY(slider->parentWidget()->rect().contains(slider->geometry()));
+        QCOMPARE(slider->visibleRegion().boundingRect(), QRect(0, 0, 500, 240));
+        panel.hide();
+    }
+
+    void NothingOfTheBodyIsCutOffOrOverlaps()
+    {
+        VenueDetailsWidget panel;
+        panel.resize(1062, 516);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        QVERIFY(!Body(panel)->horizontalScrollBar()->isVisible());
+        QVERIFY(Body(panel)->verticalScrollBar()->isVisible());
+        QList<QWidget*> shown;
+        for (QLineEdit* field : LineEdits(panel))
+            shown.append(field);
+        for (QTextEdit* field : TextEdits(panel))
+            shown.append(field);
+        for (const char* section : {"General", "Loading dock", "Rigging"})
+            shown.append(Label(panel, QString::fromLatin1(section)));
+        shown.append(panel.findChild<PictureSlider*>());
+        shown.append(panel.findChild<TsFileOpener*>());
+        shown.removeOne(LineEdits(panel).value(Editor));
+        const QRect content(QPoint(0, 0), Body(panel)->widget()->size());
+        for (const QWidget* widget : std::as_const(shown)) {
+            const QRect place = GeometryIn(*Body(panel)->widget(), widget);
+            QVERIFY2(content.contains(place), widget->metaObject()->className());
+            QVERIFY2(widget->height() >= std::min(widget->minimumSizeHint().height(), 54),
+                     widget->metaObject()->className());
+            for (const QWidget* other : std::as_const(shown))
+                QVERIFY(other == widget || !GeometryIn(*Body(panel)->widget(), other).intersects(place));
+        }
+        panel.hide();
+    }
+
+    void ColumnsStandInLine()
+    {
+        VenueDetailsWidget panel;
+        panel.resize(1200, 516);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const QRect general = GeometryIn(panel, Label(panel, QStringLiteral("General")));
+        const QRect dock = GeometryIn(panel, Label(panel, QStringLiteral("Loading dock")));
+        QCOMPARE(general.width(), 500);
+        QCOMPARE(general.top(), dock.top());
+        QVERIFY(dock.left() - general.right() - 1 >= 22);
+        QCOMPARE(GeometryIn(panel, Label(panel, QStringLiteral("ID:"))).left(), dock.left());
+        const QRect id = GeometryIn(panel, LineEdits(panel).value(Id));
+        const QRect comment = GeometryIn(panel, TextEdits(panel).value(DockComment));
+        QCOMPARE(id.left(), comment.left());
+        QCOMPARE(id.right(), comment.right());
+        QCOMPARE(GeometryIn(panel, TextEdits(panel).value(LocationComment)).bottom(),
+                 GeometryIn(panel, TextEdits(panel).value(RiggingComment)).bottom());
+        panel.hide();
+    }
+
+    void TooltipTellsWhatTheFieldMeans_data()
+    {
+        QTest::addColumn<int>("line");
+        QTest::addColumn<int>("text");
+        QTest::addColumn<QString>("tooltip");
+        QTest::newRow("complex name")
+            << int(ComplexName) << -1
+            << QStringLiteral(
+                   "Name of overall multi-venue building or campus (identical to Venue name if there "
+                   "is only one event venue in the building/on the campus).");
+        QTest::newRow("venue/room name")
+            << int(VenueRoomName) << -1
+            << QStringLiteral(
+                   "Name of the specific venue/room within the multi-venue building/campus (identical "
+                   "to Complex name if there is only one venue in the building).");
+        QTest::newRow("address") << -1 << int(Address) << QStringLiteral("Official address of venue.");
+        QTest::newRow("location comment")
+            << -1 << int(LocationComment)
+            << QStringLiteral("Anything that is important to know when accessing the venue, such as \"try to "
+                              "arrive before 9am to avoid terrible traffic\".");
+        QTest::newRow("dock address")
+            << int(DockAddress) << -1
+            << QStringLiteral(
+                   "If the street address of the loading dock is not the same as the official loading "
+                   "dock address, please enter here.");
+        QTest::newRow("dock comment")
+            << -1 << int(DockComment)
+            << QStringLiteral("If there are any peculiarities about the dock (e.g. \"difficult to reverse "
+                              "into\", or \"freight elevator only\"), please note them here.");
+        QTest::newRow("clearance") << int(Clearance) << -1
+                                   << QStringLiteral(
+                                          "To calculate how much actual rigging height is going to be "
+                                          "available considering production-specific pre-riggs and "
+                                          "chain motors.");
+        QTest::newRow("rigging comment")
+            << -1 << int(RiggingComment)
+            << QStringLiteral("Any specialties or unusual restrictions, such as \"all points have to be "
+                              "bridled\" or \"no access to catwalk, all points have to be set via cherry "
+                              "picker\".");
+        for (const LineField field : {Id, Editor, EditDate, UploadDate})
+            QTest::addRow("none for line field %d", int(field)) << int(field) << -1 << QString();
+        QTest::newRow("none for the general comment") << -1 << int(GeneralComment) << QString();
+    }
+    void TooltipTellsWhatTheFieldMeans()
+    {
+        QFETCH(int, line);
+        QFETCH(int, text);
+        QFETCH(QString, tooltip);
+        const VenueDetailsWidget panel;
+        QCOMPARE(line >= 0 ? LineEdits(panel).value(line)->toolTip()
+                           : TextEdits(panel).value(text)->toolTip(),
+                 tooltip);
+    }
+    void LabelsHaveNoTooltip()
+    {
+        const VenueDetailsWidget panel;
+        for (const QLabel* label : panel.findChildren<QLabel*>())
+            QVERIFY(label->toolTip().isEmpty());
+    }
+
+    void CollapsedPanelIsTheCaptionBarAlone()
+    {
+        VenueDetailsWidget panel;
+        panel.show();
+        panel.SetCollapsed(true);
+        QVERIFY(!Body(panel)->isVisible());
+        QCOMPARE(panel.minimumHeight(), CaptionBar(panel)->sizeHint().height());
+        QCOMPARE(panel.maximumHeight(), panel.minimumHeight());
+        QCOMPARE(panel.minimumHeight(), 34);
+        panel.SetCollapsed(false);
+        QVERIFY(Body(panel)->isVisible());
+        QCOMPARE(panel.minimumHeight(), 0);
+        QCOMPARE(panel.maximumHeight(), 516);
+        panel.hide();
+    }
+
+    void CollapsedHeightDependsOnNoFont()
+    {
+        VenueDetailsWidget panel;
+        QFont font = panel.font();
+        font.setPointSize(16);
+        panel.setFont(font);
+        panel.SetCollapsed(true);
+        QCOMPARE(panel.maximumHeight(), 34);
+    }
+
+    // As the search panel builds it: hidden until a venue is selected, in a splitter turned after filling.
+    void ExpandedPanelGetsItsHeightBackInASplitter()
+    {
+        QWidget window;
+        QVBoxLayout layout(&window);
+        auto* table = new QTableView;
+        auto* panel = new VenueDetailsWidget(&window);
+        panel->hide();
+        auto* splitter = new QSplitter;
+        splitter->addWidget(table);
+        splitter->addWidget(panel);
+        splitter->setOrientation(Qt::Vertical);
+        layout.addWidget(splitter);
+        window.resize(1062, 780);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        for (int selection = 0; selection < 2; ++selection) {
+            panel->show();
+            panel->SetCollapsed(false);
+            QTRY_COMPARE(splitter->sizes().value(1), 516);
+            QCOMPARE(panel->height(), 516);
+            panel->SetCollapsed(true);
+            QCOMPARE(panel->height(), 34);
+            // The splitter itself follows with the next layout.
+            QTRY_COMPARE(splitter->sizes().value(1), 34);
+            panel->SetCollapsed(false);
+            QTRY_COMPARE(splitter->sizes().value(1), 516);
+            QCOMPARE(panel->height(), 516);
+            panel->hide();
+        }
+        window.hide();
+    }
+
+    void FoldIconTogglesAndShowsTheState()
+    {
+        VenueDetailsWidget panel;
+        panel.SetCollapsed(false);
+        panel.show();
+        QCOMPARE(FoldIconColour(panel), QColor(0x01, 0x02, 0x03));
+        QTest::mouseClick(FoldIcon(panel), Qt::LeftButton);
+        QVERIFY(!Body(panel)->isVisible());
+        QCOMPARE(FoldIconColour(panel), QColor(0x21, 0x22, 0x23));
+        QTest::mouseClick(FoldIcon(panel), Qt::LeftButton);
+        QVERIFY(Body(panel)->isVisible());
+        QCOMPARE(FoldIconColour(panel), QColor(0x01, 0x02, 0x03));
+        panel.hide();
+    }
+
+    void DayModeShowsTheDayIconsAtOnce()
+    {
+        VenueDetailsWidget panel;
+        panel.SetDayMode(true);
+        QCOMPARE(FoldIconColour(panel), QColor(0x11, 0x12, 0x13));
+        panel.SetDayMode(false);
+        QCOMPARE(FoldIconColour(panel), QColor(0x01, 0x02, 0x03));
+        panel.SetCollapsed(true);
+        QCOMPARE(FoldIconColour(panel), QColor(0x21, 0x22, 0x23));
+        panel.SetDayMode(true);
+        QCOMPARE(FoldIconColour(panel), QColor(0x31, 0x32, 0x33));
+        panel.SetCollapsed(false);
+        QCOMPARE(FoldIconColour(panel), QColor(0x11, 0x12, 0x13));
+    }
+
+    void DayModeReachesTheSlider()
+    {
+        VenueDetailsWidget panel;
+        auto* slider = panel.findChild<PictureSlider*>();
+        panel.SetDayMode(true);
+        QCOMPARE(slider->grab().toImage().pixelColor(499, 5), QColor(Qt::white));
+        panel.SetDayMode(false);
+        QCOMPARE(slider->grab().toImage().pixelColor(499, 5), QColor(49, 49, 49));
+    }
+
+    void MissingIconsAreHarmless()
+    {
+        Q_CLEANUP_RESOURCE(foldingIcons);
+        VenueDetailsWidget panel;
+        panel.SetDayMode(true);
+        panel.SetCollapsed(true);
+        const bool isEmpty = FoldIcon(panel)->pixmap().isNull();
+        const int height = panel.maximumHeight();
+        Q_INIT_RESOURCE(foldingIcons);
+        QVERIFY(isEmpty);
+        QCOMPARE(height, 34);
+    }
+
+    void ReleaseElsewhereDoesNotFold()
+    {
+        VenueDetailsWidget panel;
+        panel.show();
+        QTest::mouseClick(Label(panel, QStringLiteral("Venue details")), Qt::LeftButton);
+        QTest::mouseClick(CaptionBar(panel), Qt::LeftButton);
+        QVERIFY(Body(panel)->isVisible());
+        panel.hide();
+    }
+
+    void FocusSelectsACommentAndLeavingItUnselects_data()
+    {
+        QTest::addColumn<int>("field");
+        for (const TextField field : {GeneralComment, Address, LocationComment, DockComment, RiggingComment})
+            QTest::addRow("text field %d", int(field)) << int(field);
+    }
+    void FocusSelectsACommentAndLeavingItUnselects()
+    {
+        QFETCH(int, field);
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QTextEdit* textEdit = TextEdits(panel).value(field);
+        LineEdits(panel).value(Id)->setFocus();
+        QVERIFY(!textEdit->textCursor().hasSelection());
+        textEdit->setFocus(Qt::TabFocusReason);
+        QTRY_VERIFY(textEdit->hasFocus());
+        QCOMPARE(textEdit->textCursor().selection().toPlainText(), textEdit->toPlainText());
+        QVERIFY(!textEdit->toPlainText().isEmpty());
+        LineEdits(panel).value(Id)->setFocus(Qt::BacktabFocusReason);
+        QTRY_VERIFY(!textEdit->hasFocus());
+        QVERIFY(!textEdit->textCursor().hasSelection());
+        panel.hide();
+    }
+
+    void TabLeavesAComment()
+    {
+        VenueDetailsWidget panel;
+        Fill(panel, CreateVenue());
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QTextEdit* first = TextEdits(panel).value(GeneralComment);
+        QTextEdit* second = TextEdits(panel).value(Address);
+        first->setFocus();
+        QTRY_VERIFY(first->hasFocus());
+        QTest::keyClick(first, Qt::Key_Tab);
+        QTRY_VERIFY(second->hasFocus());
+        QVERIFY(!first->textCursor().hasSelection());
+        QCOMPARE(second->textCursor().selection().toPlainText(), second->toPlainText());
+        panel.hide();
+    }
+
+    void LeavingALongCommentDoesNotScrollIt()
+    {
+        VenueDetailsWidget panel;
+        Venue venue;
+        venue.SetGeneralComment(QStringList(40, QStringLiteral("line")).join(QLatin1Char('\n')));
+        Fill(panel, venue);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QTextEdit* textEdit = TextEdits(panel).value(GeneralComment);
+        textEdit->setFocus();
+        QTRY_VERIFY(textEdit->hasFocus());
+        QVERIFY(textEdit->verticalScrollBar()->maximum() > 0);
+        LineEdits(panel).value(Id)->setFocus();
+        QTRY_VERIFY(!textEdit->hasFocus());
+        QCOMPARE(textEdit->verticalScrollBar()->value(), 0);
+        panel.hide();
+    }
+
+    void StyleSheetBackgroundIsPainted()
+    {
+        VenueDetailsWidget panel;
+        panel.setStyleSheet(
+            QStringLiteral("korvel--Ui--VenueDatabase--VenueDetailsWidget { background: #ff0000; }"
+                           "QScrollArea, QScrollArea > QWidget > QWidget { background: "
+                           "transparent; }"));
+        panel.resize(1062, 516);
+        QCOMPARE(panel.grab().toImage().pixelColor(1, 514), QColor(Qt::red));
+    }
+
+    void OwnerDeletesEverything()
+    {
+        QWidget host;
+        auto* panel = new VenueDetailsWidget(&host);
+        QCOMPARE(panel->parentWidget(), &host);
+        panel->SetCollapsed(true);
+    }
+};
+
+QTEST_MAIN(tst_VenueDetailsWidget)
+#include "tst_VenueDetailsWidget.moc"

@@ -1,0 +1,237 @@
+#include <ui/PictureFullscreenDialog.h>
+#include <ui/PictureSlider.h>
+#include <ui/PictureView.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbDialog.h>
+#include <ui/VenueDetailsWidget.h>
+
+#include <server/VenueServer.h>
+#include <server/catalogue/CatalogueGenerator.h>
+
+#include <tests/support/ConnectorStub.h>
+#include <tests/support/MessageGuard.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QScreen>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Ui::VenueDatabase;
+using korvel::Demo::CatalogueGenerator;
+using korvel::Demo::Fault;
+using korvel::Demo::VenueServer;
+using korvel::Test::ConnectorStub;
+
+namespace {
+
+/// Plays a user at mouse and keyboard. Unlike the events of QTest these come from the window system.
+bool XdoTool(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    // Without an event loop: one of ours would let in the input that a wait holds back.
+    return process.waitForFinished(10000) && process.exitCode() == 0;
+}
+
+QStringList ClickAt(const QWidget* widget)
+{
+    const QPoint center = widget->mapToGlobal(widget->rect().center());
+    return {QStringLiteral("mousemove"), QString::number(center.x()), QString::number(center.y()),
+            QStringLiteral("click"), QStringLiteral("1")};
+}
+
+/// Notes the mouse presses that reach a widget, each with what a function said at that moment.
+class PressRecorder : public QObject
+{
+public:
+    PressRecorder(QWidget* widget, std::function<bool()> question)
+        : m_question(std::move(question))
+    {
+        widget->installEventFilter(this);
+    }
+
+    QList<bool> answers;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress)
+            answers.append(m_question());
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<bool()> m_question;
+};
+
+QPushButton* ButtonOf(const QWidget& window, const QString& text)
+{
+    for (QPushButton* button : window.findChildren<QPushButton*>()) {
+        if (button->text() == text)
+            return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+/// What only a real window system with a window manager shows.
+class tst_WindowSystem : public QObject
+{
+    Q_OBJECT
+
+private:
+    ConnectorStub m_stub;
+
+    static VenueDbCentralWidget* PanelOf(const VenueDbDialog& dialog)
+    {
+        return dialog.findChild<VenueDbCentralWidget*>();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QCOMPARE(QGuiApplication::platformName(), QStringLiteral("xcb"));
+    }
+
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+        m_stub.calls.clear();
+        m_stub.searches.clear();
+    }
+
+    void cleanup()
+    {
+        QVERIFY(korvel::Test::NoWindowIsLeft());
+    }
+
+    void ClicksDuringAWaitAreHeldBackAndReplayed()
+    {
+        VenueServer server;
+        server.SetCatalogue(CatalogueGenerator({.venueCount = 3}).Catalogue());
+        QVERIFY2(server.Start(), qPrintable(server.ErrorText()));
+        const auto network = server.InstallInApplication();
+        VenueDbDialog dialog;
+        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(dialog.findChild<QTableView*>()->model());
+        server.Log().Clear();
+
+        // The answer waits until the click has long been made.
+        server.AddFault(Fault::On(QStringLiteral("filter[title]")).WithDelay(2000));
+        dialog.findChildren<QLineEdit*>().first()->setText(QStringLiteral("a"));
+        QPushButton* close = ButtonOf(dialog, QStringLiteral("Close"));
+        const auto isAnswered = [&server]() {
+            const auto requests = server.Log().Requests(QStringLiteral("filter[title]"));
+            return !requests.isEmpty() && requests.first().status != 0;
+        };
+        const PressRecorder presses(close, isAnswered);
+        bool isClickMade = false;
+        QTimer::singleShot(200, &dialog, [&]() { isClickMade = XdoTool(ClickAt(close)) && !isAnswered(); });
+        PanelOf(dialog)->PerformQuery();
+        QVERIFY2(isClickMade, "the click came too late to show anything");
+        QTRY_COMPARE(presses.answers, QList<bool>{true});
+        QTRY_VERIFY(dialog.isHidden());
+    }
+
+    void ReturnTypedInAFieldSearches()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(m_stub.searches.size(), 2);
+        for (int field = 0; field < 3; ++field) {
+            m_stub.searches.clear();
+            QLineEdit* lineEdit = dialog.findChildren<QLineEdit*>().at(field);
+            QVERIFY(XdoTool(ClickAt(lineEdit)));
+            QTRY_VERIFY(lineEdit->hasFocus());
+            QVERIFY(XdoTool({QStringLiteral("type"), QStringLiteral("x")}));
+            QVERIFY(XdoTool({QStringLiteral("key"), QStringLiteral("Return")}));
+            QTRY_COMPARE(m_stub.searches.size(), 2);
+            QCOMPARE(m_stub.searches.first().size(), field + 1);
+        }
+    }
+
+    void OpenCentresTheDialogAgain_data()
+    {
+        QTest::addColumn<Qt::WindowState>("state");
+        QTest::newRow("moved and resized") << Qt::WindowNoState;
+        QTest::newRow("maximised") << Qt::WindowMaximized;
+        QTest::newRow("minimised") << Qt::WindowMinimized;
+    }
+    void OpenCentresTheDialogAgain()
+    {
+        QFETCH(Qt::WindowState, state);
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        dialog.setGeometry(40, 60, 1200, 800);
+        QTRY_COMPARE(dialog.size(), QSize(1200, 800));
+        dialog.setWindowState(state);
+        QTRY_COMPARE(dialog.isMaximized(), state == Qt::WindowMaximized);
+
+        dialog.Open(nullptr);
+        const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+        QTRY_COMPARE(dialog.size(), QSize(1062, 768));
+        QTRY_VERIFY(!dialog.isMaximized() && !dialog.isMinimized());
+        // The window manager may add its frame to the position.
+        const QPoint distance = dialog.geometry().center() - available.center();
+        QVERIFY2(qAbs(distance.x()) <= 30 && qAbs(distance.y()) <= 30,
+                 qPrintable(QStringLiteral("%1, %2").arg(distance.x()).arg(distance.y())));
+    }
+
+    void TitleBarCloseHidesTheDialog()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(m_stub.searches.size(), 2);
+        QVERIFY(XdoTool({QStringLiteral("key"), QStringLiteral("alt+F4")}));
+        QTRY_VERIFY(dialog.isHidden());
+    }
+
+    void ViewerOpensMaximisedAndComesBackToItsNormalSize()
+    {
+        PictureFullscreenDialog viewer;
+        viewer.Open();
+        QTRY_VERIFY(viewer.isMaximized());
+        QVERIFY(QTest::qWaitForWindowActive(&viewer));
+        const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+        QTRY_COMPARE(viewer.width(), available.width());
+        QVERIFY(viewer.frameGeometry().height() >= available.height() - 1);
+        QTRY_VERIFY(viewer.findChild<PictureView*>()->hasFocus());
+        viewer.showNormal();
+        QTRY_COMPARE(viewer.size(), QSize(1062, 768));
+        viewer.hide();
+    }
+
+    void DialogAllowsQuittingWhileItIsOpen()
+    {
+        // Often enough to be sure: a refused close cancels a quit only now and then.
+        for (int round = 0; round < 10; ++round) {
+            VenueDbDialog dialog;
+            PanelOf(dialog)->SetConnector(&m_stub);
+            dialog.Open(nullptr);
+            QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+            QTimer::singleShot(10000, &dialog, []() { QCoreApplication::exit(99); });
+            QTimer::singleShot(0, &dialog, []() { QCoreApplication::quit(); });
+            QCOMPARE(QCoreApplication::exec(), 0);
+        }
+    }
+};
+
+QTEST_MAIN(tst_WindowSystem)
+#include "tst_WindowSystem.moc"

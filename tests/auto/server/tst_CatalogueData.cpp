@@ -1,0 +1,362 @@
+#include <data/CountryCodeTranslator.h>
+#include <demo/VenueModelFile.h>
+#include <tests/support/MessageGuard.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QHash>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <QTest>
+
+using namespace korvel::Demo;
+
+namespace {
+
+QString Folder()
+{
+    return QStringLiteral(VDB_SOURCE_DIR "/server/catalogue");
+}
+
+QJsonObject ReadJson(const QString& path, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = file.errorString();
+        return {};
+    }
+    QJsonParseError problem;
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &problem);
+    *error = problem.error == QJsonParseError::NoError ? QString() : problem.errorString();
+    return document.object();
+}
+
+QString Text(const QJsonObject& object, const char* member)
+{
+    return object.value(QLatin1String(member)).toString();
+}
+
+/// Writing systems beyond Latin, one letter of each.
+bool HoldsScript(const QString& text, QChar::Script script)
+{
+    for (const QChar character : text) {
+        if (character.script() == script)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+/// Checks the data files themselves, as a server or a test would otherwise stumble over them late.
+class tst_CatalogueData : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void ThereAreEnoughHallsAndCountries();
+    void IdentifiersAreUnique();
+    void OnlyKnownMembersAreUsedAndNoneIsEmpty();
+    void DatesHaveTheFormOfTheServer();
+    void EditorsAreUsers();
+    void ExactlyOneCountryIsUnknown();
+    void EveryScriptIsThere_data();
+    void EveryScriptIsThere();
+    void RoomsShareTheTitleOfTheirComplex();
+    void PicturesShowTheSevenViews();
+    void ModelFilesAreThereAndOnlyOneIsBroken();
+    void BrokenModelFileSaysWhere();
+    void SomeMembersAreMissingOnPurpose();
+
+private:
+    QList<QJsonObject> m_venues;
+    QList<QJsonObject> m_users;
+};
+
+void tst_CatalogueData::initTestCase()
+{
+    const QDir folder(Folder());
+    QString error;
+    for (const QString& name : folder.entryList({QStringLiteral("venues-*.json")})) {
+        const QJsonObject file = ReadJson(folder.filePath(name), &error);
+        QVERIFY2(error.isEmpty(), qPrintable(name + error));
+        QCOMPARE(file.keys(), QStringList({QStringLiteral("venues")}));
+        for (const QJsonValue venue : file.value(QLatin1String("venues")).toArray())
+            m_venues.append(venue.toObject());
+    }
+    const QJsonObject users = ReadJson(folder.filePath(QStringLiteral("users.json")), &error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    for (const QJsonValue user : users.value(QLatin1String("users")).toArray())
+        m_users.append(user.toObject());
+}
+
+void tst_CatalogueData::init()
+{
+    korvel::Test::FailOnUnexpectedWarnings();
+}
+
+void tst_CatalogueData::cleanup()
+{
+    QVERIFY(korvel::Test::NoWindowIsLeft());
+}
+
+void tst_CatalogueData::ThereAreEnoughHallsAndCountries()
+{
+    QSet<QString> countries;
+    int withPictures = 0;
+    int withModels = 0;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        countries.insert(Text(venue.value(QLatin1String("address")).toObject(), "country_code"));
+        withPictures += venue.contains(QLatin1String("pictures")) ? 1 : 0;
+        withModels += venue.contains(QLatin1String("model_files")) ? 1 : 0;
+    }
+    QVERIFY(m_venues.size() >= 66);
+    QVERIFY(countries.size() >= 24);
+    QVERIFY(withPictures >= 27);
+    QVERIFY(withPictures < m_venues.size());
+    QVERIFY(withModels >= 16);
+    QVERIFY(m_users.size() >= m_venues.size() / 12);
+}
+
+void tst_CatalogueData::IdentifiersAreUnique()
+{
+    QSet<qint64> venueIds;
+    QSet<QString> ids;
+    const auto isNew = [&ids](const QString& id) {
+        const auto before = ids.size();
+        ids.insert(id);
+        return !id.isEmpty() && ids.size() == before + 1;
+    };
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        const qint64 id = venue.value(QLatin1String("entity_id")).toInteger();
+        QVERIFY(id > 0 && !venueIds.contains(id));
+        venueIds.insert(id);
+        for (const char* list : {"pictures", "model_files"}) {
+            for (const QJsonValue item : venue.value(QLatin1String(list)).toArray())
+                QVERIFY(isNew(Text(item.toObject(), "id")));
+        }
+    }
+    for (const QJsonObject& user : std::as_const(m_users))
+        QVERIFY(isNew(Text(user, "id")));
+}
+
+void tst_CatalogueData::OnlyKnownMembersAreUsedAndNoneIsEmpty()
+{
+    static const QHash<QString, QString> c_known{
+        {QStringLiteral("venue"),
+         QStringLiteral(
+             "entity_id title venue_room_name general_comment address comment loading_dock_street_address "
+             "load_in_comments clearance_of_house_grid_rigging_beams_above_venue_floor rigging_specialties "
+             "created changed editor pictures model_files")},
+        {QStringLiteral("address"), QStringLiteral("address_line1 postal_code locality country_code")},
+        {QStringLiteral("pictures"), QStringLiteral("id view name alt created")},
+        {QStringLiteral("model_files"), QStringLiteral("id name file created file_version")}};
+    const auto check = [](const QString& kind, const QJsonObject& object) {
+        const QStringList known = c_known.value(kind).split(QLatin1Char(' '));
+        for (auto member = object.begin(); member != object.end(); ++member) {
+            if (!known.contains(member.key())
+                || (member->isString() && member->toString().trimmed().isEmpty()))
+                return false;
+        }
+        return true;
+    };
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        const QString title = Text(venue, "title");
+        QVERIFY(!title.isEmpty());
+        QVERIFY2(check(QStringLiteral("venue"), venue), qPrintable(title));
+        const QJsonObject address = venue.value(QLatin1String("address")).toObject();
+        QVERIFY2(check(QStringLiteral("address"), address), qPrintable(title));
+        QVERIFY2(address.contains(QLatin1String("locality")), qPrintable(title));
+        QCOMPARE(Text(address, "country_code").size(), 2);
+        for (const QString& list : {QStringLiteral("pictures"), QStringLiteral("model_files")}) {
+            for (const QJsonValue item : venue.value(list).toArray())
+                QVERIFY2(check(list, item.toObject()), qPrintable(title));
+        }
+    }
+}
+
+void tst_CatalogueData::DatesHaveTheFormOfTheServer()
+{
+    const QString moment = QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00");
+    const QDate first(2021, 1, 1);
+    const QDate last(2026, 12, 31);
+    int otherForms = 0;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        const QDate created = QDate::fromString(Text(venue, "created"), QStringLiteral("yyyy-MM-dd"));
+        QVERIFY2(created >= first && created <= last, qPrintable(Text(venue, "title")));
+        const QString text = Text(venue, "changed");
+        const QDateTime changed = QDateTime::fromString(text, moment);
+        if (changed.isValid())
+            QVERIFY2(changed.date() >= created && changed.date() <= last, qPrintable(text));
+        else
+            otherForms += text.endsWith(QLatin1Char('Z')) ? 1 : 100;
+        for (const char* list : {"pictures", "model_files"}) {
+            for (const QJsonValue item : venue.value(QLatin1String(list)).toArray())
+                QVERIFY(QDateTime::fromString(Text(item.toObject(), "created"), moment).isValid());
+        }
+    }
+    QVERIFY(otherForms >= 1 && otherForms <= 2);
+}
+
+void tst_CatalogueData::EditorsAreUsers()
+{
+    QSet<QString> ids;
+    for (const QJsonObject& user : std::as_const(m_users)) {
+        QVERIFY(user.value(QLatin1String("entity_id")).toInteger() > 0);
+        QVERIFY(!Text(user, "name").isEmpty());
+        ids.insert(Text(user, "id"));
+    }
+    int withoutEditor = 0;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        if (venue.contains(QLatin1String("editor")))
+            QVERIFY2(ids.contains(Text(venue, "editor")), qPrintable(Text(venue, "title")));
+        else
+            ++withoutEditor;
+    }
+    QCOMPARE(withoutEditor, 1);
+}
+
+void tst_CatalogueData::ExactlyOneCountryIsUnknown()
+{
+    korvel::Data::VenueDatabase::CountryCodeTranslator translator;
+    QStringList unknown;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        const QString code = Text(venue.value(QLatin1String("address")).toObject(), "country_code");
+        if (translator.GetCountry(code) == QStringLiteral("unknown"))
+            unknown.append(code);
+    }
+    QCOMPARE(unknown, QStringList({QStringLiteral("UA")}));
+}
+
+void tst_CatalogueData::EveryScriptIsThere_data()
+{
+    QTest::addColumn<int>("script");
+    QTest::newRow("Greek") << int(QChar::Script_Greek);
+    QTest::newRow("Cyrillic") << int(QChar::Script_Cyrillic);
+    QTest::newRow("Arabic") << int(QChar::Script_Arabic);
+    QTest::newRow("Korean") << int(QChar::Script_Hangul);
+    QTest::newRow("Japanese") << int(QChar::Script_Katakana);
+    QTest::newRow("Chinese") << int(QChar::Script_Han);
+}
+
+void tst_CatalogueData::EveryScriptIsThere()
+{
+    QFETCH(int, script);
+    bool found = false;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        for (const char* member : {"title", "venue_room_name", "general_comment", "comment"})
+            found = found || HoldsScript(Text(venue, member), QChar::Script(script));
+    }
+    QVERIFY(found);
+}
+
+void tst_CatalogueData::RoomsShareTheTitleOfTheirComplex()
+{
+    QHash<QString, QSet<QString>> roomsByTitle;
+    qsizetype entries = 0;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        const QString house = Text(venue, "title") + QLatin1Char('/')
+            + Text(venue.value(QLatin1String("address")).toObject(), "locality");
+        roomsByTitle[house].insert(Text(venue, "venue_room_name"));
+        ++entries;
+    }
+    qsizetype rooms = 0;
+    qsizetype complexes = 0;
+    for (const QSet<QString>& names : std::as_const(roomsByTitle)) {
+        rooms += names.size();
+        complexes += names.size() > 1 ? 1 : 0;
+        QVERIFY(names.size() == 1 || !names.contains(QString()));
+    }
+    QCOMPARE(rooms, entries);
+    QVERIFY(complexes >= 5);
+}
+
+void tst_CatalogueData::PicturesShowTheSevenViews()
+{
+    const QSet<QString> views{QStringLiteral("from_the_auditorium"),
+                              QStringLiteral("from_the_stage_into_the_auditorium"),
+                              QStringLiteral("isometric"),
+                              QStringLiteral("stage_left"),
+                              QStringLiteral("stage_right"),
+                              QStringLiteral("view_from_the_inside"),
+                              QStringLiteral("view_from_the_outside")};
+    QSet<QString> used;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        if (!venue.contains(QLatin1String("pictures")))
+            continue;
+        const QJsonArray pictures = venue.value(QLatin1String("pictures")).toArray();
+        QVERIFY(pictures.size() >= 2 && pictures.size() <= 7);
+        QSet<QString> here;
+        for (const QJsonValue picture : pictures) {
+            here.insert(Text(picture.toObject(), "view"));
+            QVERIFY(!Text(picture.toObject(), "alt").isEmpty());
+        }
+        QCOMPARE(here.size(), pictures.size());
+        used += here;
+    }
+    QCOMPARE(used, views);
+}
+
+void tst_CatalogueData::ModelFilesAreThereAndOnlyOneIsBroken()
+{
+    const QDir folder(Folder() + QStringLiteral("/models"));
+    QStringList listed;
+    QStringList broken;
+    bool several = false;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        const QJsonArray files = venue.value(QLatin1String("model_files")).toArray();
+        several = several || files.size() == 3;
+        for (const QJsonValue value : files) {
+            const QString file = Text(value.toObject(), "file");
+            listed.append(file);
+            QVERIFY(Text(value.toObject(), "name").endsWith(QStringLiteral(".tessra")));
+            QString error;
+            const std::optional<VenueModel> model = VenueModelFile::Read(folder.filePath(file), &error);
+            if (!model) {
+                broken.append(file);
+                continue;
+            }
+            QVERIFY2(!model->riggingPoints.isEmpty(), qPrintable(file));
+            const QRectF hall = model->outline.boundingRect();
+            QVERIFY2(hall.width() > 10 && hall.width() < 150, qPrintable(file));
+            QVERIFY2(hall.contains(model->stage.boundingRect()), qPrintable(file));
+            for (const RiggingPoint& point : model->riggingPoints)
+                QVERIFY2(model->outline.containsPoint(point.position, Qt::OddEvenFill), qPrintable(file));
+        }
+    }
+    listed.sort();
+    QCOMPARE(listed, folder.entryList({QStringLiteral("*")}, QDir::Files, QDir::Name));
+    QCOMPARE(broken, QStringList({QStringLiteral("5006-draft.tessra")}));
+    QVERIFY(several);
+}
+
+void tst_CatalogueData::BrokenModelFileSaysWhere()
+{
+    QString error;
+    QVERIFY(!VenueModelFile::Read(Folder() + QStringLiteral("/models/5006-draft.tessra"), &error));
+    QCOMPARE(error, QStringLiteral("Line 7: \"-2x\" is not a number."));
+}
+
+void tst_CatalogueData::SomeMembersAreMissingOnPurpose()
+{
+    for (const char* member :
+         {"venue_room_name", "comment", "loading_dock_street_address", "load_in_comments",
+          "clearance_of_house_grid_rigging_beams_above_venue_floor", "rigging_specialties"}) {
+        const auto without
+            = std::count_if(m_venues.cbegin(), m_venues.cend(), [member](const QJsonObject& venue) {
+                  return !venue.contains(QLatin1String(member));
+              });
+        QVERIFY2(without > 0, member);
+        QVERIFY2(without < m_venues.size(), member);
+    }
+}
+
+QTEST_MAIN(tst_CatalogueData)
+#include "tst_CatalogueData.moc"

@@ -1,0 +1,151 @@
+#include <server/catalogue/CatalogueGenerator.h>
+#include <tests/support/MessageGuard.h>
+
+#include <QDate>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+
+using namespace korvel::Demo;
+
+class tst_CatalogueGenerator : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+    }
+
+    void SizeIsAsAsked_data();
+    void SizeIsAsAsked();
+    void SameSeedGivesTheSameVenues();
+    void OtherSeedGivesOtherVenues();
+    void EveryVenueIsComplete();
+    void PicturesAndFilesHaveDistinctNames();
+    void BodyHoldsEveryVenueAndEditor_data();
+    void BodyHoldsEveryVenueAndEditor();
+    void VenueTakesAboutAKilobyteAndAQuarter();
+};
+
+void tst_CatalogueGenerator::SizeIsAsAsked_data()
+{
+    QTest::addColumn<qsizetype>("venues");
+    QTest::addColumn<qsizetype>("venuesPerUser");
+    QTest::addColumn<qsizetype>("users");
+    QTest::newRow("none") << qsizetype(0) << qsizetype(10) << qsizetype(0);
+    QTest::newRow("one") << qsizetype(1) << qsizetype(10) << qsizetype(1);
+    QTest::newRow("ten venues a user") << qsizetype(25) << qsizetype(10) << qsizetype(3);
+    QTest::newRow("one user a venue") << qsizetype(25) << qsizetype(1) << qsizetype(25);
+    QTest::newRow("no users") << qsizetype(25) << qsizetype(0) << qsizetype(0);
+}
+
+void tst_CatalogueGenerator::SizeIsAsAsked()
+{
+    QFETCH(qsizetype, venues);
+    QFETCH(qsizetype, venuesPerUser);
+    QFETCH(qsizetype, users);
+    const VenueCatalogue catalogue
+        = CatalogueGenerator({.venueCount = venues, .venuesPerUser = venuesPerUser}).Catalogue();
+    QCOMPARE(catalogue.Venues().size(), venues);
+    QCOMPARE(catalogue.Users().size(), users);
+    for (const VenueRecord& venue : catalogue.Venues()) {
+        QCOMPARE(catalogue.FindUser(venue.editor) != nullptr, users > 0);
+    }
+}
+
+void tst_CatalogueGenerator::SameSeedGivesTheSameVenues()
+{
+    const CatalogueGenerator first({.venueCount = 5, .seed = 7});
+    const CatalogueGenerator second({.venueCount = 5000, .seed = 7});
+    QCOMPARE(first.Venue(4).title, second.Catalogue().Venues().at(4).title);
+    QCOMPARE(first.Venue(4).changed, second.Catalogue().Venues().at(4).changed);
+}
+
+void tst_CatalogueGenerator::OtherSeedGivesOtherVenues()
+{
+    QVERIFY(CatalogueGenerator({.seed = 1}).Venue(0).changed
+            != CatalogueGenerator({.seed = 2}).Venue(0).changed);
+}
+
+void tst_CatalogueGenerator::EveryVenueIsComplete()
+{
+    const VenueCatalogue catalogue = CatalogueGenerator({.venueCount = 300}).Catalogue();
+    static const QRegularExpression c_changed(
+        QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\+00:00$"));
+    QSet<qint64> ids;
+    for (const VenueRecord& venue : catalogue.Venues()) {
+        ids.insert(venue.entityId);
+        for (const VenueText& text : VenueCatalogue::Texts()) {
+            QVERIFY2(!(venue.*text.member).isEmpty(), text.path);
+        }
+        QVERIFY(QDate::fromString(venue.created, QStringLiteral("yyyy-MM-dd")).isValid());
+        QVERIFY(c_changed.match(venue.changed).hasMatch());
+        QCOMPARE(venue.countryCode.size(), 2);
+    }
+    QCOMPARE(ids.size(), 300);
+}
+
+void tst_CatalogueGenerator::PicturesAndFilesHaveDistinctNames()
+{
+    const VenueCatalogue catalogue
+        = CatalogueGenerator(
+              {.venueCount = 10, .picturesPerVenue = 9, .modelFilesPerVenue = 2, .modelFileSize = 5})
+              .Catalogue();
+    QSet<QString> pictures;
+    QSet<QString> files;
+    for (const VenueRecord& venue : catalogue.Venues()) {
+        for (const PictureRecord& picture : venue.pictures) {
+            pictures.insert(picture.id);
+            QVERIFY(VenueCatalogue::Views().contains(picture.view));
+        }
+        for (const ModelFileRecord& file : venue.modelFiles) {
+            files.insert(file.file);
+            QCOMPARE(file.content.size(), 5);
+        }
+    }
+    QCOMPARE(pictures.size(), 90);
+    QCOMPARE(files.size(), 20);
+}
+
+void tst_CatalogueGenerator::BodyHoldsEveryVenueAndEditor_data()
+{
+    QTest::addColumn<qsizetype>("venuesPerUser");
+    QTest::addColumn<qsizetype>("included");
+    QTest::newRow("ten venues a user") << qsizetype(10) << qsizetype(5);
+    QTest::newRow("one user a venue") << qsizetype(1) << qsizetype(50);
+    QTest::newRow("no users") << qsizetype(0) << qsizetype(0);
+}
+
+void tst_CatalogueGenerator::BodyHoldsEveryVenueAndEditor()
+{
+    QFETCH(qsizetype, venuesPerUser);
+    QFETCH(qsizetype, included);
+    const CatalogueGenerator generator({.venueCount = 50, .venuesPerUser = venuesPerUser});
+    const QJsonObject document
+        = QJsonDocument::fromJson(generator.Body(QStringLiteral("venues.test.example"))).object();
+    const QJsonArray data = document.value(QStringLiteral("data")).toArray();
+    QCOMPARE(data.size(), 50);
+    QCOMPARE(data.at(49)
+                 .toObject()
+                 .value(QStringLiteral("attributes"))
+                 .toObject()
+                 .value(QStringLiteral("title"))
+                 .toString(),
+             generator.Venue(49).title);
+    QCOMPARE(document.value(QStringLiteral("included")).toArray().size(), included);
+}
+
+void tst_CatalogueGenerator::VenueTakesAboutAKilobyteAndAQuarter()
+{
+    const qsizetype size
+        = CatalogueGenerator({.venueCount = 1000}).Body(QStringLiteral("h.example")).size() / 1000;
+    QVERIFY2(size >= 1000 && size <= 1700, qPrintable(QString::number(size)));
+}
+
+QTEST_GUILESS_MAIN(tst_CatalogueGenerator)
+#include "tst_CatalogueGenerator.moc"

@@ -1,0 +1,614 @@
+#include <server/VenueServer.h>
+#include <server/catalogue/CatalogueGenerator.h>
+#include <tests/support/MessageGuard.h>
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QSslSocket>
+#include <QTest>
+
+using namespace korvel::Demo;
+
+namespace {
+
+const QByteArray c_jsonApi = "application/vnd.api+json";
+const QByteArray c_smallPicture = "\x89PNG small fixed bytes";
+
+VenueServer::Options TestOptions()
+{
+    VenueServer::Options options;
+    options.host = QStringLiteral("venues.test.example");
+    options.pictureSource = [](const VenueRecord&, const PictureRecord& picture, QSize size) {
+        return c_smallPicture + picture.id.toLatin1() + ' ' + QByteArray::number(size.width());
+    };
+    return options;
+}
+
+/// What became of one request.
+struct Outcome
+{
+    int status = 0;
+    QByteArray contentType;
+    QByteArray body;
+    QNetworkReply::NetworkError error = QNetworkReply::NoError;
+    qint64 milliseconds = 0;
+};
+
+} // namespace
+
+class tst_VenueServer : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void PlainTlsClientIsServed();
+    void ReachedThroughTheProxyUnderItsName();
+
+    void RequestAnswers_data();
+    void RequestAnswers();
+    void OtherMethodsAreRefused_data();
+    void OtherMethodsAreRefused();
+    void QuestionMarksInTheQueryAreText();
+    void ConnectionIsKeptAfterARefusedBody();
+    void PicturesAndFilesAreServedWhereTheDocumentSays();
+
+    void LogTellsEachRequest();
+    void LogCountsConnections();
+
+    void FaultsChangeTheAnswer_data();
+    void FaultsChangeTheAnswer();
+    void DelayedAnswerComesLate();
+    void SilentServerGivesNoAnswer_data();
+    void SilentServerGivesNoAnswer();
+    void BrokenBodies_data();
+    void BrokenBodies();
+    void ConnectionResetBeforeTheHeader();
+    void DripComesPieceByPiece();
+    void CountsOfAFault();
+    void FaultOfOneHostSparesTheOther();
+
+    void StopInterruptsEveryWait_data();
+    void StopInterruptsEveryWait();
+    void RestartTakesTheSamePorts();
+    void PortInUseIsReported();
+    void HangingConnectionsKeepNobodyWaiting();
+    void GuardRestoresTheApplication();
+
+private:
+    QUrl Url(const QString& pathAndQuery, const QString& host = {}) const;
+    QNetworkReply* Send(const QUrl& url);
+    Outcome Get(const QString& pathAndQuery, const QString& host = {});
+    static Outcome OutcomeOf(QNetworkReply* reply);
+
+    std::unique_ptr<VenueServer> m_server;
+    std::unique_ptr<ApplicationNetworkGuard> m_guard;
+    std::unique_ptr<QNetworkAccessManager> m_manager;
+};
+
+void tst_VenueServer::init()
+{
+    korvel::Test::FailOnUnexpectedWarnings();
+    m_server = std::make_unique<VenueServer>(TestOptions());
+    m_server->SetCatalogue(
+        CatalogueGenerator({.venueCount = 20, .picturesPerVenue = 2, .modelFilesPerVenue = 1}).Catalogue());
+    QVERIFY2(m_server->Start(), qPrintable(m_server->ErrorText()));
+    m_guard = m_server->InstallInApplication();
+    m_manager = std::make_unique<QNetworkAccessManager>();
+}
+
+void tst_VenueServer::cleanup()
+{
+    m_manager.reset();
+    m_guard.reset();
+    m_server.reset();
+}
+
+QUrl tst_VenueServer::Url(const QString& pathAndQuery, const QString& host) const
+{
+    return QUrl(QStringLiteral("https://") + (host.isEmpty() ? m_server->Host() : host) + pathAndQuery);
+}
+
+QNetworkReply* tst_VenueServer::Send(const QUrl& url)
+{
+    return m_manager->get(QNetworkRequest(url));
+}
+
+Outcome tst_VenueServer::OutcomeOf(QNetworkReply* reply)
+{
+    QElapsedTimer timer;
+    timer.start();
+    QSignalSpy finished(reply, &QNetworkReply::finished);
+    if (!reply->isFinished() && !finished.wait(10000)) {
+        QTest::qFail("no answer within ten seconds", __FILE__, __LINE__);
+    }
+    Outcome outcome;
+    outcome.milliseconds = timer.elapsed();
+    outcome.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    outcome.contentType = reply->header(QNetworkRequest::ContentTypeHeader).toByteArray();
+    outcome.body = reply->isOpen() ? reply->readAll() : QByteArray();
+    outcome.error = reply->error();
+    reply->deleteLater();
+    return outcome;
+}
+
+Outcome tst_VenueServer::Get(const QString& pathAndQuery, const QString& host)
+{
+    return OutcomeOf(Send(Url(pathAndQuery, host)));
+}
+
+void tst_VenueServer::PlainTlsClientIsServed()
+{
+    QSslSocket socket;
+    socket.setProxy(QNetworkProxy::NoProxy);
+    socket.connectToHostEncrypted(QStringLiteral("localhost"), m_server->HttpsPort());
+    QVERIFY2(socket.waitForEncrypted(5000), qPrintable(socket.errorString()));
+    socket.write(
+        "GET /api/venue?filter[entity_id]=3 HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n\r\n");
+    QSignalSpy disconnected(&socket, &QSslSocket::disconnected);
+    QVERIFY(disconnected.wait(5000));
+    const QByteArray answer = socket.readAll();
+    QVERIFY(answer.startsWith("HTTP/1.1 200 OK\r\n"));
+    QVERIFY(answer.contains("\r\nContent-Type: application/vnd.api+json\r\n"));
+    const QJsonDocument document = QJsonDocument::fromJson(answer.mid(answer.indexOf("\r\n\r\n") + 4));
+    QCOMPARE(document.object().value(QStringLiteral("data")).toArray().size(), 1);
+}
+
+void tst_VenueServer::ReachedThroughTheProxyUnderItsName()
+{
+    const Outcome outcome = Get(QStringLiteral("/api/venue?include=editor"));
+    QCOMPARE(outcome.error, QNetworkReply::NoError);
+    QCOMPARE(outcome.status, 200);
+    QCOMPARE(outcome.contentType, c_jsonApi);
+    const QJsonObject document = QJsonDocument::fromJson(outcome.body).object();
+    QCOMPARE(document.value(QStringLiteral("data")).toArray().size(), 20);
+    QCOMPARE(document.value(QStringLiteral("included")).toArray().size(), 2);
+    QCOMPARE(m_server->Log().LastRequest().host, m_server->Host());
+}
+
+void tst_VenueServer::RequestAnswers_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<qsizetype>("count");
+
+    const auto condition
+        = [](const QString& key, const QString& path, const QString& comparison, const QString& value) {
+              return QStringLiteral("filter[%1][condition][path]=%2&filter[%1][condition][operator]=%3"
+                                    "&filter[%1][condition][value]=%4")
+                  .arg(key, path, comparison, value);
+          };
+    const QString contains = QStringLiteral("CONTAINS");
+    QTest::newRow("all venues") << QStringLiteral("/api/venue") << 200 << qsizetype(20);
+    QTest::newRow("one venue") << QStringLiteral("/api/venue?filter[entity_id]=7") << 200 << qsizetype(1);
+    QTest::newRow("venue that does not exist")
+        << QStringLiteral("/api/venue?filter[entity_id]=99") << 200 << qsizetype(0);
+    QTest::newRow("entity id that is no number")
+        << QStringLiteral("/api/venue?filter[entity_id]=x") << 400 << qsizetype(-1);
+    QTest::newRow("title contains") << QStringLiteral("/api/venue?")
+            + condition(QStringLiteral("title"), QStringLiteral("title"), contains, QStringLiteral(" 20"))
+                                    << 200 << qsizetype(1);
+    QTest::newRow("unknown attribute") << QStringLiteral("/api/venue?")
+            + condition(QStringLiteral("x"), QStringLiteral("x"), contains, QStringLiteral("1"))
+                                       << 400 << qsizetype(-1);
+    QTest::newRow("unknown operator") << QStringLiteral("/api/venue?")
+            + condition(QStringLiteral("title"), QStringLiteral("title"), QStringLiteral("LIKE"),
+                        QStringLiteral("1"))
+                                      << 400 << qsizetype(-1);
+    QTest::newRow("condition without a value") << QStringLiteral(
+        "/api/venue?filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS")
+                                               << 400 << qsizetype(-1);
+    QTest::newRow("unknown include") << QStringLiteral("/api/venue?include=cousin") << 400 << qsizetype(-1);
+    QTest::newRow("unknown parameter") << QStringLiteral("/api/venue?page=2") << 400 << qsizetype(-1);
+    QTest::newRow("unknown path") << QStringLiteral("/api/venues") << 404 << qsizetype(-1);
+    QTest::newRow("root") << QStringLiteral("/") << 404 << qsizetype(-1);
+    QTest::newRow("unknown picture") << QStringLiteral("/files/pictures/pic-99-1-small.jpg") << 404
+                                     << qsizetype(-1);
+    QTest::newRow("unknown rendition")
+        << QStringLiteral("/files/pictures/pic-1-1-huge.jpg") << 404 << qsizetype(-1);
+    QTest::newRow("unknown model file")
+        << QStringLiteral("/files/models/none.tessra") << 404 << qsizetype(-1);
+    QTest::newRow("path that leads out")
+        << QStringLiteral("/files/models/%2E%2E%2Fusers.json") << 404 << qsizetype(-1);
+}
+
+void tst_VenueServer::RequestAnswers()
+{
+    QFETCH(QString, target);
+    QFETCH(int, status);
+    QFETCH(qsizetype, count);
+    const Outcome outcome = Get(target);
+    QCOMPARE(outcome.status, status);
+    QCOMPARE(outcome.contentType, c_jsonApi);
+    const QJsonObject document = QJsonDocument::fromJson(outcome.body).object();
+    QVERIFY(document.contains(QStringLiteral("jsonapi")));
+    if (count >= 0) {
+        QCOMPARE(document.value(QStringLiteral("data")).toArray().size(), count);
+        QVERIFY(!document.contains(QStringLiteral("errors")));
+    } else {
+        const QJsonObject error = document.value(QStringLiteral("errors")).toArray().at(0).toObject();
+        QCOMPARE(error.value(QStringLiteral("status")).toString(), QString::number(status));
+        QVERIFY(!error.value(QStringLiteral("detail")).toString().isEmpty());
+        QVERIFY(!document.contains(QStringLiteral("data")));
+    }
+    QCOMPARE(m_server->Log().LastRequest().status, status);
+}
+
+void tst_VenueServer::OtherMethodsAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("method");
+    for (const char* method : {"POST", "PUT", "PATCH", "DELETE", "OPTIONS", "TRACE"}) {
+        QTest::newRow(method) << QByteArray(method);
+    }
+}
+
+void tst_VenueServer::OtherMethodsAreRefused()
+{
+    QFETCH(QByteArray, method);
+    const Outcome outcome
+        = OutcomeOf(m_manager->sendCustomRequest(QNetworkRequest(Url(QStringLiteral("/api/venue"))), method));
+    QCOMPARE(outcome.status, 405);
+    QCOMPARE(outcome.contentType, c_jsonApi);
+    QCOMPARE(m_server->Log().LastRequest().method, method);
+}
+
+void tst_VenueServer::QuestionMarksInTheQueryAreText()
+{
+    VenueRecord venue;
+    venue.entityId = 1;
+    venue.title = QStringLiteral("What? Where? & 100% + more");
+    VenueCatalogue catalogue;
+    catalogue.AddVenue(venue);
+    m_server->SetCatalogue(catalogue);
+    const QString target
+        = QStringLiteral("/api/venue?filter[title][condition][path]=title"
+                         "&filter[title][condition][operator]=CONTAINS"
+                         "&filter[title][condition][value]=what?%20where?%20%26%20100%25%20+");
+    const Outcome outcome = Get(target);
+    QCOMPARE(outcome.status, 200);
+    QCOMPARE(QJsonDocument::fromJson(outcome.body).object().value(QStringLiteral("data")).toArray().size(),
+             1);
+    QCOMPARE(m_server->Log().LastRequest().target, target.toLatin1());
+    QCOMPARE(m_server->Log().LastRequest().query.last().second, QStringLiteral("what? where? & 100% +"));
+}
+
+void tst_VenueServer::ConnectionIsKeptAfterARefusedBody()
+{
+    const QNetworkRequest request(Url(QStringLiteral("/api/venue")));
+    QNetworkRequest post = request;
+    post.setHeader(QNetworkRequest::ContentTypeHeader, c_jsonApi);
+    QCOMPARE(OutcomeOf(m_manager->post(post, QByteArray(5000, 'x'))).status, 405);
+    QCOMPARE(OutcomeOf(m_manager->get(request)).status, 200);
+    QCOMPARE(m_server->Log().RequestCount(), 2);
+    QCOMPARE(m_server->Log().TlsConnectionCount(), 1);
+}
+
+void tst_VenueServer::PicturesAndFilesAreServedWhereTheDocumentSays()
+{
+    const QString query = QStringLiteral("/api/venue?include=from_the_auditorium.file,tessra.file"
+                                         "&filter[entity_id]=5");
+    const QJsonArray included
+        = QJsonDocument::fromJson(Get(query).body).object().value(QStringLiteral("included")).toArray();
+    QCOMPARE(included.size(), 4); // picture, its file, model file, its content
+    const QJsonObject pictureFile = included.at(1).toObject();
+    const QUrl small(pictureFile.value(QStringLiteral("links"))
+                         .toObject()
+                         .value(QStringLiteral("small"))
+                         .toObject()
+                         .value(QStringLiteral("href"))
+                         .toString());
+    QCOMPARE(small.host(), m_server->Host());
+    const Outcome picture = OutcomeOf(Send(small));
+    QCOMPARE(picture.status, 200);
+    QCOMPARE(picture.contentType, QByteArray("image/png"));
+    QCOMPARE(picture.body, c_smallPicture + "pic-5-1 480");
+
+    const QString original
+        = pictureFile.value(QStringLiteral("attributes")).toObject().value(QStringLiteral("url")).toString();
+    QCOMPARE(Get(original).body, c_smallPicture + "pic-5-1 3000");
+
+    const QString model = included.at(3)
+                              .toObject()
+                              .value(QStringLiteral("attributes"))
+                              .toObject()
+                              .value(QStringLiteral("url"))
+                              .toString();
+    const Outcome file = Get(model);
+    QCOMPARE(file.status, 200);
+    QCOMPARE(file.body.size(), 1000);
+    QVERIFY(file.body.startsWith("5-hall-1.tessra\n"));
+}
+
+void tst_VenueServer::LogTellsEachRequest()
+{
+    QSignalSpy received(&m_server->Log(), &RequestLog::RequestReceived);
+    const QByteArray target = "/api/venue?include=editor&filter%5Bentity_id%5D=4";
+    QNetworkRequest request(QUrl::fromEncoded("https://venues.test.example" + target));
+    request.setRawHeader("X-Trial", "yes");
+    OutcomeOf(m_manager->get(request));
+    QTRY_COMPARE(received.size(), 1);
+    const QList<Request> requests = m_server->Log().Requests(QStringLiteral("filter[entity_id]"));
+    QCOMPARE(requests.size(), 1);
+    const Request& record = requests.constFirst();
+    QCOMPARE(record.method, QByteArray("GET"));
+    QCOMPARE(record.target, target);
+    QCOMPARE(record.path, QStringLiteral("/api/venue"));
+    QCOMPARE(record.query.size(), 2);
+    QCOMPARE(record.query.at(0), std::pair(QStringLiteral("include"), QStringLiteral("editor")));
+    QCOMPARE(record.query.at(1), std::pair(QStringLiteral("filter[entity_id]"), QStringLiteral("4")));
+    QVERIFY(record.headers.contains({"X-Trial", "yes"}));
+    QVERIFY(record.time.isValid());
+    QCOMPARE(record.connectionId, m_server->Log().Connects().constFirst().connectionId);
+    QCOMPARE(record.status, 200);
+}
+
+void tst_VenueServer::LogCountsConnections()
+{
+    Get(QStringLiteral("/api/venue"));
+    Get(QStringLiteral("/nothing"));
+    QCOMPARE(m_server->Log().RequestCount(), 2);
+    QCOMPARE(m_server->Log().ConnectCount(), 1);
+    QCOMPARE(m_server->Log().TlsConnectionCount(), 1);
+    const ConnectRecord connect = m_server->Log().Connects().constFirst();
+    QCOMPARE(connect.host, m_server->Host());
+    QCOMPARE(connect.port, quint16(443));
+    QCOMPARE(connect.status, 200);
+    m_server->Log().Clear();
+    QCOMPARE(m_server->Log().RequestCount(), 0);
+}
+
+void tst_VenueServer::FaultsChangeTheAnswer_data()
+{
+    QTest::addColumn<Fault>("fault");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("contentType");
+    QTest::addColumn<QByteArray>("body"); // null: not compared
+
+    const auto on = [] { return Fault::On(QStringLiteral("/api/venue?filter[entity_id]=1")); };
+    QTest::newRow("status with an error document")
+        << on().WithStatus(503) << 503 << c_jsonApi << QByteArray();
+    QTest::newRow("status with a web page")
+        << on().WithStatus(500).WithMediaType("text/html").WithBody("<b>down</b>") << 500
+        << QByteArray("text/html") << QByteArray("<b>down</b>");
+    QTest::newRow("status with a picture") << on().WithStatus(404).WithMediaType("image/png").WithBody("png")
+                                           << 404 << QByteArray("image/png") << QByteArray("png");
+    QTest::newRow("status without a body") << on().WithStatus(502).WithBody(QByteArray()).WithoutMediaType()
+                                           << 502 << QByteArray() << QByteArray("");
+    QTest::newRow("status with the right media type and no body")
+        << on().WithStatus(500).WithBody(QByteArray()) << 500 << c_jsonApi << QByteArray("");
+    QTest::newRow("media type with charset")
+        << on().WithMediaType("application/vnd.api+json; charset=utf-8") << 200
+        << QByteArray("application/vnd.api+json; charset=utf-8") << QByteArray();
+    QTest::newRow("media type missing") << on().WithoutMediaType() << 200 << QByteArray() << QByteArray();
+    QTest::newRow("media type twice") << on().WithSecondMediaType("text/html") << 200
+                                      << QByteArray("application/vnd.api+json, text/html") << QByteArray();
+    QTest::newRow("other body") << on().WithBody("{ not json") << 200 << c_jsonApi
+                                << QByteArray("{ not json");
+    QTest::newRow("empty body") << on().WithBody(QByteArray()) << 200 << c_jsonApi << QByteArray("");
+    QTest::newRow("body with zero bytes")
+        << on().WithBody(QByteArray("a\0b", 3)) << 200 << c_jsonApi << QByteArray("a\0b", 3);
+    QTest::newRow("chunked body") << on().WithBody("in chunks").WithChunks() << 200 << c_jsonApi
+                                  << QByteArray("in chunks");
+    QTest::newRow("by pattern")
+        << Fault::OnPattern(QRegularExpression(QStringLiteral("entity_id\\]=\\d$"))).WithStatus(418) << 418
+        << c_jsonApi << QByteArray();
+    QTest::newRow("of another request")
+        << Fault::On(QStringLiteral("/files")).WithStatus(500) << 200 << c_jsonApi << QByteArray();
+    QTest::newRow("redirect") << on().WithRedirect("https://venues.test.example/files/models/2-hall-1.tessra",
+                                                   307)
+                              << 200 << QByteArray("application/octet-stream") << QByteArray();
+}
+
+void tst_VenueServer::FaultsChangeTheAnswer()
+{
+    QFETCH(Fault, fault);
+    QFETCH(int, status);
+    QFETCH(QByteArray, contentType);
+    QFETCH(QByteArray, body);
+    m_server->AddFault(fault);
+    const Outcome outcome = Get(QStringLiteral("/api/venue?filter[entity_id]=1"));
+    QCOMPARE(outcome.status, status);
+    QCOMPARE(outcome.contentType, contentType);
+    if (!body.isNull()) {
+        QCOMPARE(outcome.body, body);
+    } else {
+        QVERIFY(!outcome.body.isEmpty());
+    }
+    m_server->ClearFaults();
+    const Outcome afterwards = Get(QStringLiteral("/api/venue?filter[entity_id]=1"));
+    QCOMPARE(afterwards.status, 200);
+    QCOMPARE(afterwards.contentType, c_jsonApi);
+}
+
+void tst_VenueServer::DelayedAnswerComesLate()
+{
+    m_server->AddFault(Fault::On({}).WithDelay(300));
+    const Outcome outcome = Get(QStringLiteral("/api/venue"));
+    QCOMPARE(outcome.status, 200);
+    QVERIFY(outcome.milliseconds >= 290);
+}
+
+void tst_VenueServer::SilentServerGivesNoAnswer_data()
+{
+    QTest::addColumn<Fault>("fault");
+    QTest::addColumn<bool>("headerArrives");
+    QTest::newRow("no answer at all") << Fault::On({}).WithoutAnswer() << false;
+    QTest::newRow("header, then silence") << Fault::On({}).WithSilenceAfterHeader() << true;
+}
+
+void tst_VenueServer::SilentServerGivesNoAnswer()
+{
+    QFETCH(Fault, fault);
+    QFETCH(bool, headerArrives);
+    m_server->AddFault(fault);
+    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    QSignalSpy metaData(reply, &QNetworkReply::metaDataChanged);
+    QTRY_COMPARE(m_server->Log().RequestCount(), 1);
+    QVERIFY(!QTest::qWaitFor([reply] { return reply->isFinished(); }, 300));
+    QCOMPARE(!metaData.isEmpty(), headerArrives);
+    QCOMPARE(reply->bytesAvailable(), 0);
+    reply->abort();
+    QCOMPARE(OutcomeOf(reply).error, QNetworkReply::OperationCanceledError);
+}
+
+void tst_VenueServer::BrokenBodies_data()
+{
+    QTest::addColumn<Fault>("fault");
+    QTest::addColumn<QByteArray>("body"); // null: not compared
+    const QByteArray body = "0123456789";
+    const auto on = [&body] { return Fault::On({}).WithBody(body); };
+    QTest::newRow("cut after four bytes") << on().WithCutAfter(4) << QByteArray("0123");
+    QTest::newRow("cut at once") << on().WithCutAfter(0) << QByteArray("");
+    QTest::newRow("chunks cut after four bytes") << on().WithChunks().WithCutAfter(4) << QByteArray("0123");
+    QTest::newRow("chunks without an end") << on().WithChunks().WithCutAfter(10) << body;
+    QTest::newRow("reset after four bytes") << on().WithResetAfter(4) << QByteArray("0123");
+    // What Qt hands out of these two is not the server's doing.
+    QTest::newRow("broken gzip") << on().WithBrokenGzip() << QByteArray();
+    QTest::newRow("gzip bomb") << on().WithGzipBomb(100) << QByteArray();
+}
+
+void tst_VenueServer::BrokenBodies()
+{
+    QFETCH(Fault, fault);
+    QFETCH(QByteArray, body);
+    m_server->AddFault(fault);
+    const Outcome outcome = Get(QStringLiteral("/api/venue"));
+    QVERIFY(outcome.error != QNetworkReply::NoError);
+    QCOMPARE(outcome.status, 200);
+    QCOMPARE(outcome.contentType, c_jsonApi);
+    if (!body.isNull()) {
+        QCOMPARE(outcome.body, body);
+    }
+}
+
+void tst_VenueServer::ConnectionResetBeforeTheHeader()
+{
+    m_server->AddFault(Fault::On({}).WithReset());
+    const Outcome outcome = Get(QStringLiteral("/api/venue"));
+    QVERIFY(outcome.error != QNetworkReply::NoError);
+    QCOMPARE(outcome.status, 0);
+    QVERIFY(m_server->Log().RequestCount() >= 1);
+    QCOMPARE(m_server->Log().LastRequest().status, 0);
+}
+
+void tst_VenueServer::DripComesPieceByPiece()
+{
+    m_server->AddFault(Fault::On({}).WithBody("abcdef").WithDrip(1, 30));
+    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    QSignalSpy readyRead(reply, &QNetworkReply::readyRead);
+    const Outcome outcome = OutcomeOf(reply);
+    QCOMPARE(outcome.error, QNetworkReply::NoError);
+    QCOMPARE(outcome.body, QByteArray("abcdef"));
+    QVERIFY(outcome.milliseconds >= 5 * 30);
+    QVERIFY(readyRead.size() >= 3);
+}
+
+void tst_VenueServer::CountsOfAFault()
+{
+    m_server->AddFault(Fault::On(QStringLiteral("/api/venue")).WithStatus(500).Skip(1).Times(2));
+    m_server->AddFault(Fault::On(QStringLiteral("/api/venue")).WithStatus(501).Skip(1).Times(1));
+    QList<int> statuses;
+    for (int i = 0; i < 6; ++i) {
+        statuses.append(Get(QStringLiteral("/api/venue")).status);
+    }
+    // The second fault lets the first request pass that reaches it, the very first one.
+    QCOMPARE(statuses, QList<int>({200, 500, 500, 501, 200, 200}));
+}
+
+void tst_VenueServer::FaultOfOneHostSparesTheOther()
+{
+    m_server->AddHost(QStringLiteral("second.example"));
+    m_server->AddFault(Fault::On({}).ForHost(QStringLiteral("second.example")).WithStatus(500));
+    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+    QCOMPARE(Get(QStringLiteral("/api/venue"), QStringLiteral("second.example")).status, 500);
+}
+
+void tst_VenueServer::StopInterruptsEveryWait_data()
+{
+    QTest::addColumn<Fault>("fault");
+    QTest::newRow("no answer") << Fault::On({}).WithoutAnswer();
+    QTest::newRow("silence after the header") << Fault::On({}).WithSilenceAfterHeader();
+    QTest::newRow("long delay") << Fault::On({}).WithDelay(60000);
+    QTest::newRow("slow drip") << Fault::On({}).WithDrip(1, 60000);
+    QTest::newRow("idle connection") << Fault::On(QStringLiteral("none"));
+}
+
+void tst_VenueServer::StopInterruptsEveryWait()
+{
+    QFETCH(Fault, fault);
+    m_server->AddFault(fault);
+    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    QTRY_COMPARE(m_server->Log().RequestCount(), 1);
+    QElapsedTimer timer;
+    timer.start();
+    m_server->Stop();
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    OutcomeOf(reply);
+}
+
+void tst_VenueServer::RestartTakesTheSamePorts()
+{
+    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+    const quint16 httpsPort = m_server->HttpsPort();
+    const quint16 proxyPort = m_server->ProxyPort();
+    m_server->Stop();
+    QVERIFY(!m_server->IsRunning());
+    const Outcome down = Get(QStringLiteral("/api/venue"));
+    QVERIFY(down.error != QNetworkReply::NoError);
+    QCOMPARE(down.status, 0);
+    QVERIFY(m_server->Start());
+    QCOMPARE(m_server->HttpsPort(), httpsPort);
+    QCOMPARE(m_server->ProxyPort(), proxyPort);
+    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+}
+
+void tst_VenueServer::PortInUseIsReported()
+{
+    VenueServer::Options options = TestOptions();
+    options.httpsPort = m_server->HttpsPort();
+    VenueServer second(options);
+    QVERIFY(!second.Start());
+    QVERIFY(second.ErrorText().contains(QString::number(m_server->HttpsPort())));
+    QVERIFY(!second.IsRunning());
+}
+
+void tst_VenueServer::HangingConnectionsKeepNobodyWaiting()
+{
+    m_server->AddFault(Fault::On(QStringLiteral("hang")).WithoutAnswer());
+    std::vector<std::unique_ptr<QNetworkAccessManager>> managers;
+    // A manager opens six connections to a host at most.
+    for (int i = 0; i < 15; ++i) {
+        managers.push_back(std::make_unique<QNetworkAccessManager>());
+        for (int k = 0; k < 6; ++k) {
+            managers.back()->get(QNetworkRequest(Url(QStringLiteral("/hang"))));
+        }
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(m_server->Log().RequestCount(QStringLiteral("hang")), 90, 20000);
+    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+}
+
+void tst_VenueServer::GuardRestoresTheApplication()
+{
+    const QNetworkProxy proxy = QNetworkProxy::applicationProxy();
+    const auto authorities = QSslConfiguration::defaultConfiguration().caCertificates();
+    QVERIFY(authorities.contains(m_server->CaCertificate()));
+    {
+        VenueServer second(TestOptions());
+        QVERIFY(second.Start());
+        const auto guard = second.InstallInApplication();
+        QCOMPARE(QNetworkProxy::applicationProxy().port(), second.ProxyPort());
+    }
+    QCOMPARE(QNetworkProxy::applicationProxy(), proxy);
+    QCOMPARE(QSslConfiguration::defaultConfiguration().caCertificates(), authorities);
+}
+
+QTEST_GUILESS_MAIN(tst_VenueServer)
+#include "tst_VenueServer.moc"

@@ -1,0 +1,130 @@
+#include <tests/soak/SoakSample.h>
+
+namespace korvel::Soak {
+
+namespace {
+
+const QByteArray& Headings()
+{
+    static const QByteArray headings("phase,round,heap_bytes,descriptors,replies,temp_files");
+    return headings;
+}
+
+struct Growth
+{
+    qint64 rounds = 0;
+    qint64 heap = 0;
+    qint64 descriptors = 0;
+};
+
+Growth GrowthOf(const QList<Sample>& phase)
+{
+    const Sample& first = phase.constFirst();
+    const Sample& last = phase.constLast();
+    return {last.round - first.round, last.heap - first.heap, last.descriptors - first.descriptors};
+}
+
+/// The heap that a whole phase may add, in bytes.
+qint64 HeapLimit(const QString& phase, qint64 rounds)
+{
+    constexpr qint64 c_kilobyte = 1024;
+    constexpr qint64 c_megabyte = 1024 * c_kilobyte;
+    // The viewer's replies live as long as the viewer.
+    if (phase == QLatin1String("downloads"))
+        return 16 * c_kilobyte * rounds;
+    // The files that the host may still read live until the application ends.
+    if (phase == QLatin1String("new imports"))
+        return 4 * c_kilobyte * rounds;
+    return 2 * c_megabyte;
+}
+
+qint64 DescriptorLimit(const QString& phase, qint64 rounds)
+{
+    // A connection of client, forwarder and server may be made anew at the moment of a sample.
+    constexpr qint64 c_connection = 4;
+    // The file of an earlier record stays for the host until the application ends.
+    return (phase == QLatin1String("new imports") ? rounds : 0) + c_connection;
+}
+
+} // namespace
+
+QByteArray ToCsv(const QList<Sample>& samples)
+{
+    QByteArray csv = Headings() + '\n';
+    for (const Sample& sample : samples) {
+        csv += sample.phase.toUtf8();
+        for (const qint64 value :
+             {sample.round, sample.heap, sample.descriptors, sample.replies, sample.tempFiles})
+            csv += ',' + QByteArray::number(value);
+        csv += '\n';
+    }
+    return csv;
+}
+
+QList<Sample> FromCsv(const QByteArray& csv)
+{
+    QList<QByteArray> lines = csv.trimmed().split('\n');
+    if (lines.takeFirst() != Headings())
+        return {};
+    QList<Sample> samples;
+    for (const QByteArray& line : std::as_const(lines)) {
+        const QList<QByteArray> cells = line.split(',');
+        if (cells.size() != 6)
+            return {};
+        samples.append({QString::fromUtf8(cells.at(0)), cells.at(1).toLongLong(), cells.at(2).toLongLong(),
+                        cells.at(3).toLongLong(), cells.at(4).toLongLong(), cells.at(5).toLongLong()});
+    }
+    return samples;
+}
+
+QStringList Complaints(const QList<Sample>& samples)
+{
+    QStringList complaints;
+    for (const QList<Sample>& phase : ByPhase(samples)) {
+        const QString name = phase.constFirst().phase;
+        const Growth growth = GrowthOf(phase);
+        if (growth.heap > HeapLimit(name, growth.rounds))
+            complaints.append(QStringLiteral("%1: the heap grew by %2 bytes").arg(name).arg(growth.heap));
+        if (growth.descriptors > DescriptorLimit(name, growth.rounds)) {
+            complaints.append(QStringLiteral("%1: %2 descriptors more").arg(name).arg(growth.descriptors));
+        }
+        for (const Sample& sample : phase) {
+            if (sample.replies > 0) {
+                complaints.append(QStringLiteral("%1: %2 replies are left after round %3")
+                                      .arg(name)
+                                      .arg(sample.replies)
+                                      .arg(sample.round));
+            }
+        }
+    }
+    return complaints;
+}
+
+QStringList Summary(const QList<Sample>& samples)
+{
+    QStringList lines;
+    for (const QList<Sample>& phase : ByPhase(samples)) {
+        const Growth growth = GrowthOf(phase);
+        lines.append(QStringLiteral("%1: %2 rounds, heap %3 bytes (%4 a round), descriptors %5, files %6")
+                         .arg(phase.constFirst().phase, -13)
+                         .arg(growth.rounds, 6)
+                         .arg(growth.heap, 10)
+                         .arg(double(growth.heap) / double(qMax(qint64(1), growth.rounds)), 0, 'f', 1)
+                         .arg(growth.descriptors)
+                         .arg(phase.constLast().tempFiles - phase.constFirst().tempFiles));
+    }
+    return lines;
+}
+
+QList<QList<Sample>> ByPhase(const QList<Sample>& samples)
+{
+    QList<QList<Sample>> phases;
+    for (const Sample& sample : samples) {
+        if (phases.isEmpty() || phases.constLast().constFirst().phase != sample.phase)
+            phases.append(QList<Sample>());
+        phases.last().append(sample);
+    }
+    return phases;
+}
+
+} // namespace korvel::Soak

@@ -1,0 +1,139 @@
+#include <tests/tour/Hands.h>
+#include <tests/tour/Texts.h>
+#include <tests/tour/TourSteps.h>
+
+#include <ui/PictureNavigationButton.h>
+#include <ui/PictureSlider.h>
+#include <ui/VenueDbDialog.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSet>
+#include <QTextEdit>
+
+namespace korvel::Demo {
+
+namespace {
+
+using namespace Ui::VenueDatabase;
+
+constexpr qint64 c_palaisGarnier = 2001;
+
+/// Number of colours in what is seen of the picture: a drawing has many, a text on a plain background few.
+qsizetype ColoursOfPicture(const TourContext& context)
+{
+    QSet<QRgb> colours;
+    const QImage image = context.Details()->findChild<PictureSlider*>()->grab().toImage();
+    for (int y = 30; y < 200; y += 3) {
+        for (int x = 60; x < 440; x += 3)
+            colours.insert(image.pixel(x, y));
+    }
+    return colours.size();
+}
+
+QString Caption(const VenueRecord& venue, qsizetype index)
+{
+    return QStringLiteral("%1/%2 %3")
+        .arg(index + 1)
+        .arg(venue.pictures.size())
+        .arg(venue.pictures.at(index).alt);
+}
+
+QString SelectedVenue(TourContext& context)
+{
+    context.SelectVenue(c_palaisGarnier);
+    const VenueRecord& venue = context.Venue(c_palaisGarnier);
+    const QWidget* details = context.Details();
+    const auto line = [details](const char* label, int which = 0) {
+        return Hands::FieldBeside<QLineEdit>(details, Texts::FieldLabel(label), which)->text();
+    };
+    const auto text = [details](const char* label, int which = 0) {
+        return Hands::FieldBeside<QTextEdit>(details, Texts::FieldLabel(label), which)->toPlainText();
+    };
+    RequireEqual(line("Complex name"), venue.title, QStringLiteral("complex name"));
+    RequireEqual(text("General comment"), venue.generalComment, QStringLiteral("general comment"));
+    RequireEqual(text("Location comment"), venue.comment, QStringLiteral("location comment"));
+    RequireEqual(line("Clearance of house grid (m)"), venue.clearance, QStringLiteral("clearance"));
+    const QString address = text("Address");
+    Require(address.startsWith(venue.addressLine1 + QLatin1Char('\n')) && address.contains(venue.locality)
+                && !address.contains(QLatin1Char('<')),
+            QStringLiteral("the address stands in lines: ") + address);
+    RequireEqual(context.PictureCaption(), Caption(venue, 0), QStringLiteral("caption"));
+    Require(ColoursOfPicture(context) > 60, QStringLiteral("the picture is drawn"));
+    const auto* files
+        = Hands::FieldBeside<QComboBox>(details, Texts::OfModule("TsFileOpener", "File selector: "));
+    RequireEqual(files->currentText(), venue.modelFiles.constFirst().name, QStringLiteral("model file"));
+    return QStringLiteral("%1 with %2 pictures and %3 model file")
+        .arg(venue.title)
+        .arg(venue.pictures.size())
+        .arg(venue.modelFiles.size());
+}
+
+/// The fold icon is the one label of the panel that shows a picture.
+QLabel* FoldIcon(const QWidget* details)
+{
+    for (QLabel* label : details->findChildren<QLabel*>()) {
+        if (!label->pixmap().isNull())
+            return label;
+    }
+    throw TourFailure{QStringLiteral("there is no fold icon")};
+}
+
+QString CollapsedPanel(TourContext& context)
+{
+    QWidget* details = context.Details();
+    auto* body = details->findChild<QScrollArea*>();
+    QLabel* icon = FoldIcon(details);
+    const QImage open = icon->pixmap().toImage();
+    Hands::Click(icon);
+    Require(!body->isVisible() && details->isVisible(), QStringLiteral("only the caption bar is left"));
+    Require(icon->pixmap().toImage() != open, QStringLiteral("the icon shows the closed state"));
+    Hands::Settle();
+    context.takePicture();
+    Hands::Click(icon);
+    Require(body->isVisible(), QStringLiteral("the details are back"));
+    return QStringLiteral("collapsed to the caption bar and back");
+}
+
+QString PictureSteps(TourContext& context)
+{
+    const VenueRecord& venue = context.Venue(c_palaisGarnier);
+    auto* slider = context.Details()->findChild<PictureSlider*>();
+    const auto step = [slider](bool forward) {
+        for (auto* button :
+             slider->findChildren<PictureNavigationButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if ((button->x() > 0) == forward)
+                Hands::Click(button);
+        }
+    };
+    const QImage first = slider->grab().toImage();
+    step(true);
+    RequireEqual(context.PictureCaption(), Caption(venue, 1), QStringLiteral("caption"));
+    Require(slider->grab().toImage() != first, QStringLiteral("another picture is shown"));
+    step(false);
+    step(false);
+    RequireEqual(context.PictureCaption(), Caption(venue, venue.pictures.size() - 1),
+                 QStringLiteral("caption"));
+    Hands::Settle();
+    context.takePicture();
+    step(true);
+    RequireEqual(context.PictureCaption(), Caption(venue, 0), QStringLiteral("caption"));
+    return QStringLiteral("forward, back, and round from the first to the last");
+}
+
+} // namespace
+
+std::span<const TourStep> DetailSteps()
+{
+    static const TourStep steps[] = {
+        {"selected venue", SelectedVenue},
+        {"collapsed panel", CollapsedPanel},
+        {"picture steps", PictureSteps},
+    };
+    return steps;
+}
+
+} // namespace korvel::Demo

@@ -1,0 +1,103 @@
+#include <tests/tour/TourSteps.h>
+
+#include <demo/MainWindow.h>
+#include <tests/tour/Hands.h>
+#include <tests/tour/Texts.h>
+
+#include <ui/PictureSlider.h>
+#include <ui/VenueDbDialog.h>
+#include <ui/VenueDetailsWidget.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+
+#include <algorithm>
+
+namespace korvel::Demo {
+
+using namespace Ui::VenueDatabase;
+
+VenueDbDialog* TourContext::Dialog() const
+{
+    auto* dialog = window->findChild<VenueDbDialog*>();
+    Require(dialog && dialog->isVisible(), QStringLiteral("the venue database is open"));
+    return dialog;
+}
+
+QWidget* TourContext::Details() const
+{
+    auto* details = Dialog()->findChild<VenueDetailsWidget*>();
+    Require(details && details->isVisible(), QStringLiteral("the details are shown"));
+    return details;
+}
+
+QTableView* TourContext::Table() const
+{
+    auto* table = Dialog()->findChild<QTableView*>();
+    Require(table && table->isVisible(), QStringLiteral("the table is shown"));
+    return table;
+}
+
+QList<qint64> TourContext::ListedIds() const
+{
+    QList<qint64> ids;
+    const QAbstractItemModel* model = Table()->model();
+    for (int row = 0; model && row < model->rowCount(); ++row)
+        ids.append(model->index(row, 0).data().toLongLong());
+    return ids;
+}
+
+QList<qint64> TourContext::CatalogueIds(const std::function<bool(const VenueRecord&)>& matches) const
+{
+    QList<qint64> ids;
+    for (const VenueRecord& venue : catalogue->Venues()) {
+        if (matches(venue))
+            ids.append(venue.entityId);
+    }
+    return ids;
+}
+
+const VenueRecord& TourContext::Venue(qint64 id) const
+{
+    const QList<VenueRecord>& venues = catalogue->Venues();
+    const auto found = std::find_if(venues.begin(), venues.end(),
+                                    [id](const VenueRecord& venue) { return venue.entityId == id; });
+    Require(found != venues.end(), QStringLiteral("the catalogue has venue %1").arg(id));
+    return *found;
+}
+
+void TourContext::SelectVenue(qint64 id) const
+{
+    ClickReset();
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(Dialog(), Texts::FieldLabel("City")), Venue(id).locality);
+    ClickSearch();
+    const qsizetype row = ListedIds().indexOf(id);
+    Require(row >= 0, QStringLiteral("%1 is listed").arg(Venue(id).title));
+    QTableView* table = Table();
+    const QModelIndex cell = table->model()->index(int(row), 1);
+    table->scrollTo(cell);
+    Hands::Click(table->viewport(), table->visualRect(cell).center());
+    const auto idField = [this] { return Hands::FieldBeside<QLineEdit>(Details(), Texts::FieldLabel("ID")); };
+    RequireEqual(idField()->text(), QString::number(id), QStringLiteral("ID"));
+    // The details took most of the table's height.
+    table->scrollTo(cell);
+}
+
+void TourContext::ClickSearch() const
+{
+    Hands::Click(Hands::Button(Dialog(), Texts::OfModule("VenueDbCentralWidget", "Search")));
+}
+
+void TourContext::ClickReset() const
+{
+    Hands::Click(Hands::Button(Dialog(), Texts::OfModule("VenueDbCentralWidget", "Reset")));
+}
+
+QString TourContext::PictureCaption() const
+{
+    return Details()->findChild<PictureSlider*>()->findChild<QLabel*>()->text();
+}
+
+} // namespace korvel::Demo
