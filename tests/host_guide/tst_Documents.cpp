@@ -113,15 +113,12 @@ QList<Code> AllSnippets()
     return snippets;
 }
 
-/// Every text that a test compiles: snippets, and the files of complete programs.
+/// Every text that a test compiles: snippets, and the files of the complete program.
 QList<Code> CompiledTexts()
 {
     QList<Code> texts = AllSnippets();
-    for (const QString& folder :
-         {QStringLiteral("tests/install_consumer/host"), QStringLiteral("tests/host_guide/planner")}) {
-        for (const QString& path : Files(folder, {QStringLiteral("*")}))
-            texts.append({path, ReadText(SourcePath(path))});
-    }
+    for (const QString& path : Files(QStringLiteral("tests/host_guide/planner"), {QStringLiteral("*")}))
+        texts.append({path, ReadText(SourcePath(path))});
     return texts;
 }
 

@@ -1,7 +1,7 @@
 // Drives the example host through the installed module without a display and without a server: whatever the
 // host may use is linked and called, and the program ends with 0 when all of it behaved.
 
-#include "host/HostWindow.h"
+#include "HostWindow.h"
 
 #include <data/Connector_Interface.h>
 #include <data/CountryCodeTranslator.h>
