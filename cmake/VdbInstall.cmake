@@ -1,5 +1,5 @@
 # What `cmake --install` puts into place. Runtime is what a running host needs, Development what its build needs besides:
-# the public headers, the package that find_package() reads, and vdbprobe.
+# the public headers, the packages that find_package() and pkg-config read, and vdbprobe.
 include(CMakePackageConfigHelpers)
 
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/kvVenueDatabase)
@@ -21,6 +21,16 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabaseConfig.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabaseConfigVersion.cmake
   DESTINATION ${packageDir} COMPONENT Development)
+
+# For builds without CMake. It finds its folder by where it lies itself, as the CMake package does.
+set(pkgConfigDir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH prefixFromPackage ${CMAKE_INSTALL_PREFIX}/${pkgConfigDir} ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" prefixFromPackage ${prefixFromPackage})
+configure_file(${PROJECT_SOURCE_DIR}/cmake/kvVenueDatabase.pc.in ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabase.pc.in @ONLY)
+file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/$<CONFIG>/kvVenueDatabase.pc
+  INPUT ${CMAKE_CURRENT_BINARY_DIR}/kvVenueDatabase.pc.in)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/$<CONFIG>/kvVenueDatabase.pc
+  DESTINATION ${pkgConfigDir} COMPONENT Development)
 
 # Diagnosis: which logging categories there are, and the program that asks a server step by step.
 install(FILES ${PROJECT_SOURCE_DIR}/resources/vdb.categories
