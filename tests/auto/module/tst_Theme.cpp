@@ -13,7 +13,10 @@
 #include <tests/support/TextContrast.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QGraphicsView>
@@ -34,6 +37,7 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolTip>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -481,6 +485,11 @@ private Q_SLOTS:
 
     void EveryTextCanBeRead_data();
     void EveryTextCanBeRead();
+    void DialogsOfTheHostStayReadable_data()
+    {
+        AddThemeRows();
+    }
+    void DialogsOfTheHostStayReadable();
     void ABadRuleIsFound_data();
     void ABadRuleIsFound();
     void KeyboardFocusCanBeSeen_data()
@@ -536,6 +545,28 @@ void tst_Theme::EveryTextCanBeRead()
     SceneCalled(scene)->look(shown, findings);
     QVERIFY2(findings.unreadable.isEmpty(), qPrintable(findings.unreadable.join(QLatin1Char('\n'))));
     QVERIFY2(findings.texts >= SceneCalled(scene)->texts, qPrintable(QString::number(findings.texts)));
+}
+
+void tst_Theme::DialogsOfTheHostStayReadable()
+{
+    QFETCH(bool, dayMode);
+    const InstalledSheet sheet(dayMode);
+    // Nothing in it is ours: the host's own palette is what counts.
+    QDialog dialog;
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(new QLabel(QStringLiteral("Name of the plan")));
+    layout->addWidget(new QLineEdit(QStringLiteral("Untitled")));
+    layout->addWidget(new QCheckBox(QStringLiteral("With all layers")));
+    layout->addWidget(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel));
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+
+    const QList<TextPlace> texts = VisibleTexts(&dialog);
+    QVERIFY2(texts.size() >= 4, qPrintable(QString::number(texts.size())));
+    for (const TextPlace& text : texts)
+        QVERIFY2(DrawnContrast(text) >= NecessaryContrast(text), qPrintable(text.name));
+    const QColor ground = dialog.grab().toImage().pixelColor(2, 2);
+    QCOMPARE(ground.name(), QApplication::palette().color(QPalette::Window).name());
 }
 
 void tst_Theme::ABadRuleIsFound_data()

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QNetworkProxy>
+#include <QPalette>
 #include <QPlainTextEdit>
 #include <QSslConfiguration>
 #include <QStatusBar>
@@ -42,7 +43,8 @@ int main(int argc, char* argv[])
     // One dialog for the whole run. It asks the server for nothing before Open().
     auto* venues = new VenueDbDialog(&window);
     venues->ConnectVdb(QStringLiteral("JSONREST"));
-    venues->SetDayMode(true);
+    // Light where the desktop is light.
+    venues->SetDayMode(QApplication::palette().color(QPalette::Window).lightness() > 127);
 
     // What the user asks for in the dialog arrives through the hub.
     const VenueDbSignalHandler* hub = VenueDbSignalHandler::GetInstance();
