@@ -1,6 +1,7 @@
 #include <demo/HelpWindow.h>
 
 #include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -20,7 +21,7 @@ HelpWindow::HelpWindow(QWidget* parent)
            "to the dock, what may hang from the grid.</p>"
            "<h3>Find a venue</h3>"
            "<p>Type a part of a name or of a city, or choose a country, and click <b>Search</b>. "
-           "<b>Reset</b> lists everything again. A click on a column header sorts by date.</p>"
+           "<b>Reset</b> lists everything again. A click on the header of the date column sorts.</p>"
            "<h3>Look at it</h3>"
            "<p>Select a row to see its details. The round buttons step through the pictures; the one in the "
            "middle opens them full screen, where the wheel zooms, A and D step, and Ctrl+S saves the "
@@ -33,6 +34,8 @@ HelpWindow::HelpWindow(QWidget* parent)
            "&nbsp;·&nbsp; Ctrl+Q quit</p>"));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)
+        ->setProperty("customStyle", QStringLiteral("buttonKorvelDefault"));
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* layout = new QVBoxLayout(this);

@@ -4,6 +4,8 @@
 #include <ui/VenueDbSignalHandler.h>
 
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
 #include <QWidget>
 
 namespace korvel::Demo {
@@ -37,7 +39,12 @@ VenueDatabaseEmbedding::~VenueDatabaseEmbedding()
 
 void VenueDatabaseEmbedding::Open()
 {
-    m_dialog->Open(m_window->screen());
+    QScreen* screen = m_window->screen();
+    m_dialog->Open(screen);
+    // The dialog has a size of its own; on a small screen its footer would lie below the edge.
+    const int titleBar = m_dialog->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    if (m_dialog->height() + titleBar > screen->availableGeometry().height())
+        m_dialog->showMaximized();
 }
 
 void VenueDatabaseEmbedding::SetDayMode(bool dayMode)

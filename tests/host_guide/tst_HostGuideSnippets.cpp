@@ -107,6 +107,8 @@ private Q_SLOTS:
     void FileWithoutCertificateIsRefused();
     void DialogOpensWhereItWasLeft();
     void FirstOpeningHasTheModulesSize();
+    void DialogIsMaximisedOnASmallScreen_data();
+    void DialogIsMaximisedOnASmallScreen();
     void HubLeadsDayModeAndHelpToTheHost();
     void ImportedModelIsAnsweredOnce();
     void RefusedImportIsAnsweredTwice();
@@ -195,6 +197,26 @@ void tst_HostGuideSnippets::FirstOpeningHasTheModulesSize()
     place.Open(nullptr);
     QCOMPARE(dialog.size(), QSize(1062, 768));
     dialog.hide();
+}
+
+void tst_HostGuideSnippets::DialogIsMaximisedOnASmallScreen_data()
+{
+    QTest::addColumn<bool>("fits");
+    QTest::newRow("the screen has room") << true;
+    QTest::newRow("the title bar would push it out") << false;
+}
+
+void tst_HostGuideSnippets::DialogIsMaximisedOnASmallScreen()
+{
+    QFETCH(bool, fits);
+    QScreen* screen = QGuiApplication::primaryScreen();
+    QWidget window;
+    Embedding embedding(&window);
+    // A dialog as high as the screen stands for a screen as low as the dialog.
+    if (!fits)
+        embedding.Dialog()->setMinimumHeight(screen->availableGeometry().height());
+    embedding.Open(screen);
+    QCOMPARE(embedding.Dialog()->isMaximized(), !fits);
 }
 
 void tst_HostGuideSnippets::HubLeadsDayModeAndHelpToTheHost()

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QFile>
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
 #include <QThreadPool>
 
 using korvel::Ui::VenueDatabase::VenueDbDialog;
@@ -94,6 +96,16 @@ void Embedding::ImportInBackground(const QString& path)
     });
 }
 //! [import in a thread]
+
+void Embedding::Open(QScreen* screen)
+{
+    //! [small screen]
+    m_dialog->Open(screen);
+    const int titleBar = m_dialog->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    if (m_dialog->height() + titleBar > screen->availableGeometry().height())
+        m_dialog->showMaximized();
+    //! [small screen]
+}
 
 void Embedding::RemoveVenueDatabase()
 {

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPointer>
 
+class QScreen;
 class QWidget;
 
 /// A host's side of the venue database, in pieces.
@@ -21,6 +22,7 @@ public:
     }
     void SetTheme(bool dayMode);
     void ShowHelp();
+    void Open(QScreen* screen);
     void ImportInBackground(const QString& path);
     void RemoveVenueDatabase();
 
