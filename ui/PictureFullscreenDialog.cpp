@@ -2,6 +2,7 @@
 
 #include <data/DownloadManager.h>
 #include <ui/CustomStyle_p.h>
+#include <ui/DownloadCursors_p.h>
 #include <ui/PictureCaption_p.h>
 #include <ui/PictureDecoder_p.h>
 #include <ui/PictureItem_p.h>
@@ -62,16 +63,14 @@ PictureFullscreenDialog::PictureFullscreenDialog(QWidget* parent)
     , m_downloadManager(new DownloadManager(this))
     , m_view(new PictureView)
     , m_scene(new QGraphicsScene(this))
+    , m_downloadCursors(std::make_unique<DownloadCursors>())
 {
     SetupUi();
     SetDayMode(false);
     ConnectSignals();
 }
 
-PictureFullscreenDialog::~PictureFullscreenDialog()
-{
-    PopAllWaitCursors();
-}
+PictureFullscreenDialog::~PictureFullscreenDialog() = default;
 
 void PictureFullscreenDialog::SetPictures(QList<Picture>* pictures)
 {
@@ -81,7 +80,6 @@ void PictureFullscreenDialog::SetPictures(QList<Picture>* pictures)
     m_index = 0;
     m_currentPicture.reset();
     m_currentRow = -1;
-    m_endedDownloads.clear();
 
     m_leftButton->setVisible(m_pictures.size() > 1);
     m_rightButton->setVisible(m_pictures.size() > 1);
@@ -198,21 +196,19 @@ void PictureFullscreenDialog::SetDayMode(bool dayMode)
 void PictureFullscreenDialog::OnPictureBinaryDataFinished(QUrl url, QByteArray buffer)
 {
     if (m_currentPicture && url == QUrl(m_currentPicture->GetPictureUrlLarge())) {
-        // Fetched twice when the user left and came back meanwhile: the zoom of what is shown already stays.
-        const bool isShownAlready = !buffer.isEmpty() && m_currentPicture->GetPictureDataLarge() == buffer;
         m_currentPicture->SetPictureDataLarge(buffer);
         if (m_currentRow >= 0)
             m_pictures[m_currentRow].SetPictureDataLarge(buffer);
-        if (!isShownAlready)
-            SetImage(buffer);
+        SetImage(buffer);
         SetStatusLabelText(QString());
     }
-    PopWaitCursor(url);
+    m_downloadCursors->EndOne(url, true);
 }
 
-void PictureFullscreenDialog::OnPictureBinaryDataRequestFailed(QUrl url, QString /*errorMessage*/)
+void PictureFullscreenDialog::OnPictureBinaryDataRequestFailed(QUrl url, QString errorMessage)
 {
-    PopWaitCursor(url);
+    // The downloader reports twice after a network error, and this comes first.
+    m_downloadCursors->EndOne(url, errorMessage != QLatin1String("Request failed!"));
 }
 
 void PictureFullscreenDialog::OnContextMenuRequested(QPoint pos)
@@ -322,7 +318,7 @@ void PictureFullscreenDialog::showEvent(QShowEvent* event)
 void PictureFullscreenDialog::hideEvent(QHideEvent* event)
 {
     VenueDbDialogBase::hideEvent(event);
-    PopAllWaitCursors();
+    m_downloadCursors->EndAll();
 }
 
 void PictureFullscreenDialog::closeEvent(QCloseEvent* event)
@@ -384,7 +380,7 @@ void PictureFullscreenDialog::ShowPicture(const Picture& picture, qsizetype row)
 
     const QUrl url(m_currentPicture->GetPictureUrlLarge());
     SetStatusLabelText(tr("Loading large image..."));
-    PushWaitCursor(url);
+    m_downloadCursors->Begin(url);
     m_downloadManager->RequestPictureBinaryData(url);
 }
 
@@ -400,32 +396,6 @@ void PictureFullscreenDialog::PlaceOverlays()
     const int textHeight = m_descriptionLabel->heightForWidth(m_descriptionLabel->width());
     m_descriptionLabel->resize(m_descriptionLabel->width(), std::clamp(textHeight, 0, std::max(0, bottom)));
     m_descriptionLabel->move(2, bottom - m_descriptionLabel->height());
-}
-
-void PictureFullscreenDialog::PushWaitCursor(const QUrl& url)
-{
-    m_waitingDownloads.append(url);
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-}
-
-void PictureFullscreenDialog::PopWaitCursor(const QUrl& url)
-{
-    // Only what was pushed here: one cursor too many would be the host's.
-    if (m_waitingDownloads.isEmpty())
-        return;
-    if (!m_waitingDownloads.removeOne(url)) {
-        if (m_endedDownloads.contains(url))
-            return;
-        m_waitingDownloads.removeFirst();
-    }
-    m_endedDownloads.insert(url);
-    QGuiApplication::restoreOverrideCursor();
-}
-
-void PictureFullscreenDialog::PopAllWaitCursors()
-{
-    while (!m_waitingDownloads.isEmpty())
-        PopWaitCursor(m_waitingDownloads.constFirst());
 }
 
 } // namespace korvel::Ui::VenueDatabase

@@ -7,10 +7,10 @@
 #include <QByteArray>
 #include <QList>
 #include <QPoint>
-#include <QSet>
 #include <QString>
 #include <QUrl>
 
+#include <memory>
 #include <optional>
 
 class QGraphicsScene;
@@ -21,6 +21,7 @@ class DownloadManager;
 
 namespace korvel::Ui::VenueDatabase {
 
+class DownloadCursors;
 class PictureNavigationButton;
 class PictureView;
 
@@ -118,9 +119,6 @@ private:
     /// Shows \p picture, whose large rendition is to be kept in row \p row of the list, -1 for none.
     void ShowPicture(const Data::VenueDatabase::Picture& picture, qsizetype row);
     void PlaceOverlays();
-    void PushWaitCursor(const QUrl& url);
-    void PopWaitCursor(const QUrl& url);
-    void PopAllWaitCursors();
 
     Data::VenueDatabase::DownloadManager* m_downloadManager = nullptr;
     /// A copy, so that it outlives whatever becomes of the list that it was taken from.
@@ -134,10 +132,7 @@ private:
     PictureNavigationButton* m_rightButton = nullptr;
     qsizetype m_index = -1;
     QGraphicsScene* m_scene = nullptr;
-    /// The URLs of the downloads that hold a wait cursor, one entry for each cursor.
-    QList<QUrl> m_waitingDownloads;
-    /// The URLs of those whose cursor has been taken back: a failing download reports twice.
-    QSet<QUrl> m_endedDownloads;
+    std::unique_ptr<DownloadCursors> m_downloadCursors;
 };
 
 } // namespace korvel::Ui::VenueDatabase

@@ -657,6 +657,23 @@ private Q_SLOTS:
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
     }
 
+    void OnlyItsOwnFailureEndsTheWaitOfADownloadThatWasStartedTwice()
+    {
+        const SilentServer server;
+        PictureFullscreenDialog dialog;
+        const QUrl url(server.Url(QStringLiteral("hall")));
+        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), url.toString())};
+        dialog.SetPictures(&pictures);
+        dialog.SetPicturesIndex(0);
+        dialog.ModifyPicturesIndex(1);
+        for (const Qt::CursorShape left : {Qt::WaitCursor, Qt::ArrowCursor}) {
+            dialog.OnPictureBinaryDataRequestFailed(url, QStringLiteral("Request failed!"));
+            dialog.OnPictureBinaryDataRequestFailed(
+                url, QStringLiteral("Cannot convert reply. Reply is not an image."));
+            QCOMPARE(OverrideShape(), left);
+        }
+    }
+
     void LateReplyIsDropped()
     {
         const SilentServer server;
@@ -700,8 +717,15 @@ private Q_SLOTS:
         QCOMPARE(ShownSize(dialog), c_largeSize);
     }
 
-    void SecondReplyOfTheSamePictureKeepsTheZoom()
+    void SecondReplyIsShownAndFittedLikeTheFirst_data()
     {
+        QTest::addColumn<QByteArray>("second");
+        QTest::newRow("same bytes") << EncodedPicture(c_largeSize, Qt::blue);
+        QTest::newRow("other bytes") << EncodedPicture(c_largeSize, Qt::green);
+    }
+    void SecondReplyIsShownAndFittedLikeTheFirst()
+    {
+        QFETCH(QByteArray, second);
         const SilentServer server;
         PictureFullscreenDialog dialog;
         const QUrl url(server.Url(QStringLiteral("hall")));
@@ -709,13 +733,56 @@ private Q_SLOTS:
         dialog.SetPictures(&pictures);
         dialog.SetPicturesIndex(0);
         dialog.ModifyPicturesIndex(1);
-        const QByteArray large = EncodedPicture(c_largeSize, Qt::blue);
-        dialog.OnPictureBinaryDataFinished(url, large);
+        dialog.OnPictureBinaryDataFinished(url, EncodedPicture(c_largeSize, Qt::blue));
         View(dialog)->ZoomBy(2.0);
-        dialog.OnPictureBinaryDataFinished(url, large);
+        dialog.SetStatusLabelText(QStringLiteral("before"));
+        dialog.OnPictureBinaryDataFinished(url, second);
         QCOMPARE(ShownSize(dialog), c_largeSize);
-        QCOMPARE(View(dialog)->transform().m11(), 2.0);
+        QCOMPARE(View(dialog)->transform().m11(), 1.0);
+        QCOMPARE(Status(dialog), QString());
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
+    }
+
+    void ReplyFromBeforeTheViewerWasClosedTakesNoCursor_data()
+    {
+        QTest::addColumn<bool>("samePicture");
+        QTest::addColumn<bool>("fails");
+        QTest::newRow("another venue, the old picture arrives") << false << false;
+        QTest::newRow("another venue, the old download fails") << false << true;
+        QTest::newRow("same picture again, the old reply arrives") << true << false;
+        QTest::newRow("same picture again, the old download fails") << true << true;
+    }
+    void ReplyFromBeforeTheViewerWasClosedTakesNoCursor()
+    {
+        QFETCH(bool, samePicture);
+        QFETCH(bool, fails);
+        const SilentServer server;
+        PictureFullscreenDialog dialog;
+        const QUrl oldUrl(server.Url(QStringLiteral("old")));
+        const QUrl newUrl = samePicture ? oldUrl : QUrl(server.Url(QStringLiteral("new")));
+        for (const QUrl& url : {oldUrl, newUrl}) {
+            dialog.hide();
+            QCOMPARE(OverrideShape(), Qt::ArrowCursor);
+            QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), url.toString())};
+            dialog.SetPictures(&pictures);
+            dialog.Open();
+            dialog.SetPicturesIndex(0);
+            QCOMPARE(OverrideShape(), Qt::WaitCursor);
+        }
+        const QByteArray bytes = EncodedPicture(c_largeSize, Qt::blue);
+        if (fails) {
+            // As the downloader says it: twice for one request.
+            dialog.OnPictureBinaryDataRequestFailed(oldUrl, QStringLiteral("Request failed!"));
+            QCOMPARE(OverrideShape(), Qt::WaitCursor);
+            dialog.OnPictureBinaryDataRequestFailed(
+                oldUrl, QStringLiteral("Cannot convert reply. Reply is not an image."));
+        } else {
+            dialog.OnPictureBinaryDataFinished(oldUrl, bytes);
+        }
+        QCOMPARE(OverrideShape(), Qt::WaitCursor);
+        dialog.OnPictureBinaryDataFinished(newUrl, bytes);
+        QCOMPARE(OverrideShape(), Qt::ArrowCursor);
+        dialog.hide();
     }
 
     void ReplyOfUnknownOriginEndsOneWait()
