@@ -8,6 +8,7 @@
 #include <ui/PictureItem_p.h>
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureView.h>
+#include <ui/text/PlainLabel_p.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -17,7 +18,6 @@
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
@@ -348,8 +348,7 @@ void PictureFullscreenDialog::SetupUi()
     m_view->setAccessibleDescription(tr(
         "Plus and Minus zoom, Page Up shows the next picture and Page Down the previous one, Ctrl+S saves."));
 
-    m_descriptionLabel = new QLabel(QStringLiteral("-/0"), m_view);
-    m_descriptionLabel->setTextFormat(Qt::PlainText);
+    m_descriptionLabel = new PlainLabel(QStringLiteral("-/0"), m_view);
     m_descriptionLabel->setWordWrap(true);
     SetCustomStyle(m_descriptionLabel, QLatin1String("labelKorvelCaptionSmall"));
 }

@@ -6,10 +6,10 @@
 #include <ui/PictureDecoder_p.h>
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureNavigationButton.h>
+#include <ui/text/PlainLabel_p.h>
 
 #include <QFocusEvent>
 #include <QIcon>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -208,8 +208,7 @@ void PictureSlider::SetupUi()
 
     auto* layout = new QVBoxLayout;
     layout->addSpacing(c_size.height());
-    m_captionLabel = new QLabel(QStringLiteral("-/0"), this);
-    m_captionLabel->setTextFormat(Qt::PlainText);
+    m_captionLabel = new PlainLabel(QStringLiteral("-/0"), this);
     SetCustomStyle(m_captionLabel, QLatin1String("labelKorvelCaptionSmall"));
     layout->addWidget(m_captionLabel);
     setLayout(layout);

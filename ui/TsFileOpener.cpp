@@ -3,10 +3,11 @@
 #include <data/Logging_p.h>
 #include <ui/CustomStyle_p.h>
 #include <ui/VenueDbSignalHandler.h>
+#include <ui/text/PlainComboBox_p.h>
+#include <ui/text/PlainLabel_p.h>
+#include <ui/text/ShownText_p.h>
 
-#include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QSizePolicy>
 #include <QVBoxLayout>
@@ -40,7 +41,7 @@ void TsFileOpener::UpdateUi(QList<TsFile>* files)
     m_files = *files;
     m_importButton->setEnabled(true);
     for (const TsFile& file : std::as_const(m_files))
-        m_fileComboBox->addItem(file.GetFileName());
+        m_fileComboBox->addItem(WithinReason(file.GetFileName()));
     SelectFile(m_files.constFirst());
 }
 
@@ -103,12 +104,10 @@ void TsFileOpener::SetupUi()
     label->setFixedWidth(140);
     row->addWidget(label);
 
-    m_fileComboBox = new QComboBox(this);
+    m_fileComboBox = new PlainComboBox(this);
     SetCustomStyle(m_fileComboBox, QLatin1String("comboBoxKorvelDefault"));
     m_fileComboBox->setMinimumWidth(100);
     label->setBuddy(m_fileComboBox);
-    // File names come from the server: however long one is, it must not widen the panel.
-    m_fileComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     row->addWidget(m_fileComboBox);
 
     m_importButton = new QPushButton(tr("Import to Tessra"), this);
@@ -120,9 +119,8 @@ void TsFileOpener::SetupUi()
 
     // Deliberate: in no layout. It stays where a new child stands, at the top left; hosts place and style it
     // by its object name.
-    m_versionLabel = new QLabel(this);
+    m_versionLabel = new PlainLabel(QString(), this);
     m_versionLabel->setObjectName(QStringLiteral("tsFileVersionLabel"));
-    m_versionLabel->setTextFormat(Qt::PlainText);
     SetCustomStyle(m_versionLabel, QLatin1String("labelKorvelLight"));
 }
 

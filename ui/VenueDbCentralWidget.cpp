@@ -2,6 +2,7 @@
 
 #include <ui/CustomStyle_p.h>
 #include <ui/VenueDetailsWidget.h>
+#include <ui/text/LineDelegate_p.h>
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -191,6 +192,7 @@ QPushButton* VenueDbCentralWidget::CreateButton(const QString& text)
 void VenueDbCentralWidget::SetupTable()
 {
     m_tableView = new QTableView(this);
+    m_tableView->setItemDelegate(new LineDelegate(m_tableView));
     m_tableView->setShowGrid(false);
     m_tableView->setFrameShape(QFrame::NoFrame);
     m_tableView->setFrameShadow(QFrame::Plain);

@@ -5,6 +5,7 @@
 #include <ui/FoldingIcon_p.h>
 #include <ui/PictureSlider.h>
 #include <ui/TsFileOpener.h>
+#include <ui/text/ShownText_p.h>
 
 #include <QEvent>
 #include <QFrame>
@@ -69,7 +70,7 @@ QVBoxLayout* CreateBottomColumnLayout(QWidget* column)
 /// Shows the beginning of \p text, where Qt would show the end of one that is too long for the field.
 void ShowText(QLineEdit* lineEdit, const QString& text)
 {
-    lineEdit->setText(text);
+    lineEdit->setText(WithinScreen(text));
     lineEdit->setCursorPosition(0);
 }
 
@@ -86,8 +87,9 @@ bool HasEndlessWord(const QString& text)
     return false;
 }
 
-void ShowText(QTextEdit* textEdit, const QString& text)
+void ShowText(QTextEdit* textEdit, const QString& wholeText)
 {
+    const QString text = WithinReason(wholeText);
     // For each line of a word that does not fit into one Qt looks for the end of the word again, which takes
     // minutes for a megabyte without a blank. The old text goes first: the mode lays it out once more.
     textEdit->clear();

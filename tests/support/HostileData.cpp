@@ -124,6 +124,29 @@ QList<NamedText> HostileTexts()
     return texts;
 }
 
+QList<NamedText> HugeTexts()
+{
+    constexpr qsizetype c_megabyte = 1000 * 1000;
+    const auto repeated
+        = [](const QString& unit) { return unit.repeated(c_megabyte / unit.toUtf8().size()); };
+    return {
+        {"one word", repeated(u"W"_s), {}},
+        {"many words", repeated(u"Wall "_s), {}},
+        {"lines of one character", repeated(u"W\n"_s), {}},
+        {"blanks", repeated(u" "_s), {}},
+        {"tabs", repeated(u"\t"_s), {}},
+        {"control characters", repeated(u"\u0001"_s), {}},
+        {"combining marks on one letter", u"a"_s + QString(c_megabyte / 2, QChar(0x0301)), {}},
+        {"points on one Hebrew letter", u"\u05d0"_s + QString(c_megabyte / 2, QChar(0x05b0)), {}},
+        {"combining marks on many letters", repeated(u"a\u0301"_s), {}},
+        {"a script for each character", repeated(u"\u03b1a"_s), {}},
+        {"a direction for each character", repeated(u"\u05d0a "_s), {}},
+        {"isolates within isolates", repeated(u"\u2067x"_s), {}},
+        {"outside of the first plane", repeated(u"\U0001F3AD"_s), {}},
+        {"Thai", repeated(u"\u0e01\u0e33"_s), {}},
+    };
+}
+
 QByteArray NoisePicture(const QSize& size)
 {
     return Encoded(Noise(size), "PNG");

@@ -28,6 +28,9 @@ struct NamedText
 /// Texts that must be shown as they are.
 QList<NamedText> HostileTexts();
 
+/// Texts of a megabyte, each of which takes Qt long in another way to lay out; without json.
+QList<NamedText> HugeTexts();
+
 struct UndecodablePicture
 {
     QByteArray name;
