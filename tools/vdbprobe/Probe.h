@@ -1,28 +1,26 @@
 #pragma once
 
 #include <tools/vdbprobe/Outcome.h>
-#include <tools/vdbprobe/ProbeConnector.h>
-#include <tools/vdbprobe/ProbeOptions.h>
 
-#include <QList>
-#include <QSslSocket>
+#include <QNetworkProxy>
 #include <QTextStream>
 
-class QUrlQuery;
+#include <functional>
 
 namespace korvel::Tools {
 
-/// The steps from a host name to a loaded model file, each built on the ones before, in the order in which
-/// they go wrong in practice.
+struct ProbeOptions;
+
+/// The steps from a host name to a search, in the order in which they go wrong in practice.
 ///
-/// What it writes is meant for a ticket: English everywhere, and no password, no query, no header.
+/// What it writes is meant for a ticket: English everywhere, and no password or other secret.
 class Probe
 {
 public:
-    /// Writes to \p output, which must outlive the probe.
+    /// Writes to \p output. Both must outlive the probe.
     Probe(const ProbeOptions& options, QTextStream& output);
 
-    /// Runs all steps, the last two even if one of them fails. The number of the first step that failed, 0
+    /// Runs all steps, the last three even if one of them fails. The number of the first step that failed, 0
     /// when all went well. Blocks, partly in nested event loops.
     int Run();
 
@@ -30,40 +28,21 @@ private:
     struct Step
     {
         const char* name = nullptr;
-        Outcome (Probe::*run)() = nullptr;
+        std::function<Outcome()> run;
         bool isNeededByLaterOnes = true;
     };
 
     void SetUpNetwork();
     void WriteHeader();
+    void RunStep(int number, const Step& step);
     void WriteDetail(const QString& text);
-    void WriteCertificate(const QSslCertificate& certificate);
+    void WriteEnd();
 
-    Outcome FindHostOrProxy();
-    Outcome FindHost();
-    Outcome ReachProxy();
-    Outcome Connect();
-    Outcome StartTls();
-    Outcome AskForVenues();
-    Outcome CheckMediaType();
-    Outcome ReadVenues();
-    Outcome LoadPicture();
-    Outcome LoadModelFile();
-
-    QUrl Url(const QString& path) const;
-    QUrl VenueUrl(const QList<std::pair<QString, QString>>& query) const;
-    /// Asks for the resources \p include of one venue after the other until one has some: its "included"
-    /// array and id. Otherwise \p result is the outcome of the step.
-    bool FindIncluded(const QString& include, const QString& what, QJsonArray& included, qint64& venueId,
-                      Outcome& result);
-
-    const ProbeOptions m_options;
+    const ProbeOptions& m_options;
     QTextStream& m_output;
-    ProbeConnector m_connector;
     QNetworkProxy m_proxy; ///< that leads to the server
-    QSslSocket m_socket;
-    FetchResult m_venues;
-    QList<qint64> m_venueIds;
+    int m_firstFailure = 0;
+    bool m_goesOn = true;
 };
 
 } // namespace korvel::Tools

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <data/ServerQuery_p.h>
+
 #include <QList>
 #include <QNetworkProxy>
 #include <QSslCertificate>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 namespace korvel::Tools {
 
@@ -32,6 +35,9 @@ struct ProbeOptions
 
     /// Reads \p arguments, the program's name first, and the files that they name.
     static ProbeOptions FromArguments(const QStringList& arguments);
+
+    /// The address of \p path on the server.
+    QUrl Url(const QString& path, const Data::VenueDatabase::QueryPairs& query = {}) const;
 };
 
 } // namespace korvel::Tools

@@ -1,5 +1,6 @@
 #include <tools/vdbprobe/SafeText.h>
 
+#include <QDateTime>
 #include <QNetworkProxy>
 #include <QUrl>
 
@@ -32,6 +33,11 @@ QString Address(const QNetworkProxy& proxy)
         return QStringLiteral("none");
     const QString address = QStringLiteral("%1:%2").arg(OneLine(proxy.hostName())).arg(proxy.port());
     return proxy.user().isEmpty() ? address : address + QStringLiteral(" (with a user name)");
+}
+
+QString DateText(const QDateTime& date)
+{
+    return date.toUTC().toString(Qt::ISODate);
 }
 
 } // namespace korvel::Tools

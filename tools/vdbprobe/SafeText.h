@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QDateTime;
 class QNetworkProxy;
 class QUrl;
 
@@ -13,5 +14,7 @@ QString OneLine(const QString& text);
 QString Address(const QUrl& url);
 /// Host and port of \p proxy, without the user name and password that it may carry; "none" without a proxy.
 QString Address(const QNetworkProxy& proxy);
+/// \p date in UTC, the same everywhere.
+QString DateText(const QDateTime& date);
 
 } // namespace korvel::Tools

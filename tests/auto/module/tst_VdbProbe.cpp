@@ -6,6 +6,9 @@
 #include <tests/support/MessageGuard.h>
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -26,10 +29,11 @@ using Script = std::function<void(VenueServer&)>;
 
 namespace {
 
-constexpr int c_steps = 8;
+constexpr int c_steps = 9;
 constexpr int c_wrongUsage = 64;
 /// How long the program may take; far more than any run needs.
 constexpr int c_patience = 60000;
+const QByteArray c_jsonApi = "application/vnd.api+json";
 const QByteArray c_picture = "\x89PNG small fixed bytes";
 
 VenueServer::Options ServerOptions()
@@ -59,6 +63,13 @@ struct Run
     bool HasFailed(int number) const
     {
         return Line(number).contains(QRegularExpression(u"^\\d [a-zA-Z ]+ FAILED  \\S"_s));
+    }
+    /// The line of the step \p number with the hint below it.
+    QString Told(int number) const
+    {
+        const QString line = Line(number);
+        const QString below = output.mid(output.indexOf(line) + line.size() + 1).section(u'\n', 0, 0);
+        return below.startsWith(u"    hint: "_s) ? line + u'\n' + below : line;
     }
     bool WasNotTried(int number) const
     {
@@ -111,6 +122,8 @@ private Q_SLOTS:
         QVERIFY(run.Line(6).endsWith(u" 3 venues"_s));
         QVERIFY(run.Line(7).contains(u"image/png, %1 bytes"_s.arg(c_picture.size())));
         QVERIFY(run.Line(8).contains(u"1000 bytes"_s));
+        const QString title = m_server->Catalogue()->Venues().last().title;
+        QVERIFY2(run.Line(9).contains(u"title \"%1\": "_s.arg(title)), qPrintable(run.Line(9)));
         QVERIFY(run.output.endsWith(u"All is well.\n"_s));
         QCOMPARE(run.errors, QString());
     }
@@ -129,10 +142,12 @@ private Q_SLOTS:
         QList<korvel::Data::VenueDatabase::Venue> venues;
         connector.FindVenueEntries({}, venues);
         QCOMPARE(venues.size(), 1);
+        const QString title = venues.first().GetComplexName();
         QCOMPARE(connector.GetPictureEntries(venues.first().GetId()).size(), 1);
         QCOMPARE(connector.GetTSFileEntries(venues.first().GetId()).size(), 1);
+        connector.FindVenueEntries({{u"title"_s, title}}, venues);
         QCOMPARE(asked, Requests());
-        QCOMPARE(asked.size(), 5);
+        QCOMPARE(asked.size(), 6);
     }
 
     void LooksForAVenueWithPicturesAndFiles()
@@ -158,7 +173,7 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.Line(7).endsWith(u"the first 10 venues have no pictures: nothing to load"_s));
         QVERIFY(run.Line(8).endsWith(u"the first 10 venues have no model files: nothing to load"_s));
-        QCOMPARE(m_server->Log().RequestCount(), 21);
+        QCOMPARE(m_server->Log().RequestCount(), 22);
     }
 
     void WorksWithoutProxy()
@@ -224,7 +239,7 @@ private Q_SLOTS:
             network({.kind = NetworkFault::Kind::AnswerConnect, .value = 403, .host = {}}));
         row("proxy that wants a password", 2, u".+"_s,
             network({.kind = NetworkFault::Kind::AnswerConnect, .value = 407, .host = {}}));
-        row("proxy that never answers", 2, u".+timed out.*"_s,
+        row("proxy that never answers", 2, u".+does not answer"_s,
             network({.kind = NetworkFault::Kind::NeverAnswer, .host = {}}), {u"--timeout"_s, u"1"_s});
         row("server down", 2, u"localhost:1: Connection refused"_s, nothing,
             {u"--proxy"_s, u"none"_s, u"--host"_s, u"localhost:1"_s});
@@ -297,6 +312,45 @@ private Q_SLOTS:
         const QString after = run.output.mid(run.output.indexOf(run.Line(step)) + run.Line(step).size());
         QVERIFY2(after.startsWith(u"\n    hint: "_s), qPrintable(run.output));
         QVERIFY(run.output.endsWith(u"First failure: step %1.\n"_s.arg(step)));
+        QCOMPARE(run.errors, QString());
+    }
+
+    // The words that a support person needs, and those that would mislead.
+
+    void TellsTheCause_data()
+    {
+        QTest::addColumn<Script>("script");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QStringList>("words");
+        QTest::addColumn<QString>("misleading");
+        const auto row = [](const char* name, int step, const QStringList& words, const QString& misleading,
+                            const Script& script, const QStringList& arguments = {}) {
+            QTest::newRow(name) << script << arguments << step << words << misleading;
+        };
+        ProxyCauses(row);
+        StatusCauses(row);
+        AnswerCauses(row);
+        DataCauses(row);
+        SearchCauses(row);
+    }
+    void TellsTheCause()
+    {
+        QFETCH(Script, script);
+        QFETCH(QStringList, arguments);
+        QFETCH(int, step);
+        QFETCH(QStringList, words);
+        QFETCH(QString, misleading);
+        script(*m_server);
+        arguments.replaceInStrings(u"PROXY"_s, Proxy());
+        arguments.replaceInStrings(u"HTTPS"_s, u"127.0.0.1:%1"_s.arg(m_server->HttpsPort()));
+        const Run run = Probe(arguments);
+        QVERIFY2(run.exitCode == step, qPrintable(run.output + run.errors));
+        const QString told = run.Told(step);
+        for (const QString& word : std::as_const(words))
+            QVERIFY2(told.contains(word), qPrintable(told));
+        QVERIFY2(misleading.isEmpty() || !told.contains(misleading), qPrintable(told));
+        QCOMPARE(run.errors, QString());
     }
 
     void AuthorityMustBeNamed()
@@ -416,6 +470,180 @@ private Q_SLOTS:
     }
 
 private:
+    static Script With(const Fault& fault)
+    {
+        return [fault](VenueServer& server) { server.AddFault(fault); };
+    }
+    static Script With(const NetworkFault& fault)
+    {
+        return [fault](VenueServer& server) { server.AddFault(fault); };
+    }
+    static Fault OnVenues()
+    {
+        return Fault::On(u"include=editor"_s);
+    }
+    /// The answer to every query for venues: a document with \p body.
+    static Fault OnVenuesSay(const QByteArray& body)
+    {
+        return Fault::On(u"/api/venue"_s).WithStatus(200).WithBody(body).WithMediaType(c_jsonApi);
+    }
+    /// A document of two venues with the attributes \p attributes besides title and id.
+    static QByteArray TwoVenues(const QByteArray& attributes, const QByteArray& rest = {})
+    {
+        const QByteArray venue
+            = R"({"type": "venue", "attributes": {"title": "Hall", "entity_id": 7, )" + attributes + "}}";
+        return "{\"data\": [" + venue + ", " + venue + "]" + rest + "}";
+    }
+
+    template <typename Row> static void ProxyCauses(const Row& row)
+    {
+        const auto answer = [](int status) {
+            return With(NetworkFault{.kind = NetworkFault::Kind::AnswerConnect, .value = status, .host = {}});
+        };
+        row("proxy password missing", 2, {u"none was given"_s, u"Basic realm=\"venues\""_s}, {}, answer(407));
+        row("proxy password wrong", 2, {u"does not accept this user name and password"_s, u"407"_s},
+            u"none was given"_s, answer(407), {u"--proxy"_s, u"user:secret@PROXY"_s});
+        row("proxy forbids", 2,
+            {u"the proxy answers \"403 Not This Time\""_s, u"must allow venues.korvel.example:443"_s}, {},
+            answer(403));
+        row("proxy cannot reach the server", 2,
+            {u"the proxy answers \"502 Not This Time\""_s, u"does not reach the server"_s}, {}, answer(502));
+        row("proxy overloaded", 2,
+            {u"the proxy answers \"503 Not This Time\""_s, u"does not reach the server"_s}, {}, answer(503));
+        row("proxy waits in vain", 2,
+            {u"the proxy answers \"504 Not This Time\""_s, u"waited for the server in vain"_s}, {},
+            answer(504));
+        row("another word of the proxy's", 2,
+            {u"the proxy answers \"418 Not This Time\""_s, u"not the server's"_s}, {}, answer(418));
+        row("web server as proxy", 2,
+            {u"the proxy answers \"405 Not This Time\""_s, u"This is no proxy for https"_s}, {}, answer(405));
+        row("proxy hangs up", 2, {u"closes the connection without an answer"_s}, {},
+            With(NetworkFault{.kind = NetworkFault::Kind::RefuseConnection, .host = {}}));
+        row("TLS server as proxy", 2,
+            {u"closes the connection without an answer"_s, u"port of an HTTP proxy"_s}, {},
+            [](VenueServer&) {}, {u"--proxy"_s, u"HTTPS"_s});
+    }
+    template <typename Row> static void StatusCauses(const Row& row)
+    {
+        const auto status = [](int number) { return OnVenues().WithStatus(number); };
+        row("status 400", 4, {u"HTTP status 400"_s, u"does not understand the module's query"_s}, {},
+            With(status(400)));
+        row("status 406", 4, {u"HTTP status 406"_s, u"no \"Accept\" header"_s}, {}, With(status(406)));
+        row("status 414", 4,
+            {u"HTTP status 414"_s, u"address is too long"_s,
+             u" %1 characters"_s.arg(u"https://venues.korvel.example/api/venue?include=editor"_s.size())},
+            {}, With(status(414)));
+        row("status 429", 4, {u"HTTP status 429"_s, u"Too many requests"_s, u"Retry-After: 120"_s},
+            u"in trouble"_s, With(status(429).WithHeader("Retry-After", "120")));
+        row("status 204", 4, {u"HTTP status 204"_s, u"no body"_s, u"nothing to say"_s}, {},
+            With(status(204).WithBody({}).WithoutMediaType()));
+        row("status 304", 4, {u"HTTP status 304"_s, u"Not modified"_s, u"cache"_s}, {},
+            With(status(304).WithBody({}).WithoutMediaType()));
+        row("redirect to http", 4,
+            {u"http://venues.korvel.example/login, redirected from https://venues.korvel.example/api/venue"_s,
+             u"not encrypted"_s},
+            u"virus"_s, With(OnVenues().WithRedirect("http://venues.korvel.example/login?secret=1")));
+        row("redirect to a file", 4, {u"redirect to file:///etc/hosts"_s, u"does not go"_s}, u"virus"_s,
+            With(OnVenues().WithRedirect("file:///etc/hosts")));
+        row("redirect in a circle", 4, {u"without an end"_s}, u"virus"_s,
+            With(OnVenues().WithRedirect("https://venues.korvel.example/api/venue?include=editor")));
+        row("redirect to a host that is down", 4,
+            {u"https://nowhere.example/, redirected from https://venues.korvel.example/api/venue"_s,
+             u"does not lead to nowhere.example"_s},
+            u"virus"_s, With(OnVenues().WithRedirect("https://nowhere.example/")));
+    }
+    template <typename Row> static void AnswerCauses(const Row& row)
+    {
+        row("header without body", 4,
+            {u"HTTP status 200, but the body did not come within 1 s: 0 bytes"_s, u"holds the body back"_s},
+            u"no answer"_s, With(OnVenues().WithSilenceAfterHeader()), {u"--timeout"_s, u"1"_s});
+        row("half a body", 4, {u"but the body did not come within 1 s: 100 bytes"_s}, u"no answer"_s,
+            With(OnVenues().WithDrip(100, 60000)), {u"--timeout"_s, u"1"_s});
+        const QByteArray errors
+            = R"({"errors": [{"status": "400", "title": "Bad Request", "detail": "No such include."}]})";
+        row("errors with a status", 4, {u"HTTP status 400"_s, u"Bad Request: No such include."_s}, {},
+            With(OnVenues().WithStatus(400).WithBody(errors).WithMediaType(c_jsonApi)));
+        row("errors without a status", 6, {u"errors instead of venues: Bad Request: No such include."_s},
+            u"knows no venue"_s, With(OnVenuesSay(errors)));
+        row("errors of the picture list", 7, {u"Bad Request: No such include."_s}, u"nothing to load"_s,
+            With(Fault::On(u"from_the_auditorium"_s).WithStatus(200).WithBody(errors)));
+        row("page of a network", 5, {u"Hotel Sign-in"_s, u"A web page answers"_s}, {},
+            With(OnVenues()
+                     .WithStatus(200)
+                     .WithMediaType("text/html")
+                     .WithBody("<html><head><TITLE>Hotel\n Sign-in</TITLE></head></html>")));
+    }
+    template <typename Row> static void DataCauses(const Row& row)
+    {
+        row("ids as texts", 6,
+            {u"\"entity_id\" of 2 of 2 venues cannot be used, for example \"7\""_s, u"whole number"_s}, {},
+            With(OnVenuesSay(TwoVenues("\"entity_id\": \"7\""))));
+        row("ids missing", 6, {u"\"entity_id\" of 2 of 2 venues cannot be used, for example missing"_s}, {},
+            With(OnVenuesSay(
+                R"({"data": [{"attributes": {"title": "a"}}, {"attributes": {"title": "b"}}]})")));
+        row("ids too large", 6, {u"for example 4294967296"_s}, {},
+            With(OnVenuesSay(TwoVenues("\"entity_id\": 4294967296"))));
+        row("dates with Z", 6,
+            {u"\"changed\" of 2 of 2 venues cannot be used, for example \"2024-03-01T10:20:30Z\""_s,
+             u"2026-01-31T10:20:30+00:00"_s},
+            {}, With(OnVenuesSay(TwoVenues("\"changed\": \"2024-03-01T10:20:30Z\""))));
+        row("dates with milliseconds", 6, {u"for example \"2024-03-01T10:20:30.000+00:00\""_s}, {},
+            With(OnVenuesSay(TwoVenues("\"changed\": \"2024-03-01T10:20:30.000+00:00\""))));
+        row("day with a time", 6, {u"\"created\" of 2 of 2 venues"_s, u"2024-03-01T00:00:00"_s}, {},
+            With(OnVenuesSay(TwoVenues("\"created\": \"2024-03-01T00:00:00\""))));
+        row("users in plural", 6, {u"\"users\" instead of \"user\""_s, u"no editor"_s}, {},
+            With(OnVenuesSay(TwoVenues("\"created\": \"2024-03-01\"",
+                                       ", \"included\": [{\"type\": \"users\", \"id\": \"1\"}]"))));
+        row("next page", 6, {u"2 venues, but there is a next page"_s, u"reads one answer only"_s}, {},
+            With(OnVenuesSay(TwoVenues("\"created\": \"2024-03-01\"",
+                                       ", \"links\": {\"next\": {\"href\": \"https://a/?page=2\"}}"))));
+        row("picture on a host that the proxy refuses", 7, {u"does not lead to pictures.example"_s},
+            u"virus"_s,
+            With(Fault::On(u"from_the_auditorium"_s)
+                     .WithStatus(200)
+                     .WithBody(R"({"included": [{"type": "file", "id": "1", "links": {"small":
+                         {"href": "https://pictures.example/a.png"}}}]})")));
+        const QByteArray plural
+            = R"({"data": [], "included": [{"type": "pictures"}, {"type": "files", "id": "1"}]})";
+        row("pictures in plural", 7,
+            {u"\"pictures\" instead of \"picture\""_s, u"\"files\" instead of \"file\""_s},
+            u"nothing to load"_s, With(Fault::On(u"from_the_auditorium"_s).WithStatus(200).WithBody(plural)));
+        row("model files in plural", 8, {u"\"tessras\" instead of \"tessra\""_s}, u"nothing to load"_s,
+            With(Fault::On(u"tessra.file"_s)
+                     .WithStatus(200)
+                     .WithBody(R"({"included": [{"type": "tessras"}, {"type": "file", "id": "1"}]})")));
+    }
+    template <typename Row> static void SearchCauses(const Row& row)
+    {
+        const Fault filter = Fault::On(u"filter[title]"_s);
+        const auto says = [filter](const QByteArray& body) {
+            return Fault(filter).WithStatus(200).WithBody(body).WithMediaType(c_jsonApi);
+        };
+        row("filter refused", 9,
+            {u"title \""_s, u"HTTP status 400"_s, u"The server was told to fail here."_s}, {},
+            With(Fault(filter).WithStatus(400)));
+        row("filter ignored", 9, {u"3 venues, 2 of them without it"_s, u"ignores \"filter\""_s}, {},
+            [says](VenueServer& server) { server.AddFault(says(Titles(*server.Catalogue()))); });
+        row("nothing found", 9, {u"0 venues, none of that title"_s, u"CONTAINS"_s}, {},
+            With(says("{\"data\": []}")));
+        row("errors instead of venues", 9, {u"errors instead of venues: Unknown filter"_s}, {},
+            With(says("{\"errors\": [{\"title\": \"Unknown filter\"}]}")));
+        row("plus read as a blank", 9, {u"\"A + B\""_s, u"reads \"+\" as a blank"_s}, u"CONTAINS"_s,
+            [says](VenueServer& server) {
+                server.AddFault(says("{\"data\": []}"));
+                server.AddFault(
+                    OnVenuesSay(R"({"data": [{"attributes": {"title": "A + B", "entity_id": 1}}]})"));
+            });
+    }
+    /// A document of all venues of \p catalogue with nothing but their titles.
+    static QByteArray Titles(const VenueCatalogue& catalogue)
+    {
+        QJsonArray venues;
+        for (const auto& venue : catalogue.Venues())
+            venues.append(QJsonObject{{u"attributes"_s, QJsonObject{{u"title"_s, venue.title}}}});
+        return QJsonDocument(QJsonObject{{u"data"_s, venues}}).toJson();
+    }
+
     QString CaFile() const
     {
         return m_folder.filePath(u"ca.pem"_s);
