@@ -48,7 +48,8 @@ QString ReadProxy(const QString& text, ProbeOptions& options)
     options.proxy = QNetworkProxy(QNetworkProxy::NoProxy);
     if (options.usesSystemProxy || text == QLatin1String("none"))
         return {};
-    const QUrl url = ReadAuthority(text);
+    // As Windows writes names of users: DOMAIN\user.
+    const QUrl url = ReadAuthority(QString(text).replace(QLatin1Char('\\'), QLatin1String("%5C")));
     if (!url.isValid() || url.port() <= 0)
         return QStringLiteral("--proxy wants host:port, \"system\" or \"none\".");
     options.proxy = QNetworkProxy(QNetworkProxy::HttpProxy, url.host(), quint16(url.port()),

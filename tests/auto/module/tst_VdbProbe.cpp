@@ -503,6 +503,8 @@ private:
         row("proxy password missing", 2, {u"none was given"_s, u"Basic realm=\"venues\""_s}, {}, answer(407));
         row("proxy password wrong", 2, {u"does not accept this user name and password"_s, u"407"_s},
             u"none was given"_s, answer(407), {u"--proxy"_s, u"user:secret@PROXY"_s});
+        row("proxy password wrong, user of a domain", 2, {u"DOMAIN\\user"_s, u"does not accept"_s}, {},
+            answer(407), {u"--proxy"_s, u"firm\\user:p%40ss@PROXY"_s});
         row("proxy forbids", 2,
             {u"the proxy answers \"403 Not This Time\""_s, u"must allow venues.korvel.example:443"_s}, {},
             answer(403));
