@@ -38,6 +38,13 @@ bool IsJsonApi(const QNetworkReply& reply)
     return ContentType(reply) == c_jsonApiMediaType;
 }
 
+QNetworkReply* SendUrlRequest(QNetworkAccessManager& manager, const QUrl& wanted)
+{
+    QNetworkReply* const reply = manager.get(QNetworkRequest(RequestUrl(wanted)));
+    RequestTracer::Follow(QLatin1String("Request"), wanted, reply);
+    return reply;
+}
+
 QString SmallestUrl(const Picture& picture)
 {
     for (const QString& url :
@@ -92,10 +99,7 @@ QNetworkReply* ConnectorJsonRest::SendGetJsonRequest(const QString& path,
 
 QNetworkReply* ConnectorJsonRest::SendGetUrlRequest(const QString& url) const
 {
-    const QUrl wanted(url, QUrl::TolerantMode);
-    QNetworkReply* const reply = m_networkAccessManager->get(QNetworkRequest(RequestUrl(wanted)));
-    RequestTracer::Follow(QLatin1String("Request"), wanted, reply);
-    return reply;
+    return SendUrlRequest(*m_networkAccessManager, QUrl(url, QUrl::TolerantMode));
 }
 
 bool ConnectorJsonRest::waitForFinished(QNetworkReply* reply, int timeout) const
@@ -191,7 +195,7 @@ QByteArray ConnectorJsonRest::GetPictureBinaryData(const QString& url)
 {
     constexpr QLatin1String what("Picture download");
     const QUrl wanted(url, QUrl::TolerantMode);
-    const ReplyReleaser reply(SendGetUrlRequest(url));
+    const ReplyReleaser reply(SendUrlRequest(*m_networkAccessManager, wanted));
     if (!waitForFinished(reply.Get(), c_timeout)) {
         reply.LogTimeout(what, wanted, c_timeout);
         return {};
