@@ -19,6 +19,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <optional>
 #include <utility>
 
 namespace korvel::Data::VenueDatabase {
@@ -43,6 +44,15 @@ QNetworkReply* SendUrlRequest(QNetworkAccessManager& manager, const QUrl& wanted
     QNetworkReply* const reply = manager.get(QNetworkRequest(RequestUrl(wanted)));
     RequestTracer::Follow(QLatin1String("Request"), wanted, reply);
     return reply;
+}
+
+/// The whole body of \p reply, which gives back its own memory piece by piece.
+QByteArray TakeBody(QNetworkReply& reply)
+{
+    QByteArray body(reply.bytesAvailable(), Qt::Uninitialized);
+    body.resize(qMax(qint64(0), reply.read(body.data(), body.size())));
+    // What a compressed body had more than it said.
+    return body.append(reply.readAll());
 }
 
 QString SmallestUrl(const Picture& picture)
@@ -141,7 +151,6 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
     const ReplyReleaser reply(SendGetJsonRequest(c_venuePath, SearchQuery(filters)));
     if (!waitForFinished(reply.Get(), c_timeout))
         return Timeout;
-    const QByteArray body = reply->readAll();
     // A body that was cut short or an error page can carry the right media type; only the error tells.
     if (reply->error() != QNetworkReply::NoError)
         return WrongContentType;
@@ -149,11 +158,11 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
         RequestTracer::NoteUnusable(*reply, NotJsonApiReason(ContentType(*reply)));
         return WrongContentType;
     }
-    const QJsonObject document = QJsonDocument::fromJson(body).object();
-    if (!document.value(QLatin1String("data")).isArray())
+    std::optional<QList<Venue>> found = VenueReader(*m_countryCodeTranslator).ReadBody(TakeBody(*reply));
+    if (!found)
         RequestTracer::NoteUnusable(*reply,
                                     QStringLiteral("the reply is not a JSON object with a list \"data\""));
-    venues = ProcessVenueEntriesReply(document);
+    venues = std::move(found).value_or(QList<Venue>());
     return Ok;
 }
 

@@ -2,14 +2,18 @@
 
 #include <data/CountryCodeTranslator.h>
 #include <data/JsonPath_p.h>
+#include <data/QuickVenueReader_p.h>
 #include <data/ServerDate_p.h>
 #include <data/TextPool_p.h>
+#include <data/VenueFields_p.h>
 
 #include <QHash>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
 
+#include <optional>
 #include <utility>
 
 namespace korvel::Data::VenueDatabase {
@@ -41,35 +45,59 @@ QHash<QString, qint64> EditorsById(const QJsonArray& included)
     return editors;
 }
 
-Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countries, TextPool& pool)
+/// A member of a venue.
+class Member
+{
+public:
+    Member(const QJsonObject& object, QByteArrayView name, TextPool<QString>& pool,
+           const CountryCodeTranslator& countries)
+        : m_value(object.value(QLatin1String(name.data(), name.size())))
+        , m_pool(pool)
+        , m_countries(countries)
+    {
+    }
+
+    qint64 Integer() const
+    {
+        return m_value.toInt(0);
+    }
+    QString Text() const
+    {
+        return m_value.toString();
+    }
+    QString SharedText() const
+    {
+        const QString text = Text();
+        return text.isEmpty() ? text : m_pool.Shared(text, [&text]() { return text; });
+    }
+    QString Country() const
+    {
+        return m_countries.GetCountry(Text());
+    }
+    QDate Date() const
+    {
+        return ReadServerDate(Text());
+    }
+    QDateTime DateTime() const
+    {
+        return ReadServerDateTime(Text());
+    }
+
+private:
+    QJsonValue m_value;
+    TextPool<QString>& m_pool;
+    const CountryCodeTranslator& m_countries;
+};
+
+Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countries, TextPool<QString>& pool)
 {
     const QJsonObject attributes = element.value(QLatin1String("attributes")).toObject();
     const QJsonObject address = attributes.value(QLatin1String("address")).toObject();
-    const auto text = [&attributes](QLatin1String name) { return attributes.value(name).toString(); };
-    const auto sharedText
-        = [&attributes, &pool](QLatin1String name) { return pool.Shared(attributes.value(name).toString()); };
-    const auto addressText
-        = [&address, &pool](QLatin1String name) { return pool.Shared(address.value(name).toString()); };
-
     Venue venue;
-    venue.SetId(attributes.value(QLatin1String("entity_id")).toInt(0));
-    venue.SetComplexName(sharedText(QLatin1String("title")));
-    venue.SetVenueRoomName(sharedText(QLatin1String("venue_room_name")));
-    venue.SetGeneralComment(text(QLatin1String("general_comment")));
-    venue.SetStreetAddress(addressText(QLatin1String("address_line1")));
-    venue.SetPostalCode(addressText(QLatin1String("postal_code")));
-    venue.SetCity(addressText(QLatin1String("locality")));
-    const QString countryCode = addressText(QLatin1String("country_code"));
-    venue.SetCountryCode(countryCode);
-    venue.SetCountry(countries.GetCountry(countryCode));
-    venue.SetLocationComment(text(QLatin1String("comment")));
-    venue.SetLoadDockStreetAddress(sharedText(QLatin1String("loading_dock_street_address")));
-    venue.SetLoadDockComment(text(QLatin1String("load_in_comments")));
-    venue.SetClearingOfHouseGrid(
-        sharedText(QLatin1String("clearance_of_house_grid_rigging_beams_above_venue_floor")));
-    venue.SetRiggingComment(text(QLatin1String("rigging_specialties")));
-    venue.SetUploadDate(ReadServerDate(text(QLatin1String("created"))));
-    venue.SetEditDate(ReadServerDateTime(text(QLatin1String("changed"))));
+    for (const auto& [name, set] : c_attributeFields<Member>)
+        set(venue, Member(attributes, name, pool, countries));
+    for (const auto& [name, set] : c_addressFields<Member>)
+        set(venue, Member(address, name, pool, countries));
     return venue;
 }
 
@@ -78,6 +106,16 @@ Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countri
 VenueReader::VenueReader(const CountryCodeTranslator& countries)
     : m_countries(countries)
 {
+}
+
+std::optional<QList<Venue>> VenueReader::ReadBody(const QByteArray& body) const
+{
+    if (std::optional<QList<Venue>> venues = QuickVenueReader(body, m_countries).Read())
+        return venues;
+    const QJsonObject document = QJsonDocument::fromJson(body).object();
+    if (!document.value(QLatin1String("data")).isArray())
+        return std::nullopt;
+    return Read(document);
 }
 
 QList<Venue> VenueReader::Read(const QJsonObject& document) const
@@ -89,7 +127,7 @@ QList<Venue> VenueReader::Read(const QJsonObject& document) const
 
     const QHash<QString, qint64> editors = EditorsById(document.value(QLatin1String("included")).toArray());
     venues.reserve(data.size());
-    TextPool pool(data.size());
+    TextPool<QString> pool(data.size());
     // Deliberate: the list is in the reverse order of the server's.
     for (qsizetype index = data.size() - 1; index >= 0; --index) {
         const QJsonObject element = data.at(index).toObject();

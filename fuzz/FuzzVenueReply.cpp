@@ -1,5 +1,7 @@
 #include <fuzz/FuzzTargets.h>
 
+#include <fuzz/ReaderComparison.h>
+
 #include <data/ConnectorJsonRest.h>
 #include <data/Venue.h>
 #include <ui/VenueDbCentralWidget.h>
@@ -86,6 +88,9 @@ void CheckSorting(VenueTableModel& model)
 
 void FuzzVenueReply(const QByteArray& input)
 {
+    const QString difference = ReaderDifference(input);
+    Require(difference.isEmpty(), qPrintable(QStringLiteral("both readers find the same: ") + difference));
+
     // One for the process: its translator is never deleted.
     const auto& connector = Kept<ConnectorJsonRest>();
     const QJsonObject reply = QJsonDocument::fromJson(input).object();

@@ -1,9 +1,11 @@
 #include <data/ConnectorJsonRest.h>
+#include <fuzz/ReaderComparison.h>
 
 #include <tests/support/MessageGuard.h>
 
 #include <QCalendar>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QRandomGenerator>
 #include <QTest>
@@ -25,8 +27,8 @@ QDateTime ParsedDateTime(const QString& text)
     return QDateTime::fromString(text, QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"), QCalendar());
 }
 
-/// What the connector makes of \p texts, each as both dates of a venue, in their order.
-QList<Venue> Read(const QStringList& texts)
+/// A reply with a venue for each of \p texts, which is both dates of it.
+QJsonObject Document(const QStringList& texts)
 {
     QJsonArray data;
     // The connector lists venues in the reverse order.
@@ -35,8 +37,20 @@ QList<Venue> Read(const QStringList& texts)
             {QStringLiteral("attributes"),
              QJsonObject{{QStringLiteral("created"), *text}, {QStringLiteral("changed"), *text}}}});
     }
+    return {{QStringLiteral("data"), data}};
+}
+
+/// What the connector makes of \p texts, in their order.
+QList<Venue> Read(const QStringList& texts)
+{
     static const ConnectorJsonRest connector;
-    return connector.ProcessVenueEntriesReply({{QStringLiteral("data"), data}});
+    return connector.ProcessVenueEntriesReply(Document(texts));
+}
+
+/// Where dates that are read from the bytes of a reply differ from these; empty for none.
+QString DifferenceInBytes(const QStringList& texts)
+{
+    return korvel::Fuzz::ReaderDifference(QJsonDocument(Document(texts)).toJson());
 }
 
 /// Equal in everything that can be seen, the repeated hour of a time zone included, where == may say no.
@@ -110,6 +124,7 @@ private Q_SLOTS:
         const Venue venue = Read({text}).first();
         QCOMPARE(venue.GetUploadDate(), ParsedDate(text));
         QVERIFY(AreAlike(venue.GetEditDate(), ParsedDateTime(text)));
+        QCOMPARE(DifferenceInBytes({text}), QString());
     }
 
     void ReadsEveryHourOfManyYearsAsQtParses()
@@ -150,6 +165,7 @@ private:
                 || !AreAlike(venues.at(index).GetEditDate(), ParsedDateTime(text)))
                 QFAIL(qPrintable(text));
         }
+        QCOMPARE(DifferenceInBytes(texts), QString());
     }
 };
 
