@@ -12,9 +12,7 @@ bool ServerConnection::StartOwnServer()
     if (!problem.isEmpty())
         return Fail(problem);
 
-    VenueServer::Options options;
-    options.pictureFolder = VenueServer::DefaultPictureFolder();
-    auto server = std::make_unique<VenueServer>(options);
+    auto server = std::make_unique<VenueServer>();
     server->SetCatalogue(catalogue);
     if (!server->Start())
         return Fail(server->ErrorText());

@@ -5,8 +5,6 @@
 #include <server/http/TlsHttpServer.h>
 #include <server/network/ConnectForwarder.h>
 
-#include <QStandardPaths>
-
 namespace korvel::Demo {
 
 VenueServer::Options::Options()
@@ -26,7 +24,7 @@ VenueServer::VenueServer(const Options& options, QObject* parent)
     , m_proxyPort(options.proxyPort)
     , m_log(new RequestLog(this))
     , m_service(std::make_unique<VenueService>(
-          options.host, options.pictureSource ? options.pictureSource : Pictures(), options.pictureFolder))
+          options.host, options.pictureSource ? options.pictureSource : VenuePicture::Make))
     , m_faults(std::make_unique<FaultPlan>())
     , m_forwarder(std::make_unique<ConnectForwarder>(m_log))
 {
@@ -36,12 +34,6 @@ VenueServer::VenueServer(const Options& options, QObject* parent)
 VenueServer::~VenueServer()
 {
     Stop();
-}
-
-QString VenueServer::DefaultPictureFolder()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)
-        + QStringLiteral("/kvVenueDatabase/pictures");
 }
 
 bool VenueServer::Start()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <server/api/PictureStore.h>
+#include <server/api/VenuePicture.h>
 #include <server/catalogue/VenueCatalogue.h>
 #include <server/faults/Fault.h>
 #include <server/faults/NetworkFault.h>
@@ -48,10 +48,8 @@ public:
         QString host;
         quint16 httpsPort = 0; ///< 0: the one of the last start, else any free one
         quint16 proxyPort = 0; ///< likewise
-        /// Keeps drawn pictures between runs; empty: in memory only.
-        QString pictureFolder;
-        /// Draws pictures; without one, Pictures() is used. Tests pass a function that returns a few small
-        /// bytes.
+        /// Makes pictures; without one, VenuePicture does, which needs a QGuiApplication. Tests pass a
+        /// function that returns a few small bytes.
         PictureSource pictureSource;
 
         Options();
@@ -61,11 +59,6 @@ public:
     explicit VenueServer(const Options& options, QObject* parent = nullptr);
     /// Stops.
     ~VenueServer() override;
-
-    /// The folder in which programs keep drawn pictures between runs.
-    static QString DefaultPictureFolder();
-    /// The picture source of the demo: drawings of the seven views as JPEG. Needs a QGuiApplication.
-    static PictureSource Pictures();
 
     /// Listens. False with the reason in ErrorText() when a port cannot be had. After Stop() it takes the
     /// same ports again. Catalogue, hosts, faults and log are kept.

@@ -72,7 +72,7 @@ void WriteLog(VenueServer& server, QFile& file)
 
 int main(int argc, char* argv[])
 {
-    // Pictures are drawn with fonts, which needs a GUI application but no display.
+    // The captions of pictures need fonts and these a GUI application, but no display.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -94,8 +94,6 @@ int main(int argc, char* argv[])
     const QCommandLineOption generate(QStringLiteral("generate"),
                                       QStringLiteral("Invent this many venues instead."),
                                       QStringLiteral("count"));
-    const QCommandLineOption cache(QStringLiteral("cache"), QStringLiteral("Folder for drawn pictures."),
-                                   QStringLiteral("folder"), VenueServer::DefaultPictureFolder());
     const QCommandLineOption caFile(QStringLiteral("ca-file"),
                                     QStringLiteral("Write the certificate authority's certificate here."),
                                     QStringLiteral("file"));
@@ -104,14 +102,13 @@ int main(int argc, char* argv[])
     const QCommandLineOption log(QStringLiteral("log"),
                                  QStringLiteral("Log requests to this file; -: standard output."),
                                  QStringLiteral("file"));
-    parser.addOptions({port, proxyPort, catalogue, generate, cache, caFile, fault, log});
+    parser.addOptions({port, proxyPort, catalogue, generate, caFile, fault, log});
     parser.process(application);
 
     VenueServer::Options options;
     bool areNumbers[3] = {true, true, true};
     options.httpsPort = parser.value(port).toUShort(&areNumbers[0]);
     options.proxyPort = parser.value(proxyPort).toUShort(&areNumbers[1]);
-    options.pictureFolder = parser.value(cache);
     VenueServer server(options);
     if (parser.isSet(generate)) {
         const int count = parser.value(generate).toInt(&areNumbers[2]);

@@ -29,9 +29,9 @@ Answer NotFound(const QString& path)
 
 } // namespace
 
-VenueService::VenueService(const QString& host, PictureSource source, const QString& pictureFolder)
+VenueService::VenueService(const QString& host, PictureSource pictures)
     : m_host(host)
-    , m_pictures(std::move(source), pictureFolder)
+    , m_pictures(std::move(pictures))
     , m_catalogue(std::make_shared<const VenueCatalogue>())
 {
 }
@@ -49,7 +49,7 @@ std::shared_ptr<const VenueCatalogue> VenueService::Catalogue() const
     return m_catalogue;
 }
 
-Answer VenueService::AnswerTo(const Request& request)
+Answer VenueService::AnswerTo(const Request& request) const
 {
     if (request.method != "GET" && request.method != "HEAD") {
         Answer answer = ErrorAnswer(405, QStringLiteral("Only GET and HEAD are served."));
@@ -86,7 +86,7 @@ Answer VenueService::AnswerVenues(const Request& request) const
     return JsonAnswer(200, document.Finish());
 }
 
-Answer VenueService::AnswerPicture(const QString& file)
+Answer VenueService::AnswerPicture(const QString& file) const
 {
     const QString stem = file.endsWith(QLatin1String(".jpg")) ? file.chopped(4) : QString();
     const QString rendition = stem.section(QLatin1Char('-'), -1);
@@ -94,10 +94,12 @@ Answer VenueService::AnswerPicture(const QString& file)
     const VenueRecord* venue = nullptr;
     const PictureRecord* picture
         = catalogue->FindPicture(stem.chopped(qMin(stem.size(), rendition.size() + 1)), &venue);
-    if (picture == nullptr || PictureStore::RenditionSize(rendition).isEmpty()) {
+    const QSize size = VenuePicture::RenditionSize(rendition);
+    const QByteArray bytes
+        = picture == nullptr || size.isEmpty() ? QByteArray() : m_pictures(*venue, *picture, size);
+    if (bytes.isEmpty()) {
         return NotFound(QStringLiteral("/files/pictures/") + file);
     }
-    const QByteArray bytes = m_pictures.File(*venue, *picture, rendition);
     const bool isPng = bytes.startsWith("\x89PNG");
     return {.status = 200,
             .mediaType = isPng ? QByteArrayLiteral("image/png") : QByteArrayLiteral("image/jpeg"),

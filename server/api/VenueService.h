@@ -1,6 +1,6 @@
 #pragma once
 
-#include <server/api/PictureStore.h>
+#include <server/api/VenuePicture.h>
 #include <server/catalogue/VenueCatalogue.h>
 #include <server/log/Answer.h>
 #include <server/log/RequestLog.h>
@@ -18,21 +18,21 @@ namespace korvel::Demo {
 class VenueService
 {
 public:
-    VenueService(const QString& host, PictureSource source, const QString& pictureFolder);
+    VenueService(const QString& host, PictureSource pictures);
 
     /// Requests that are being answered finish with the catalogue they began with.
     void SetCatalogue(const VenueCatalogue& catalogue);
     std::shared_ptr<const VenueCatalogue> Catalogue() const;
 
-    Answer AnswerTo(const Request& request);
+    Answer AnswerTo(const Request& request) const;
 
 private:
     Answer AnswerVenues(const Request& request) const;
-    Answer AnswerPicture(const QString& file);
+    Answer AnswerPicture(const QString& file) const;
     Answer AnswerModelFile(const QString& file) const;
 
     QString m_host;
-    PictureStore m_pictures;
+    PictureSource m_pictures;
     mutable QMutex m_mutex;
     std::shared_ptr<const VenueCatalogue> m_catalogue;
 };

@@ -22,7 +22,16 @@ constexpr std::array c_places{
     Place{"São Paulo", "BR"}, Place{"Kyoto", "JP"},  Place{"Lyon", "FR"},      Place{"Leeds", "GB"},
     Place{"Montréal", "CA"},  Place{"Athína", "GR"}, Place{"Praha", "CZ"},     Place{"Oslo", "NO"},
 };
-constexpr std::array c_kinds{"Concert House", "Opera", "Theatre", "Congress Centre", "Arena", "Kulturhaus"};
+struct Kind
+{
+    const char* name;
+    const char* house;
+};
+
+constexpr std::array c_kinds{
+    Kind{"Concert House", "shoebox"},  Kind{"Opera", "opera"}, Kind{"Theatre", "modern"},
+    Kind{"Congress Centre", "modern"}, Kind{"Arena", "arena"}, Kind{"Kulturhaus", "vineyard"},
+};
 constexpr std::array c_rooms{"Main Hall", "Grand Salle", "Studio", "Foyer", "Kammersaal", "Black Box"};
 constexpr std::array c_words{"dock",  "leveller", "truck", "access", "street",  "grid",   "steel", "beam",
                              "point", "load",     "stage", "lift",   "manager", "before", "with",  "notice"};
@@ -68,7 +77,9 @@ VenueRecord CatalogueGenerator::Venue(qsizetype index) const
     venue.entityId = id;
     venue.locality = QString::fromUtf8(place.city);
     venue.countryCode = QString::fromLatin1(place.countryCode);
-    venue.title = QStringLiteral("%1 %2 %3").arg(Pick(random, c_kinds), venue.locality).arg(id);
+    const Kind& kind = c_kinds[random.bounded(static_cast<quint32>(c_kinds.size()))];
+    venue.house = QString::fromLatin1(kind.house);
+    venue.title = QStringLiteral("%1 %2 %3").arg(QLatin1String(kind.name), venue.locality).arg(id);
     venue.venueRoomName = Pick(random, c_rooms);
     venue.generalComment = Sentence(random, 8);
     venue.addressLine1 = QStringLiteral("%1 Street %2").arg(Sentence(random, 1).chopped(1)).arg(id % 200 + 1);

@@ -36,6 +36,7 @@ VenueRecord ReadVenue(const QJsonObject& object)
     for (const VenueText& text : VenueCatalogue::Texts()) {
         venue.*text.member = TextAtPath(object, QString::fromLatin1(text.path));
     }
+    venue.house = TextOf(object, QStringLiteral("house"));
     venue.editor = TextOf(object, QStringLiteral("editor"));
     const QJsonArray pictures = object.value(QStringLiteral("pictures")).toArray();
     for (const QJsonValue value : pictures) {
@@ -61,6 +62,11 @@ QString FindMistake(const VenueRecord& venue)
 {
     if (venue.entityId <= 0) {
         return QStringLiteral("a venue has no positive entity_id");
+    }
+    if (!venue.pictures.isEmpty() && !VenueCatalogue::Houses().contains(venue.house)) {
+        return QStringLiteral("venue %1: pictures of an unknown house \"%2\"")
+            .arg(venue.entityId)
+            .arg(venue.house);
     }
     for (const PictureRecord& picture : venue.pictures) {
         if (picture.id.isEmpty() || !VenueCatalogue::Views().contains(picture.view)) {
@@ -147,6 +153,14 @@ const QStringList& VenueCatalogue::Views()
                                      QStringLiteral("view_from_the_inside"),
                                      QStringLiteral("view_from_the_outside")};
     return c_views;
+}
+
+const QStringList& VenueCatalogue::Houses()
+{
+    static const QStringList c_houses{QStringLiteral("opera"), QStringLiteral("shoebox"),
+                                      QStringLiteral("vineyard"), QStringLiteral("arena"),
+                                      QStringLiteral("modern")};
+    return c_houses;
 }
 
 VenueCatalogue VenueCatalogue::Load(const QString& folder, QString* error)

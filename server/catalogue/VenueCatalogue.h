@@ -18,7 +18,7 @@ struct UserRecord
     QString name;
 };
 
-/// One picture of a venue; its file is drawn when it is first asked for.
+/// One picture of a venue; its file is made when it is asked for.
 struct PictureRecord
 {
     QString id; ///< resource id, unique in the catalogue and usable as a file name
@@ -43,6 +43,7 @@ struct ModelFileRecord
 struct VenueRecord
 {
     qint64 entityId = 0;
+    QString house; ///< one of VenueCatalogue::Houses(): what the pictures show; never told to clients
     QString title;
     QString venueRoomName;
     QString generalComment;
@@ -77,6 +78,8 @@ public:
     static std::span<const VenueText> Texts();
     /// The names of the seven picture relationships of a venue.
     static const QStringList& Views();
+    /// The kinds of house of which there are pictures.
+    static const QStringList& Houses();
 
     /// Reads every venues-*.json of \p folder in the order of their names, users.json and the model files in
     /// models/. On failure the catalogue is empty and \p error says which file is wrong and why.

@@ -1,5 +1,6 @@
 #include <data/CountryCodeTranslator.h>
 #include <demo/VenueModelFile.h>
+#include <server/catalogue/VenueCatalogue.h>
 #include <tests/support/MessageGuard.h>
 
 #include <QDateTime>
@@ -71,6 +72,8 @@ private Q_SLOTS:
     void EveryScriptIsThere();
     void RoomsShareTheTitleOfTheirComplex();
     void PicturesShowTheSevenViews();
+    void EveryHallNamesItsKindOfHouse();
+    void StoredPicturesAreThoseOfTheHousesAndFewBytes();
     void ModelFilesAreThereAndOnlyOneIsBroken();
     void BrokenModelFileSaysWhere();
     void SomeMembersAreMissingOnPurpose();
@@ -152,7 +155,8 @@ void tst_CatalogueData::OnlyKnownMembersAreUsedAndNoneIsEmpty()
     static const QHash<QString, QString> c_known{
         {QStringLiteral("venue"),
          QStringLiteral(
-             "entity_id title venue_room_name general_comment address comment loading_dock_street_address "
+             "entity_id title venue_room_name house general_comment address comment "
+             "loading_dock_street_address "
              "load_in_comments clearance_of_house_grid_rigging_beams_above_venue_floor rigging_specialties "
              "created changed editor pictures model_files")},
         {QStringLiteral("address"), QStringLiteral("address_line1 postal_code locality country_code")},
@@ -302,6 +306,40 @@ void tst_CatalogueData::PicturesShowTheSevenViews()
         used += here;
     }
     QCOMPARE(used, views);
+}
+
+void tst_CatalogueData::EveryHallNamesItsKindOfHouse()
+{
+    QSet<QString> shown;
+    for (const QJsonObject& venue : std::as_const(m_venues)) {
+        const QString house = Text(venue, "house");
+        QVERIFY2(VenueCatalogue::Houses().contains(house), qPrintable(Text(venue, "title")));
+        if (venue.contains(QLatin1String("pictures")))
+            shown.insert(house);
+    }
+    QCOMPARE(shown.size(), VenueCatalogue::Houses().size());
+}
+
+void tst_CatalogueData::StoredPicturesAreThoseOfTheHousesAndFewBytes()
+{
+    QStringList expected;
+    for (const QString& house : VenueCatalogue::Houses()) {
+        for (const QString& view : VenueCatalogue::Views())
+            expected.append(house + QLatin1Char('-') + view + QStringLiteral(".jpg"));
+    }
+    expected.sort();
+    const QDir folder(Folder() + QStringLiteral("/pictures"));
+    const QFileInfoList files = folder.entryInfoList(QDir::Files, QDir::Name);
+    QStringList names;
+    qint64 bytes = 0;
+    for (const QFileInfo& file : files) {
+        names.append(file.fileName());
+        bytes += file.size();
+        const QImage image(file.filePath());
+        QVERIFY2(image.size() == QSize(1500, 1000), qPrintable(file.fileName()));
+    }
+    QCOMPARE(names, expected);
+    QVERIFY2(bytes <= 4'000'000, qPrintable(QString::number(bytes)));
 }
 
 void tst_CatalogueData::ModelFilesAreThereAndOnlyOneIsBroken()

@@ -48,7 +48,7 @@ void tst_VenueCatalogue::EveryMemberIsRead()
     const VenueCatalogue catalogue = VenueCatalogue::FromJson(R"({
         "users": [ { "entity_id": 3, "id": "user-3", "name": "Zoë" } ],
         "venues": [ {
-            "entity_id": 1001, "title": "T", "venue_room_name": "R", "general_comment": "G",
+            "entity_id": 1001, "title": "T", "venue_room_name": "R", "house": "arena", "general_comment": "G",
             "address": { "address_line1": "A", "postal_code": "P", "locality": "L", "country_code": "CH" },
             "comment": "C", "loading_dock_street_address": "D", "load_in_comments": "I",
             "clearance_of_house_grid_rigging_beams_above_venue_floor": "12.5", "rigging_specialties": "S",
@@ -66,6 +66,7 @@ void tst_VenueCatalogue::EveryMemberIsRead()
     QCOMPARE(venue.entityId, 1001);
     QCOMPARE(venue.title, QStringLiteral("T"));
     QCOMPARE(venue.venueRoomName, QStringLiteral("R"));
+    QCOMPARE(venue.house, QStringLiteral("arena"));
     QCOMPARE(venue.generalComment, QStringLiteral("G"));
     QCOMPARE(venue.addressLine1, QStringLiteral("A"));
     QCOMPARE(venue.postalCode, QStringLiteral("P"));
@@ -109,11 +110,17 @@ void tst_VenueCatalogue::MistakesAreReported_data()
     QTest::newRow("venue without id")
         << QByteArray(R"({"venues":[{"title":"T"}]})") << QStringLiteral("entity_id");
     QTest::newRow("unknown view") << QByteArray(
-        R"({"venues":[{"entity_id":1,"pictures":[{"id":"p","view":"roof"}]}]})")
+        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"id":"p","view":"roof"}]}]})")
                                   << QStringLiteral("roof");
     QTest::newRow("picture without id")
-        << QByteArray(R"({"venues":[{"entity_id":1,"pictures":[{"view":"isometric"}]}]})")
+        << QByteArray(R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"view":"isometric"}]}]})")
         << QStringLiteral("no id");
+    QTest::newRow("pictures of an unknown house") << QByteArray(
+        R"({"venues":[{"entity_id":1,"house":"castle","pictures":[{"id":"p","view":"isometric"}]}]})")
+                                                  << QStringLiteral("castle");
+    QTest::newRow("pictures without a house")
+        << QByteArray(R"({"venues":[{"entity_id":1,"pictures":[{"id":"p","view":"isometric"}]}]})")
+        << QStringLiteral("unknown house");
     QTest::newRow("model file outside its folder")
         << QByteArray(R"({"venues":[{"entity_id":1,"model_files":[{"id":"t","file":"../users.json"}]}]})")
         << QStringLiteral("plain file name");
@@ -183,7 +190,7 @@ void tst_VenueCatalogue::MistakeNamesTheFile()
 void tst_VenueCatalogue::ItemsAreFound()
 {
     const VenueCatalogue catalogue = VenueCatalogue::FromJson(
-        R"({"users":[{"id":"u"}],"venues":[{"entity_id":1},{"entity_id":2,"pictures":[{"id":"p","view":"isometric"}],
+        R"({"users":[{"id":"u"}],"venues":[{"entity_id":1},{"entity_id":2,"house":"modern","pictures":[{"id":"p","view":"isometric"}],
            "model_files":[{"id":"t","file":"f"}]}]})");
     QCOMPARE(catalogue.FindUser(QStringLiteral("u")), &catalogue.Users().at(0));
     QCOMPARE(catalogue.FindUser(QStringLiteral("none")), nullptr);

@@ -1,4 +1,5 @@
 #include <server/VenueServer.h>
+#include <server/api/VenueService.h>
 #include <server/catalogue/CatalogueGenerator.h>
 #include <tests/support/MessageGuard.h>
 
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void ConnectionIsKeptAfterARefusedBody();
     void PicturesAndFilesAreServedWhereTheDocumentSays();
 
+    void PictureThatCannotBeMadeIsNotFound();
     void LogTellsEachRequest();
     void LogCountsConnections();
 
@@ -325,6 +327,17 @@ void tst_VenueServer::PicturesAndFilesAreServedWhereTheDocumentSays()
     QCOMPARE(file.status, 200);
     QCOMPARE(file.body.size(), 1000);
     QVERIFY(file.body.startsWith("5-hall-1.tessra\n"));
+}
+
+void tst_VenueServer::PictureThatCannotBeMadeIsNotFound()
+{
+    VenueService service(m_server->Host(),
+                         [](const VenueRecord&, const PictureRecord&, QSize) { return QByteArray(); });
+    service.SetCatalogue(*m_server->Catalogue());
+    Request request;
+    request.method = "GET";
+    request.path = QStringLiteral("/files/pictures/pic-5-1-small.jpg");
+    QCOMPARE(service.AnswerTo(request).status, 404);
 }
 
 void tst_VenueServer::LogTellsEachRequest()

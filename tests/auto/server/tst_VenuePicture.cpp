@@ -1,0 +1,362 @@
+#include <server/api/VenuePicture.h>
+#include <tests/support/MessageGuard.h>
+
+#include <QSet>
+#include <QTest>
+
+#include <algorithm>
+#include <thread>
+#include <vector>
+
+using namespace korvel::Demo;
+
+namespace {
+
+const QSize c_small(480, 320);
+
+VenueRecord Venue(const QString& house = QStringLiteral("opera"))
+{
+    VenueRecord venue;
+    venue.house = house;
+    venue.title = QStringLiteral("State Opera");
+    venue.locality = QStringLiteral("Exampleton");
+    return venue;
+}
+
+PictureRecord View(const QString& view)
+{
+    PictureRecord picture;
+    picture.view = view;
+    return picture;
+}
+
+QImage Image(const QString& house, const QString& view, QSize size = c_small)
+{
+    return VenuePicture(Venue(house), View(view)).Image(size);
+}
+
+/// The number of different colours on a coarse grid over \p area.
+qsizetype Colours(const QImage& image, const QRect& area)
+{
+    QSet<QRgb> colours;
+    for (int y = area.top(); y <= area.bottom(); y += 4) {
+        for (int x = area.left(); x <= area.right(); x += 4) {
+            colours.insert(image.pixel(x, y));
+        }
+    }
+    return colours.size();
+}
+
+/// The share of pixels of a coarse grid that differ clearly.
+double Difference(const QImage& left, const QImage& right)
+{
+    int different = 0;
+    int all = 0;
+    for (int y = 0; y < left.height(); y += 4) {
+        for (int x = 0; x < left.width(); x += 4, ++all) {
+            const QColor a = left.pixelColor(x, y);
+            const QColor b = right.pixelColor(x, y);
+            const int distance = std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                                           std::abs(a.blue() - b.blue())});
+            different += distance > 24 ? 1 : 0;
+        }
+    }
+    return double(different) / all;
+}
+
+QRect CaptionStrip(const QImage& image)
+{
+    return {0, 0, image.width(), image.height() * 4 / 100};
+}
+
+/// The share of the pixels of \p area that are nearly white, as letters are.
+double Brightness(const QImage& image, const QRect& area)
+{
+    int bright = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            bright += qGray(image.pixel(x, y)) > 150 ? 1 : 0;
+        }
+    }
+    return double(bright) / (area.width() * area.height());
+}
+
+} // namespace
+
+class tst_VenuePicture : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void RenditionsHaveTheirSizes_data();
+    void RenditionsHaveTheirSizes();
+    void EveryViewOfEveryHouseIsShown_data();
+    void EveryViewOfEveryHouseIsShown();
+    void SameVenueGivesTheSamePicture();
+    void HousesAndViewsDiffer();
+    void SizeOnlyScales();
+    void CaptionTellsWhatIsShown_data();
+    void CaptionTellsWhatIsShown();
+    void CaptionIsLegible_data();
+    void CaptionIsLegible();
+    void AnySizeIsExact_data();
+    void AnySizeIsExact();
+    void ImpossibleSizesGiveNothing_data();
+    void ImpossibleSizesGiveNothing();
+    void UnknownPicturesGiveNothing_data();
+    void UnknownPicturesGiveNothing();
+    void AnyTextIsWritten_data();
+    void AnyTextIsWritten();
+    void JpegIsReadable();
+    void ThreadsMayMakePicturesTogether();
+};
+
+void tst_VenuePicture::init()
+{
+    korvel::Test::FailOnUnexpectedWarnings();
+}
+
+void tst_VenuePicture::cleanup()
+{
+    QVERIFY(korvel::Test::NoWindowIsLeft());
+}
+
+void tst_VenuePicture::RenditionsHaveTheirSizes_data()
+{
+    QTest::addColumn<QString>("rendition");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("small") << QStringLiteral("small") << QSize(480, 320);
+    QTest::newRow("medium") << QStringLiteral("medium") << QSize(1200, 800);
+    QTest::newRow("large") << QStringLiteral("large") << QSize(3000, 2000);
+    QTest::newRow("unknown") << QStringLiteral("huge") << QSize();
+}
+
+void tst_VenuePicture::RenditionsHaveTheirSizes()
+{
+    QFETCH(QString, rendition);
+    QFETCH(QSize, size);
+    QCOMPARE(VenuePicture::RenditionSize(rendition), size);
+}
+
+void tst_VenuePicture::EveryViewOfEveryHouseIsShown_data()
+{
+    QTest::addColumn<QString>("house");
+    QTest::addColumn<QString>("view");
+    for (const QString& house : VenueCatalogue::Houses()) {
+        for (const QString& view : VenueCatalogue::Views()) {
+            QTest::addRow("%s, %s", qPrintable(house), qPrintable(view)) << house << view;
+        }
+    }
+}
+
+void tst_VenuePicture::EveryViewOfEveryHouseIsShown()
+{
+    QFETCH(QString, house);
+    QFETCH(QString, view);
+    const QImage image = Image(house, view);
+    QCOMPARE(image.size(), c_small);
+    // There is something in every quarter of the picture, not only a ground.
+    for (const QPoint& corner : {QPoint(0, 0), QPoint(240, 0), QPoint(0, 150), QPoint(240, 150)}) {
+        QVERIFY(Colours(image, QRect(corner, QSize(240, 150))) > 60);
+    }
+}
+
+void tst_VenuePicture::SameVenueGivesTheSamePicture()
+{
+    for (const QString& view : VenueCatalogue::Views()) {
+        QCOMPARE(Image(QStringLiteral("opera"), view), Image(QStringLiteral("opera"), view));
+    }
+}
+
+void tst_VenuePicture::HousesAndViewsDiffer()
+{
+    QList<QImage> pictures;
+    for (const QString& house : VenueCatalogue::Houses()) {
+        for (const QString& view : VenueCatalogue::Views()) {
+            pictures.append(Image(house, view));
+        }
+    }
+    for (qsizetype i = 0; i < pictures.size(); ++i) {
+        for (qsizetype j = i + 1; j < pictures.size(); ++j) {
+            QVERIFY2(Difference(pictures[i], pictures[j]) > 0.02,
+                     qPrintable(QStringLiteral("%1 %2").arg(i).arg(j)));
+        }
+    }
+}
+
+void tst_VenuePicture::SizeOnlyScales()
+{
+    for (const QString& view : VenueCatalogue::Views()) {
+        const QImage small = Image(QStringLiteral("opera"), view);
+        const QImage medium = Image(QStringLiteral("opera"), view, QSize(1200, 800));
+        const QImage shrunk = medium.scaled(c_small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        QVERIFY2(Difference(small, shrunk) < 0.12, qPrintable(view));
+    }
+}
+
+void tst_VenuePicture::CaptionTellsWhatIsShown_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("room");
+    QTest::addColumn<QString>("city");
+    QTest::addColumn<QString>("view");
+    QTest::addColumn<QString>("caption");
+    const QString title = QStringLiteral("State Opera");
+    const QString room = QStringLiteral("Studio");
+    const QString city = QStringLiteral("Exampleton");
+    const QString left = QStringLiteral("stage_left");
+    QTest::newRow("everything") << title << room << city << left
+                                << QStringLiteral("Exampleton, State Opera, Studio — stage left (drawing)");
+    QTest::newRow("title") << title << QString() << QString() << left
+                           << QStringLiteral("State Opera — stage left (drawing)");
+    QTest::newRow("room") << QString() << room << QString() << left
+                          << QStringLiteral("Studio — stage left (drawing)");
+    QTest::newRow("city") << QString() << QString() << city << left
+                          << QStringLiteral("Exampleton — stage left (drawing)");
+    QTest::newRow("view") << QString() << QString() << QString()
+                          << QStringLiteral("from_the_stage_into_the_auditorium")
+                          << QStringLiteral("from the stage into the auditorium (drawing)");
+    QTest::newRow("title that names the city")
+        << city << QString() << city << left << QStringLiteral("Exampleton — stage left (drawing)");
+}
+
+void tst_VenuePicture::CaptionTellsWhatIsShown()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, room);
+    QFETCH(QString, city);
+    QFETCH(QString, view);
+    VenueRecord venue = Venue();
+    venue.title = title;
+    venue.venueRoomName = room;
+    venue.locality = city;
+    const VenuePicture picture(venue, View(view));
+    QTEST(picture.Caption(), "caption");
+    // It is also in the picture.
+    venue.title = QStringLiteral("Another");
+    const QImage image = picture.Image(c_small);
+    const QImage changed = VenuePicture(venue, View(view)).Image(c_small);
+    const QRect strip = CaptionStrip(image);
+    QVERIFY(image.copy(strip) != changed.copy(strip));
+}
+
+void tst_VenuePicture::CaptionIsLegible_data()
+{
+    EveryViewOfEveryHouseIsShown_data();
+}
+
+void tst_VenuePicture::CaptionIsLegible()
+{
+    QFETCH(QString, house);
+    QFETCH(QString, view);
+    const QImage image = Image(house, view, QSize(1200, 800));
+    // Light letters on a dark ground: where the text stands, and not behind its end.
+    QVERIFY(Brightness(image, QRect(60, 6, 300, 24)) > 0.1);
+    QVERIFY(Brightness(image, QRect(900, 2, 290, 30)) < 0.01);
+}
+
+void tst_VenuePicture::AnySizeIsExact_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("one pixel") << QSize(1, 1);
+    QTest::newRow("narrow") << QSize(3, 300);
+    QTest::newRow("flat") << QSize(900, 9);
+    QTest::newRow("upright") << QSize(200, 500);
+    QTest::newRow("large rendition") << QSize(3000, 2000);
+}
+
+void tst_VenuePicture::AnySizeIsExact()
+{
+    QFETCH(QSize, size);
+    QCOMPARE(Image(QStringLiteral("modern"), QStringLiteral("view_from_the_outside"), size).size(), size);
+}
+
+void tst_VenuePicture::ImpossibleSizesGiveNothing_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("null") << QSize();
+    QTest::newRow("no width") << QSize(0, 100);
+    QTest::newRow("negative height") << QSize(100, -5);
+}
+
+void tst_VenuePicture::ImpossibleSizesGiveNothing()
+{
+    QFETCH(QSize, size);
+    const VenuePicture picture(Venue(), View(QStringLiteral("isometric")));
+    QVERIFY(picture.Image(size).isNull());
+    QVERIFY(picture.Jpeg(size).isEmpty());
+}
+
+void tst_VenuePicture::UnknownPicturesGiveNothing_data()
+{
+    QTest::addColumn<QString>("house");
+    QTest::addColumn<QString>("view");
+    QTest::newRow("no house") << QString() << QStringLiteral("isometric");
+    QTest::newRow("unknown view") << QStringLiteral("opera") << QStringLiteral("from_the_moon");
+    QTest::newRow("way out of the folder")
+        << QStringLiteral("../pictures/opera") << QStringLiteral("isometric");
+}
+
+void tst_VenuePicture::UnknownPicturesGiveNothing()
+{
+    QFETCH(QString, house);
+    QFETCH(QString, view);
+    const VenuePicture picture(Venue(house), View(view));
+    QVERIFY(picture.Image(c_small).isNull());
+    QVERIFY(picture.Jpeg(c_small).isEmpty());
+}
+
+void tst_VenuePicture::AnyTextIsWritten_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::newRow("none") << QString();
+    QTest::newRow("endless") << QString(100000, QLatin1Char('W'));
+    QTest::newRow("other scripts, markup, line breaks")
+        << QStringLiteral("サントリーホール\n<b>دار الأوبرا</b>\t&amp;");
+}
+
+void tst_VenuePicture::AnyTextIsWritten()
+{
+    QFETCH(QString, title);
+    VenueRecord venue = Venue();
+    venue.title = title;
+    const QImage image = VenuePicture(venue, View(QStringLiteral("isometric"))).Image(c_small);
+    QCOMPARE(image.size(), c_small);
+    QVERIFY(Colours(image, image.rect()) > 200);
+    QVERIFY(Brightness(image, QRect(24, 2, 60, 11)) > 0.05);
+}
+
+void tst_VenuePicture::JpegIsReadable()
+{
+    const VenuePicture picture(Venue(), View(QStringLiteral("from_the_auditorium")));
+    const QByteArray bytes = picture.Jpeg(c_small);
+    QVERIFY(bytes.startsWith("\xFF\xD8\xFF"));
+    const QImage image = QImage::fromData(bytes, "JPEG");
+    QCOMPARE(image.size(), c_small);
+    QVERIFY(Difference(image, picture.Image(c_small)) < 0.05);
+    QCOMPARE(VenuePicture::Make(Venue(), View(QStringLiteral("from_the_auditorium")), c_small), bytes);
+}
+
+void tst_VenuePicture::ThreadsMayMakePicturesTogether()
+{
+    const QStringList& views = VenueCatalogue::Views();
+    QList<QImage> pictures(views.size());
+    std::vector<std::thread> threads;
+    for (qsizetype index = 0; index < views.size(); ++index) {
+        threads.emplace_back([image = &pictures[index], view = views.at(index)] {
+            *image = Image(QStringLiteral("opera"), view);
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    for (qsizetype index = 0; index < views.size(); ++index) {
+        QCOMPARE(pictures.at(index), Image(QStringLiteral("opera"), views.at(index)));
+    }
+}
+
+QTEST_MAIN(tst_VenuePicture)
+#include "tst_VenuePicture.moc"
