@@ -1,174 +1,130 @@
 #include <server/faults/FaultSyntax.h>
 
-#include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
 
-#include <functional>
+#include <span>
 
 namespace korvel::Demo {
 
 namespace {
 
-/// Each applies its argument; false when it cannot be understood.
-using ApplyToFault = std::function<bool(Fault&, const QString&)>;
-using ApplyToNetworkFault = std::function<bool(NetworkFault&, const QString&)>;
+constexpr char c_nothing[] = "";
+constexpr char c_number[] = "\\d{1,9}";
+constexpr char c_text[] = ".+";
 
-bool ReadNumber(const QString& text, qint64* number)
+/// A kind of fault on the command line: its name, what its argument looks like as a regular expression, and
+/// what such an argument makes of a fault.
+template <typename AnyFault> struct Kind
 {
-    bool isNumber = false;
-    *number = text.toLongLong(&isNumber);
-    return isNumber && *number >= 0;
+    const char* name;
+    const char* argument;
+    void (*apply)(AnyFault& fault, const QString& argument);
+};
+
+constexpr Kind<Fault> c_requestKinds[] = {
+    {"status", c_number, [](Fault& f, const QString& a) { f.WithStatus(a.toInt()); }},
+    {"delay", c_number, [](Fault& f, const QString& a) { f.WithDelay(a.toInt()); }},
+    {"cut", c_number, [](Fault& f, const QString& a) { f.WithCutAfter(a.toInt()); }},
+    {"reset-after", c_number, [](Fault& f, const QString& a) { f.WithResetAfter(a.toInt()); }},
+    {"gzip-bomb", c_number, [](Fault& f, const QString& a) { f.WithGzipBomb(a.toInt()); }},
+    {"no-type", c_nothing, [](Fault& f, const QString&) { f.WithoutMediaType(); }},
+    {"no-answer", c_nothing, [](Fault& f, const QString&) { f.WithoutAnswer(); }},
+    {"silent", c_nothing, [](Fault& f, const QString&) { f.WithSilenceAfterHeader(); }},
+    {"reset", c_nothing, [](Fault& f, const QString&) { f.WithReset(); }},
+    {"close", c_nothing, [](Fault& f, const QString&) { f.WithClose(); }},
+    {"chunked", c_nothing, [](Fault& f, const QString&) { f.WithChunks(); }},
+    {"broken-gzip", c_nothing, [](Fault& f, const QString&) { f.WithBrokenGzip(); }},
+    {"drip", "[1-9]\\d{0,8}/\\d{1,9}",
+     [](Fault& f, const QString& a) {
+         f.WithDrip(a.section(QLatin1Char('/'), 0, 0).toInt(), a.section(QLatin1Char('/'), 1).toInt());
+     }},
+    {"type", c_text, [](Fault& f, const QString& a) { f.WithMediaType(a.toLatin1()); }},
+    {"body", ".*", [](Fault& f, const QString& a) { f.WithBody(a.toUtf8()); }},
+    {"redirect", c_text, [](Fault& f, const QString& a) { f.WithRedirect(a.toUtf8()); }},
+};
+
+template <NetworkFault::Kind kind> void ApplyKind(NetworkFault& fault, const QString& argument)
+{
+    fault.kind = kind;
+    fault.value = argument.toInt();
 }
 
-ApplyToFault WithNumber(const std::function<void(Fault&, qint64)>& apply)
+template <CertificateKind certificate> void ApplyCertificate(NetworkFault& fault, const QString&)
 {
-    return [apply](Fault& fault, const QString& argument) {
-        qint64 number = 0;
-        const bool isNumber = ReadNumber(argument, &number);
-        if (isNumber) {
-            apply(fault, number);
-        }
-        return isNumber;
-    };
-}
-
-ApplyToFault WithoutArgument(const std::function<void(Fault&)>& apply)
-{
-    return [apply](Fault& fault, const QString& argument) {
-        apply(fault);
-        return argument.isEmpty();
-    };
-}
-
-ApplyToNetworkFault NetworkKind(NetworkFault::Kind kind, bool takesNumber)
-{
-    return [kind, takesNumber](NetworkFault& fault, const QString& argument) {
-        fault.kind = kind;
-        return takesNumber ? ReadNumber(argument, &fault.value) : argument.isEmpty();
-    };
-}
-
-bool ApplyDrip(Fault& fault, const QString& argument)
-{
-    qint64 bytes = 0;
-    qint64 milliseconds = 0;
-    const bool isUnderstood = ReadNumber(argument.section(QLatin1Char('/'), 0, 0), &bytes) && bytes > 0
-        && ReadNumber(argument.section(QLatin1Char('/'), 1), &milliseconds);
-    fault.WithDrip(bytes, static_cast<int>(milliseconds));
-    return isUnderstood;
-}
-
-bool ApplyCertificate(NetworkFault& fault, const QString& argument)
-{
-    static const QHash<QString, CertificateKind> c_kinds{
-        {QStringLiteral("expired"), CertificateKind::Expired},
-        {QStringLiteral("self-signed"), CertificateKind::SelfSigned},
-        {QStringLiteral("wrong-host"), CertificateKind::WrongHost},
-        {QStringLiteral("unknown-authority"), CertificateKind::UnknownAuthority},
-    };
     fault.kind = NetworkFault::Kind::BadCertificate;
-    fault.certificate = c_kinds.value(argument, CertificateKind::Good);
-    return fault.certificate != CertificateKind::Good;
+    fault.certificate = certificate;
 }
 
-const QHash<QString, ApplyToFault>& RequestKinds()
-{
-    static const QHash<QString, ApplyToFault> c_kinds{
-        {QStringLiteral("status"), WithNumber([](Fault& f, qint64 n) { f.WithStatus(static_cast<int>(n)); })},
-        {QStringLiteral("delay"), WithNumber([](Fault& f, qint64 n) { f.WithDelay(static_cast<int>(n)); })},
-        {QStringLiteral("cut"), WithNumber([](Fault& f, qint64 n) { f.WithCutAfter(n); })},
-        {QStringLiteral("reset-after"), WithNumber([](Fault& f, qint64 n) { f.WithResetAfter(n); })},
-        {QStringLiteral("gzip-bomb"),
-         WithNumber([](Fault& f, qint64 n) { f.WithGzipBomb(static_cast<int>(n)); })},
-        {QStringLiteral("no-type"), WithoutArgument([](Fault& f) { f.WithoutMediaType(); })},
-        {QStringLiteral("no-answer"), WithoutArgument([](Fault& f) { f.WithoutAnswer(); })},
-        {QStringLiteral("silent"), WithoutArgument([](Fault& f) { f.WithSilenceAfterHeader(); })},
-        {QStringLiteral("reset"), WithoutArgument([](Fault& f) { f.WithReset(); })},
-        {QStringLiteral("close"), WithoutArgument([](Fault& f) { f.WithClose(); })},
-        {QStringLiteral("chunked"), WithoutArgument([](Fault& f) { f.WithChunks(); })},
-        {QStringLiteral("broken-gzip"), WithoutArgument([](Fault& f) { f.WithBrokenGzip(); })},
-        {QStringLiteral("drip"), &ApplyDrip},
-        {QStringLiteral("type"),
-         [](Fault& f, const QString& argument) {
-             f.WithMediaType(argument.toLatin1());
-             return !argument.isEmpty();
-         }},
-        {QStringLiteral("body"),
-         [](Fault& f, const QString& argument) {
-             f.WithBody(argument.toUtf8());
-             return true;
-         }},
-        {QStringLiteral("redirect"),
-         [](Fault& f, const QString& argument) {
-             f.WithRedirect(argument.toUtf8());
-             return !argument.isEmpty();
-         }},
-    };
-    return c_kinds;
-}
+constexpr Kind<NetworkFault> c_networkKinds[] = {
+    {"refuse", c_nothing, ApplyKind<NetworkFault::Kind::RefuseConnection>},
+    {"connect-status", c_number, ApplyKind<NetworkFault::Kind::AnswerConnect>},
+    {"no-connect", c_nothing, ApplyKind<NetworkFault::Kind::NeverAnswer>},
+    {"garbage", c_nothing, ApplyKind<NetworkFault::Kind::GarbageInsteadOfTls>},
+    {"reset-after", c_number, ApplyKind<NetworkFault::Kind::ResetAfter>},
+    {"latency", c_number, ApplyKind<NetworkFault::Kind::Latency>},
+    {"jitter", c_number, ApplyKind<NetworkFault::Kind::Jitter>},
+    {"rate", c_number, ApplyKind<NetworkFault::Kind::ByteRate>},
+    {"single-bytes", c_nothing, ApplyKind<NetworkFault::Kind::SingleBytes>},
+    {"certificate:expired", c_nothing, ApplyCertificate<CertificateKind::Expired>},
+    {"certificate:self-signed", c_nothing, ApplyCertificate<CertificateKind::SelfSigned>},
+    {"certificate:wrong-host", c_nothing, ApplyCertificate<CertificateKind::WrongHost>},
+    {"certificate:unknown-authority", c_nothing, ApplyCertificate<CertificateKind::UnknownAuthority>},
+};
 
-const QHash<QString, ApplyToNetworkFault>& NetworkKinds()
+/// A kind that a text names, with what stands around its name.
+template <typename AnyFault> struct Named
 {
-    using Kind = NetworkFault::Kind;
-    static const QHash<QString, ApplyToNetworkFault> c_kinds{
-        {QStringLiteral("refuse"), NetworkKind(Kind::RefuseConnection, false)},
-        {QStringLiteral("connect-status"), NetworkKind(Kind::AnswerConnect, true)},
-        {QStringLiteral("no-connect"), NetworkKind(Kind::NeverAnswer, false)},
-        {QStringLiteral("garbage"), NetworkKind(Kind::GarbageInsteadOfTls, false)},
-        {QStringLiteral("reset-after"), NetworkKind(Kind::ResetAfter, true)},
-        {QStringLiteral("latency"), NetworkKind(Kind::Latency, true)},
-        {QStringLiteral("jitter"), NetworkKind(Kind::Jitter, true)},
-        {QStringLiteral("rate"), NetworkKind(Kind::ByteRate, true)},
-        {QStringLiteral("single-bytes"), NetworkKind(Kind::SingleBytes, false)},
-        {QStringLiteral("certificate"), &ApplyCertificate},
-    };
-    return c_kinds;
-}
+    const Kind<AnyFault>* kind = nullptr; ///< null: none of them, or not with this argument
+    QString pattern;
+    QString argument;
+    int times = -1;
+};
 
-/// The position of the equals sign before the first word that is one of \p kinds: patterns may hold such
-/// signs too.
-qsizetype FindKind(const QString& text, const QStringList& kinds)
+template <typename AnyFault> Named<AnyFault> Find(const QString& text, std::span<const Kind<AnyFault>> kinds)
 {
-    const QRegularExpression expression(
-        QStringLiteral("=(?:%1)(?=[:*]|$)").arg(kinds.join(QLatin1Char('|'))));
-    return text.indexOf(expression);
+    QStringList names;
+    for (const Kind<AnyFault>& kind : kinds) {
+        names.append(QString::fromLatin1(kind.name));
+    }
+    // Up to the first equals sign with a kind behind it: patterns may hold such signs too.
+    const QRegularExpression form(
+        QStringLiteral("^(.*?)=(%1)(?::(.*?))?(?:\\*(\\d{1,9}))?$").arg(names.join(QLatin1Char('|'))),
+        QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch()) {
+        return {};
+    }
+    const Kind<AnyFault>& kind = kinds[static_cast<std::size_t>(names.indexOf(match.captured(2)))];
+    const QRegularExpression argument(QRegularExpression::anchoredPattern(QString::fromLatin1(kind.argument)),
+                                      QRegularExpression::DotMatchesEverythingOption);
+    if (!argument.match(match.captured(3)).hasMatch()) {
+        return {};
+    }
+    return {&kind, match.captured(1), match.captured(3),
+            match.hasCaptured(4) ? match.captured(4).toInt() : -1};
 }
 
 } // namespace
 
 ParsedFault ParseFault(const QString& text)
 {
-    const auto fail = [&text](const QString& reason) {
-        return ParsedFault{
-            .fault = {}, .networkFault = {}, .error = QStringLiteral("Fault \"%1\": %2").arg(text, reason)};
-    };
-    const bool isForHost = text.startsWith(QLatin1Char('@'));
-    const qsizetype equals = FindKind(text, isForHost ? NetworkKinds().keys() : RequestKinds().keys());
-    if (equals < 0) {
-        return fail(QStringLiteral("no known kind"));
+    ParsedFault parsed;
+    if (text.startsWith(QLatin1Char('@'))) {
+        if (const auto named = Find<NetworkFault>(text.mid(1), c_networkKinds); named.kind != nullptr) {
+            parsed.networkFault.emplace();
+            parsed.networkFault->host = named.pattern;
+            parsed.networkFault->times = named.times;
+            named.kind->apply(*parsed.networkFault, named.argument);
+            return parsed;
+        }
+    } else if (const auto named = Find<Fault>(text, c_requestKinds); named.kind != nullptr) {
+        parsed.fault = Fault::On(named.pattern).Times(named.times);
+        named.kind->apply(*parsed.fault, named.argument);
+        return parsed;
     }
-    QString kind = text.mid(equals + 1);
-    int times = -1;
-    static const QRegularExpression c_times(QStringLiteral("\\*(\\d+)$"));
-    if (const QRegularExpressionMatch match = c_times.match(kind); match.hasMatch()) {
-        times = match.captured(1).toInt();
-        kind.truncate(match.capturedStart());
-    }
-    const QString argument = kind.section(QLatin1Char(':'), 1);
-    kind = kind.section(QLatin1Char(':'), 0, 0);
-    if (isForHost) {
-        NetworkFault fault;
-        fault.host = text.mid(1, equals - 1);
-        fault.times = times;
-        return NetworkKinds().value(kind)(fault, argument)
-            ? ParsedFault{.fault = {}, .networkFault = fault, .error = {}}
-            : fail(QStringLiteral("argument not understood"));
-    }
-    Fault fault = Fault::On(text.left(equals)).Times(times);
-    return RequestKinds().value(kind)(fault, argument)
-        ? ParsedFault{.fault = fault, .networkFault = {}, .error = {}}
-        : fail(QStringLiteral("argument not understood"));
+    parsed.error = QStringLiteral("Fault \"%1\": no known kind, or not with this argument").arg(text);
+    return parsed;
 }
 
 QString FaultSyntaxHelp()

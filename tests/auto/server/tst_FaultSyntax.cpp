@@ -97,6 +97,7 @@ void tst_FaultSyntax::MistakesAreReported_data()
     QTest::newRow("no number") << QStringLiteral("/api=delay:soon");
     QTest::newRow("negative number") << QStringLiteral("/api=cut:-1");
     QTest::newRow("argument too many") << QStringLiteral("/api=reset:5");
+    QTest::newRow("times not a number") << QStringLiteral("/api=reset*x");
     QTest::newRow("drip without interval") << QStringLiteral("/api=drip:5");
     QTest::newRow("request kind for a host") << QStringLiteral("@h=status:500");
     QTest::newRow("connection kind for a request") << QStringLiteral("/api=refuse");
