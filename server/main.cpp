@@ -26,13 +26,13 @@ void OnSignal(int)
 }
 
 /// Makes SIGINT and SIGTERM end the event loop.
-void QuitOnSignals(QCoreApplication& application)
+void QuitOnSignals()
 {
     if (pipe(g_signalPipe) != 0) {
         return;
     }
-    auto* notifier = new QSocketNotifier(g_signalPipe[0], QSocketNotifier::Read, &application);
-    QObject::connect(notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
+    auto* notifier = new QSocketNotifier(g_signalPipe[0], QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
     struct sigaction action = {};
     action.sa_handler = OnSignal;
     sigaction(SIGINT, &action, nullptr);
@@ -45,6 +45,70 @@ int Fail(const QString& text)
     return 1;
 }
 
+/// Understands the command line, or ends the program with what is wrong with it or with the help.
+void ReadCommandLine(QCommandLineParser& parser)
+{
+    parser.setApplicationDescription(QStringLiteral("A venue database server on 127.0.0.1.\n\n")
+                                     + FaultSyntaxHelp());
+    parser.addHelpOption();
+    parser.addOptions({
+        {QStringLiteral("port"), QStringLiteral("HTTPS port; 0: any."), QStringLiteral("port"),
+         QStringLiteral("0")},
+        {QStringLiteral("proxy-port"), QStringLiteral("CONNECT proxy port; 0: any."), QStringLiteral("port"),
+         QStringLiteral("0")},
+        {QStringLiteral("catalogue"), QStringLiteral("Folder of the venues' JSON files."),
+         QStringLiteral("folder"), QStringLiteral(VDB_CATALOGUE_DIR)},
+        {QStringLiteral("generate"), QStringLiteral("Invent this many venues instead."),
+         QStringLiteral("count")},
+        {QStringLiteral("ca-file"), QStringLiteral("Write the certificate authority's certificate here."),
+         QStringLiteral("file")},
+        {QStringLiteral("fault"), QStringLiteral("A fault, see above; repeatable."),
+         QStringLiteral("pattern=kind")},
+        {QStringLiteral("log"), QStringLiteral("Log requests to this file; -: standard output."),
+         QStringLiteral("file")},
+    });
+    parser.process(*QCoreApplication::instance());
+}
+
+/// The number that the option \p name has; \p ok turns false where it has none.
+quint16 PortOf(const QCommandLineParser& parser, const QString& name, bool* ok)
+{
+    bool isNumber = false;
+    const quint16 port = parser.value(name).toUShort(&isNumber);
+    *ok = *ok && isNumber;
+    return port;
+}
+
+/// The catalogue that \p parser asks for; what is wrong with it in \p error.
+VenueCatalogue CatalogueFrom(const QCommandLineParser& parser, QString* error)
+{
+    const QString count = parser.value(QStringLiteral("generate"));
+    if (count.isEmpty()) {
+        return VenueCatalogue::Load(parser.value(QStringLiteral("catalogue")), error);
+    }
+    bool isNumber = false;
+    const int venues = count.toInt(&isNumber);
+    *error = isNumber ? QString() : QStringLiteral("the count of venues is not a number");
+    return CatalogueGenerator({.venueCount = venues, .picturesPerVenue = 3, .modelFilesPerVenue = 1})
+        .Catalogue();
+}
+
+/// What is wrong with the first fault that cannot be understood, empty when all are in force.
+QString AddFaults(VenueServer& server, const QStringList& faults)
+{
+    for (const QString& text : faults) {
+        const ParsedFault parsed = ParseFault(text);
+        if (parsed.fault.has_value()) {
+            server.AddFault(*parsed.fault);
+        } else if (parsed.networkFault.has_value()) {
+            server.AddFault(*parsed.networkFault);
+        } else {
+            return parsed.error;
+        }
+    }
+    return {};
+}
+
 QString LogLine(const Request& request)
 {
     return QStringLiteral("%1 #%2 %3 %4 https://%5%6")
@@ -54,9 +118,16 @@ QString LogLine(const Request& request)
         .arg(QString::fromLatin1(request.method), request.host, QString::fromUtf8(request.target));
 }
 
-/// Writes a line for each answered request, as long as \p server and \p file live.
-void WriteLog(VenueServer& server, QFile& file)
+/// Writes a line for each answered request, as long as \p server and \p file live. False: \p file does not
+/// open.
+bool WriteLog(VenueServer& server, QFile& file)
 {
+    const bool isOpen = file.fileName() == QLatin1String("-")
+        ? file.open(stdout, QIODevice::WriteOnly)
+        : file.open(QIODevice::WriteOnly | QIODevice::Append);
+    if (!isOpen) {
+        return false;
+    }
     QObject::connect(&server.Log(), &RequestLog::RequestAnswered, &server, [&server, &file](qint64 id) {
         const QList<Request> requests = server.Log().Requests();
         for (const Request& request : requests) {
@@ -66,6 +137,24 @@ void WriteLog(VenueServer& server, QFile& file)
             }
         }
     });
+    return true;
+}
+
+/// Tells on standard output how to ask \p server; \p caFile is empty when its authority is not written.
+void TellHowToAsk(VenueServer& server, const QString& caFile)
+{
+    const QString caName = caFile.isEmpty() ? QStringLiteral("FILE") : caFile;
+    QTextStream out(stdout);
+    out << "venues:      " << server.Catalogue()->Venues().size() << '\n'
+        << "https port:  " << server.HttpsPort() << '\n'
+        << "proxy port:  " << server.ProxyPort() << '\n'
+        << "directly:    curl --cacert " << caName << " -g 'https://localhost:" << server.HttpsPort()
+        << "/api/venue?include=editor'\n"
+        << "by its name: curl --cacert " << caName << " -g --proxy http://127.0.0.1:" << server.ProxyPort()
+        << " 'https://" << server.Host() << "/api/venue?include=editor'\n";
+    if (caFile.isEmpty()) {
+        out << "(start it with --ca-file FILE to have the certificate authority written)\n";
+    }
 }
 
 } // namespace
@@ -76,98 +165,40 @@ int main(int argc, char* argv[])
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    QGuiApplication application(argc, argv);
+    const QGuiApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vdbserver"));
-
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("A venue database server on 127.0.0.1.\n\n")
-                                     + FaultSyntaxHelp());
-    parser.addHelpOption();
-    const QCommandLineOption port(QStringLiteral("port"), QStringLiteral("HTTPS port; 0: any."),
-                                  QStringLiteral("port"), QStringLiteral("0"));
-    const QCommandLineOption proxyPort(QStringLiteral("proxy-port"),
-                                       QStringLiteral("CONNECT proxy port; 0: any."), QStringLiteral("port"),
-                                       QStringLiteral("0"));
-    const QCommandLineOption catalogue(QStringLiteral("catalogue"),
-                                       QStringLiteral("Folder of the venues' JSON files."),
-                                       QStringLiteral("folder"), QStringLiteral(VDB_CATALOGUE_DIR));
-    const QCommandLineOption generate(QStringLiteral("generate"),
-                                      QStringLiteral("Invent this many venues instead."),
-                                      QStringLiteral("count"));
-    const QCommandLineOption caFile(QStringLiteral("ca-file"),
-                                    QStringLiteral("Write the certificate authority's certificate here."),
-                                    QStringLiteral("file"));
-    const QCommandLineOption fault(QStringLiteral("fault"), QStringLiteral("A fault, see above; repeatable."),
-                                   QStringLiteral("pattern=kind"));
-    const QCommandLineOption log(QStringLiteral("log"),
-                                 QStringLiteral("Log requests to this file; -: standard output."),
-                                 QStringLiteral("file"));
-    parser.addOptions({port, proxyPort, catalogue, generate, caFile, fault, log});
-    parser.process(application);
+    ReadCommandLine(parser);
 
     VenueServer::Options options;
-    bool areNumbers[3] = {true, true, true};
-    options.httpsPort = parser.value(port).toUShort(&areNumbers[0]);
-    options.proxyPort = parser.value(proxyPort).toUShort(&areNumbers[1]);
+    bool areNumbers = true;
+    options.httpsPort = PortOf(parser, QStringLiteral("port"), &areNumbers);
+    options.proxyPort = PortOf(parser, QStringLiteral("proxy-port"), &areNumbers);
+    if (!areNumbers) {
+        return Fail(QStringLiteral("a port is a number from 0 to 65535"));
+    }
     VenueServer server(options);
-    if (parser.isSet(generate)) {
-        const int count = parser.value(generate).toInt(&areNumbers[2]);
-        server.SetCatalogue(
-            CatalogueGenerator({.venueCount = count, .picturesPerVenue = 3, .modelFilesPerVenue = 1})
-                .Catalogue());
-    } else {
-        QString error;
-        server.SetCatalogue(VenueCatalogue::Load(parser.value(catalogue), &error));
-        if (!error.isEmpty()) {
-            return Fail(error);
-        }
+    QString error;
+    server.SetCatalogue(CatalogueFrom(parser, &error));
+    if (error.isEmpty()) {
+        error = AddFaults(server, parser.values(QStringLiteral("fault")));
     }
-    if (!areNumbers[0] || !areNumbers[1] || !areNumbers[2]) {
-        return Fail(QStringLiteral("ports and counts are numbers"));
+    if (!error.isEmpty()) {
+        return Fail(error);
     }
-    const QStringList faults = parser.values(fault);
-    for (const QString& text : faults) {
-        const ParsedFault parsed = ParseFault(text);
-        if (parsed.fault.has_value()) {
-            server.AddFault(*parsed.fault);
-        } else if (parsed.networkFault.has_value()) {
-            server.AddFault(*parsed.networkFault);
-        } else {
-            return Fail(parsed.error);
-        }
-    }
-    QFile logFile(parser.value(log));
-    if (parser.isSet(log)) {
-        const bool isOpen = parser.value(log) == QLatin1String("-")
-            ? logFile.open(stdout, QIODevice::WriteOnly)
-            : logFile.open(QIODevice::WriteOnly | QIODevice::Append);
-        if (!isOpen) {
-            return Fail(logFile.fileName() + QStringLiteral(": ") + logFile.errorString());
-        }
-        WriteLog(server, logFile);
+    QFile log(parser.value(QStringLiteral("log")));
+    if (parser.isSet(QStringLiteral("log")) && !WriteLog(server, log)) {
+        return Fail(log.fileName() + QStringLiteral(": ") + log.errorString());
     }
     if (!server.Start()) {
         return Fail(server.ErrorText());
     }
-    const QString caName = parser.isSet(caFile) ? parser.value(caFile) : QStringLiteral("FILE");
-    if (parser.isSet(caFile)) {
-        QFile file(caName);
-        if (!file.open(QIODevice::WriteOnly) || file.write(server.CaPem()) < 0) {
-            return Fail(caName + QStringLiteral(": ") + file.errorString());
-        }
+    QFile caFile(parser.value(QStringLiteral("ca-file")));
+    if (!caFile.fileName().isEmpty()
+        && (!caFile.open(QIODevice::WriteOnly) || caFile.write(server.CaPem()) < 0 || !caFile.flush())) {
+        return Fail(caFile.fileName() + QStringLiteral(": ") + caFile.errorString());
     }
-    QuitOnSignals(application);
-    QTextStream out(stdout);
-    out << "venues:      " << server.Catalogue()->Venues().size() << '\n'
-        << "https port:  " << server.HttpsPort() << '\n'
-        << "proxy port:  " << server.ProxyPort() << '\n'
-        << "directly:    curl --cacert " << caName << " -g 'https://localhost:" << server.HttpsPort()
-        << "/api/venue?include=editor'\n"
-        << "by its name: curl --cacert " << caName << " -g --proxy http://127.0.0.1:" << server.ProxyPort()
-        << " 'https://" << server.Host() << "/api/venue?include=editor'\n";
-    if (!parser.isSet(caFile)) {
-        out << "(start it with --ca-file FILE to have the certificate authority written)\n";
-    }
-    out.flush();
+    QuitOnSignals();
+    TellHowToAsk(server, caFile.fileName());
     return QCoreApplication::exec();
 }
