@@ -63,7 +63,7 @@ void FeedViewer(PictureFullscreenDialog& viewer, QList<Picture>& pictures, const
 {
     auto* view = viewer.findChild<PictureView*>();
     viewer.SetPictures(&pictures);
-    viewer.ShowPictureAt(1);
+    viewer.SetPicturesIndex(1);
     const QList<QGraphicsItem*> items = view->scene()->items();
     Require(items.size() <= 1, "one picture at most is shown");
     for (const QGraphicsItem* item : items) {
@@ -76,7 +76,7 @@ void FeedViewer(PictureFullscreenDialog& viewer, QList<Picture>& pictures, const
     (void)view->grab();
 
     // The small picture is shown, then its large rendition arrives.
-    viewer.ShowPictureAt(0);
+    viewer.SetPicturesIndex(0);
     viewer.OnPictureBinaryDataFinished(QUrl(LargeUrl()), bytes);
     Require(view->scene()->items().size() == items.size(), "both renditions are shown or none");
     QCoreApplication::processEvents();

@@ -139,7 +139,7 @@ void FuzzServerText(const QByteArray& input)
     (void)slider.findChild<QLabel*>()->grab();
 
     viewer.SetPictures(&pictures);
-    viewer.ShowPictureAt(1);
+    viewer.SetPicturesIndex(1);
     RequirePlainLabels(viewer);
     (void)viewer.findChild<QLabel*>()->grab();
 

@@ -154,14 +154,6 @@
         <translation>Für eine gezielte Suche bitte Begriffe oder Buchstaben in die Felder eingeben und „Suchen“ klicken. Die vollständige Liste zeigt „Zurücksetzen“.</translation>
     </message>
     <message>
-        <source>Name of overall multi-venue building or campus (identical to Venue name if there is only one event venue in the building/on the campus).</source>
-        <translation>Name des gesamten Gebäudes oder Geländes mit mehreren Spielstätten (gleich dem Namen der Spielstätte, wenn es dort nur eine gibt).</translation>
-    </message>
-    <message>
-        <source>Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if there is only one venue in the building).</source>
-        <translation>Name der einzelnen Spielstätte oder des Raums innerhalb des Komplexes (gleich dem Namen des Komplexes, wenn es im Gebäude nur eine gibt).</translation>
-    </message>
-    <message>
         <source>Search</source>
         <translation>Suchen</translation>
     </message>

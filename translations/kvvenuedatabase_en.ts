@@ -154,14 +154,6 @@
         <translation>To conduct a targeted search, please enter search terms or single letters in the fields below and click Search. To view the complete result list, click Reset.</translation>
     </message>
     <message>
-        <source>Name of overall multi-venue building or campus (identical to Venue name if there is only one event venue in the building/on the campus).</source>
-        <translation>Name of overall multi-venue building or campus (identical to Venue name if there is only one event venue in the building/on the campus).</translation>
-    </message>
-    <message>
-        <source>Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if there is only one venue in the building).</source>
-        <translation>Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if there is only one venue in the building).</translation>
-    </message>
-    <message>
         <source>Search</source>
         <translation>Search</translation>
     </message>

@@ -154,14 +154,6 @@
         <translation>Para una búsqueda concreta, introduzca términos o letras sueltas en los campos siguientes y haga clic en «Buscar». Para ver la lista completa, haga clic en «Restablecer».</translation>
     </message>
     <message>
-        <source>Name of overall multi-venue building or campus (identical to Venue name if there is only one event venue in the building/on the campus).</source>
-        <translation>Nombre del edificio o conjunto completo con varios recintos (idéntico al nombre del recinto si solo hay uno en el edificio o conjunto).</translation>
-    </message>
-    <message>
-        <source>Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if there is only one venue in the building).</source>
-        <translation>Nombre del recinto o de la sala dentro del complejo (idéntico al nombre del complejo si solo hay un recinto en el edificio).</translation>
-    </message>
-    <message>
         <source>Search</source>
         <translation>Buscar</translation>
     </message>

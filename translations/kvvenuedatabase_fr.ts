@@ -154,14 +154,6 @@
         <translation>Pour une recherche ciblée, saisissez des termes ou des lettres ci-dessous et cliquez sur «&#xa0;Rechercher&#xa0;». «&#xa0;Réinitialiser&#xa0;» affiche la liste complète.</translation>
     </message>
     <message>
-        <source>Name of overall multi-venue building or campus (identical to Venue name if there is only one event venue in the building/on the campus).</source>
-        <translation>Nom de l’ensemble du bâtiment ou du site qui réunit plusieurs lieux (identique au nom du lieu s’il n’y en a qu’un dans le bâtiment ou sur le site).</translation>
-    </message>
-    <message>
-        <source>Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if there is only one venue in the building).</source>
-        <translation>Nom du lieu ou de la salle au sein du complexe (identique au nom du complexe s’il n’y a qu’un lieu dans le bâtiment).</translation>
-    </message>
-    <message>
         <source>Search</source>
         <translation>Rechercher</translation>
     </message>

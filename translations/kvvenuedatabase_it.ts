@@ -154,14 +154,6 @@
         <translation>Per una ricerca mirata, inserire termini o singole lettere nei campi qui sotto e fare clic su «Cerca». Per vedere l’elenco completo, fare clic su «Reimposta».</translation>
     </message>
     <message>
-        <source>Name of overall multi-venue building or campus (identical to Venue name if there is only one event venue in the building/on the campus).</source>
-        <translation>Nome dell’intero edificio o complesso con più sedi (identico al nome della sede se nell’edificio o nel complesso ce n’è una sola).</translation>
-    </message>
-    <message>
-        <source>Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if there is only one venue in the building).</source>
-        <translation>Nome della singola sede o sala all’interno del complesso (identico al nome del complesso se nell’edificio c’è una sola sede).</translation>
-    </message>
-    <message>
         <source>Search</source>
         <translation>Cerca</translation>
     </message>

@@ -154,14 +154,6 @@
         <translation>条件を絞って検索するには、下の欄に検索語または文字を入力して［検索］をクリックしてください。すべての結果を表示するには［リセット］をクリックしてください。</translation>
     </message>
     <message>
-        <source>Name of overall multi-venue building or campus (identical to Venue name if there is only one event venue in the building/on the campus).</source>
-        <translation>複数の会場がある建物または敷地全体の名称（会場が 1 つだけの場合は会場名と同じ）。</translation>
-    </message>
-    <message>
-        <source>Name of the specific venue/room within the multi-venue building/campus (identical to Complex name if there is only one venue in the building).</source>
-        <translation>複合施設内の個々の会場・ホールの名称（建物内の会場が 1 つだけの場合は複合施設名と同じ）。</translation>
-    </message>
-    <message>
         <source>Search</source>
         <translation>検索</translation>
     </message>

@@ -1,6 +1,10 @@
 #include <ui/CustomStyle_p.h>
 
+#include <QFrame>
+#include <QLabel>
 #include <QPainter>
+#include <QPushButton>
+#include <QSizePolicy>
 #include <QString>
 #include <QStyle>
 #include <QStyleOption>
@@ -20,6 +24,30 @@ void PaintStyledBackground(QWidget* widget)
     option.initFrom(widget);
     QPainter painter(widget);
     widget->style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, widget);
+}
+
+QLabel* CreateLabel(const QString& text, QLatin1String styleClass, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    SetCustomStyle(label, styleClass);
+    return label;
+}
+
+QPushButton* CreateButton(const QString& text, QWidget* parent)
+{
+    auto* button = new QPushButton(text, parent);
+    SetCustomStyle(button, QLatin1String("buttonKorvelDefault"));
+    return button;
+}
+
+QFrame* CreateSeparator(QWidget* parent)
+{
+    auto* separator = new QFrame(parent);
+    separator->setFixedHeight(1);
+    separator->setFrameShape(QFrame::HLine);
+    separator->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    SetCustomStyle(separator, QLatin1String("lineKorvelDark"));
+    return separator;
 }
 
 } // namespace korvel::Ui::VenueDatabase

@@ -1,6 +1,6 @@
 #include <ui/FoldingIcon_p.h>
 
-#include <ui/FocusRing_p.h>
+#include <ui/pictures/FocusRing_p.h>
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -99,7 +99,7 @@ void FoldingIcon::UpdatePixmap()
 {
     const QPixmap plain(m_path);
     m_pixmapScale = devicePixelRatioF();
-    // At scale 1 the very file.
+    // At scale 1 the file is shown as it is, without an icon engine that might resize it.
     const bool isPlain = plain.isNull() || qFuzzyCompare(m_pixmapScale, 1.0);
     setPixmap(isPlain ? plain : QIcon(m_path).pixmap(plain.size(), m_pixmapScale));
 }

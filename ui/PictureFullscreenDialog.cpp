@@ -2,28 +2,25 @@
 
 #include <data/DownloadManager.h>
 #include <ui/CustomStyle_p.h>
-#include <ui/DownloadCursors_p.h>
-#include <ui/PictureCaption_p.h>
-#include <ui/PictureDecoder_p.h>
-#include <ui/PictureItem_p.h>
+#include <ui/ModalWindow_p.h>
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureView.h>
+#include <ui/pictures/DownloadCursors_p.h>
+#include <ui/pictures/PictureCaption_p.h>
+#include <ui/pictures/PictureDecoder_p.h>
+#include <ui/pictures/PictureItem_p.h>
+#include <ui/pictures/PictureSaver_p.h>
 #include <ui/text/PlainLabel_p.h>
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
-#include <QSaveFile>
-#include <QScreen>
-#include <QStandardPaths>
 #include <QStyle>
 
 #include <algorithm>
@@ -32,31 +29,6 @@ namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::DownloadManager;
 using Data::VenueDatabase::Picture;
-
-namespace {
-
-constexpr QSize c_normalSize(1062, 768);
-constexpr int c_jpegQuality = 95;
-
-/// Where the first file dialog of the process starts.
-QString PicturesFolder()
-{
-    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::PicturesLocation);
-    return folders.isEmpty() ? QDir::currentPath() : folders.last();
-}
-
-/// Either the whole picture stands in the file afterwards, or what was there before.
-bool WriteJpeg(const QPixmap& pixmap, const QString& path)
-{
-    QSaveFile file(path);
-    // Where the file may be written but nothing be created beside it.
-    file.setDirectWriteFallback(true);
-    // commit() does not notice what only the flush brings to light.
-    return file.open(QIODevice::WriteOnly) && pixmap.save(&file, "JPG", c_jpegQuality) && file.flush()
-        && file.commit();
-}
-
-} // namespace
 
 PictureFullscreenDialog::PictureFullscreenDialog(QWidget* parent)
     : VenueDbDialogBase(parent)
@@ -144,17 +116,7 @@ void PictureFullscreenDialog::SetDescriptionLabelText()
 
 void PictureFullscreenDialog::Open()
 {
-    if (isMinimized() || isMaximized())
-        setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
-    resize(c_normalSize);
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        setGeometry(
-            QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, c_normalSize, screen->availableGeometry()));
-    }
-    show();
-    raise();
-    showNormal();
-    activateWindow();
+    ShowInTheMiddleOf(nullptr);
     setWindowState(Qt::WindowMaximized);
     m_view->setFocus();
 }
@@ -172,13 +134,11 @@ bool PictureFullscreenDialog::SaveImage(const QString& path)
         return true;
     }
 
-    // On the heap and guarded: this dialog may be destroyed, and the box with it, while the box is open.
-    const QPointer<QMessageBox> box
-        = new QMessageBox(QMessageBox::Information, QGuiApplication::applicationDisplayName(),
-                          tr("Cannot write %1").arg(QDir::toNativeSeparators(path)), QMessageBox::Ok, this);
+    const ModalWindow<QMessageBox> box(QMessageBox::Information, QGuiApplication::applicationDisplayName(),
+                                       tr("Cannot write %1").arg(QDir::toNativeSeparators(path)),
+                                       QMessageBox::Ok, this);
     box->setTextFormat(Qt::PlainText);
     box->exec();
-    delete box;
     return false;
 }
 
@@ -220,42 +180,27 @@ void PictureFullscreenDialog::OnContextMenuRequested(QPoint pos)
     menu.exec(m_view->mapToGlobal(pos));
 }
 
+void PictureFullscreenDialog::OnCloseWindowRequested()
+{
+    hide();
+}
+
 void PictureFullscreenDialog::OnSaveImageAs()
 {
     if (!m_currentPicture)
         return;
 
-    // On the heap and guarded: this dialog may be destroyed, and the file dialog with it, while it is open.
-    const QPointer<QFileDialog> fileDialog = new QFileDialog(this, tr("Save Image As"));
-    static bool isFirstSave = true;
-    if (isFirstSave)
-        fileDialog->setDirectory(PicturesFolder());
-    isFirstSave = false;
-    fileDialog->selectFile(QFileInfo(m_currentPicture->GetPictureName()).baseName());
-    fileDialog->setMimeTypeFilters({QStringLiteral("image/jpeg")});
-    fileDialog->selectMimeTypeFilter(QStringLiteral("image/jpeg"));
-    fileDialog->setAcceptMode(QFileDialog::AcceptSave);
-    fileDialog->setDefaultSuffix(QStringLiteral("jpg"));
-
-    bool isDone = false;
-    while (!isDone) {
-        isDone = fileDialog->exec() != QDialog::Accepted || !fileDialog
-            || SaveImage(fileDialog->selectedFiles().value(0)) || !fileDialog || !m_currentPicture;
-    }
-    delete fileDialog;
+    const QPointer<PictureFullscreenDialog> guard(this);
+    AskWhereToSave(this, tr("Save Image As"), m_currentPicture->GetPictureName(),
+                   [guard](const QString& path) {
+                       // Done as well when the viewer is gone, or has no picture any more.
+                       return guard->SaveImage(path) || !guard || !guard->m_currentPicture;
+                   });
 }
 
 void PictureFullscreenDialog::OnPictureNavigationRequested(int direction)
 {
     ModifyPicturesIndex(static_cast<short>(direction));
-}
-
-bool PictureFullscreenDialog::eventFilter(QObject* watched, QEvent* event)
-{
-    // Closing is refused, and a refusal would cancel the quit of the application.
-    if (watched == qApp && event->type() == QEvent::Quit)
-        hide();
-    return VenueDbDialogBase::eventFilter(watched, event);
 }
 
 void PictureFullscreenDialog::keyPressEvent(QKeyEvent* event)
@@ -265,7 +210,8 @@ void PictureFullscreenDialog::keyPressEvent(QKeyEvent* event)
     if (!guard)
         return;
 
-    // Deliberate: whatever the frame did, so that a key that is not named here reaches QDialog twice.
+    // Deliberate: the frame has handed the key to QDialog already. A key that is not named below reaches it a
+    // second time.
     switch (event->key()) {
     case Qt::Key_Q:
     case Qt::Key_Escape:
@@ -323,8 +269,7 @@ void PictureFullscreenDialog::hideEvent(QHideEvent* event)
 
 void PictureFullscreenDialog::closeEvent(QCloseEvent* event)
 {
-    hide();
-    event->ignore();
+    HideInsteadOfClosing(event);
 }
 
 void PictureFullscreenDialog::SetupUi()
@@ -348,14 +293,14 @@ void PictureFullscreenDialog::SetupUi()
     m_view->setAccessibleDescription(tr(
         "Plus and Minus zoom, Page Up shows the next picture and Page Down the previous one, Ctrl+S saves."));
 
-    m_descriptionLabel = new PlainLabel(QStringLiteral("-/0"), m_view);
+    m_descriptionLabel = new PlainLabel(CaptionWithoutPictures(), m_view);
     m_descriptionLabel->setWordWrap(true);
     SetCustomStyle(m_descriptionLabel, QLatin1String("labelKorvelCaptionSmall"));
 }
 
 void PictureFullscreenDialog::ConnectSignals()
 {
-    // Deliberate: by signature, as the slot is reached by its name as a meta-method and not by its C++ type.
+    // Deliberate: connected by signature, so that the slot is found by its name.
     connect(m_view, SIGNAL(customContextMenuRequested(QPoint)), this, SLOT(OnContextMenuRequested(QPoint)));
     connect(m_downloadManager, &DownloadManager::PictureBinaryDataFinished, this,
             &PictureFullscreenDialog::OnPictureBinaryDataFinished);
@@ -365,7 +310,6 @@ void PictureFullscreenDialog::ConnectSignals()
         connect(button, &PictureNavigationButton::PictureNavigationClicked, this,
                 &PictureFullscreenDialog::OnPictureNavigationRequested);
     }
-    qApp->installEventFilter(this);
 }
 
 void PictureFullscreenDialog::ShowPicture(const Picture& picture, qsizetype row)

@@ -57,8 +57,6 @@ public:
     void SetPictures(QList<Data::VenueDatabase::Picture>* pictures);
     /// Shows the picture at the zero-based \p index; does nothing outside of the list.
     void SetPicturesIndex(short index);
-    /// The same, also for the indexes of lists that are longer than a short can count.
-    void ShowPictureAt(qsizetype index);
     /// Steps by \p delta, round the ends of the list; does nothing for an empty list, or where \p delta goes
     /// back by more than the list is long.
     void ModifyPicturesIndex(short delta);
@@ -88,6 +86,8 @@ public Q_SLOTS:
     void OnPictureBinaryDataRequestFailed(QUrl url, QString errorMessage);
     /// Offers to save the picture, in a menu at \p pos of the view. Runs a nested event loop.
     void OnContextMenuRequested(QPoint pos);
+    /// Hides the viewer.
+    void OnCloseWindowRequested();
     /// Asks for a file and saves the current picture; asks again until it was saved or the user gives up.
     /// Runs a nested event loop. Does nothing without a current picture.
     void OnSaveImageAs();
@@ -99,8 +99,6 @@ Q_SIGNALS:
     void FitViewAfterOpen();
 
 protected:
-    /// Watches the application: the viewer hides before it quits, so that it does not call the quit off.
-    bool eventFilter(QObject* watched, QEvent* event) override;
     /// The keys of the class description, besides what the frame and QDialog make of them. May run a nested
     /// event loop.
     void keyPressEvent(QKeyEvent* event) override;
@@ -114,8 +112,12 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    friend class PictureSlider;
+
     void SetupUi();
     void ConnectSignals();
+    /// The same as SetPicturesIndex(), also for the indexes of lists that are longer than a short can count.
+    void ShowPictureAt(qsizetype index);
     /// Shows \p picture, whose large rendition is to be kept in row \p row of the list, -1 for none.
     void ShowPicture(const Data::VenueDatabase::Picture& picture, qsizetype row);
     void PlaceOverlays();

@@ -1,6 +1,6 @@
 #include <ui/PictureNavigationButton.h>
 
-#include <ui/FocusRing_p.h>
+#include <ui/pictures/FocusRing_p.h>
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -16,7 +16,6 @@ namespace korvel::Ui::VenueDatabase {
 namespace {
 
 constexpr qreal c_discRadius = 12.0;
-constexpr qreal c_focusRingRadius = 14.0;
 constexpr qreal c_chevronPenWidth = 1.5;
 constexpr int c_minimumWidth = 32;
 constexpr int c_maximumWidth = 80;
@@ -109,7 +108,7 @@ void PictureNavigationButton::paintEvent(QPaintEvent* event)
     painter.drawPolyline(ChevronLine(m_direction).translated(center));
 
     if (m_isFocusShown && hasFocus())
-        PaintFocusRing(painter, center, c_focusRingRadius);
+        PaintFocusRing(painter, center);
 }
 
 void PictureNavigationButton::resizeEvent(QResizeEvent* event)

@@ -1,11 +1,11 @@
 #include <ui/PictureSlider.h>
 
 #include <ui/CustomStyle_p.h>
-#include <ui/FocusRing_p.h>
-#include <ui/PictureCaption_p.h>
-#include <ui/PictureDecoder_p.h>
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureNavigationButton.h>
+#include <ui/pictures/FocusRing_p.h>
+#include <ui/pictures/PictureCaption_p.h>
+#include <ui/pictures/PictureDecoder_p.h>
 #include <ui/text/PlainLabel_p.h>
 
 #include <QFocusEvent>
@@ -30,7 +30,6 @@ constexpr QRect c_captionBand(0, 213, 500, 23);
 /// Deliberate: larger than the slider, so that the text is centred on (400, 150).
 constexpr QRect c_textArea(0, 0, 800, 300);
 constexpr QRect c_fullscreenArea(238, 108, 24, 24);
-constexpr qreal c_focusRingRadius = 14.0;
 
 /// What the pictures that were shown before may hold together, in bytes: 21 of the largest at the scale 1.
 constexpr qsizetype c_seenPixmapsLimit = 16LL * 1024 * 1024;
@@ -70,7 +69,7 @@ void PictureSlider::UpdateUi(QList<Picture>* pictures)
 
 void PictureSlider::ResetUi() const
 {
-    m_captionLabel->setText(QStringLiteral("-/0"));
+    m_captionLabel->setText(CaptionWithoutPictures());
 }
 
 void PictureSlider::SetDayMode(bool dayMode)
@@ -197,7 +196,7 @@ void PictureSlider::paintEvent(QPaintEvent* event)
     }
     // Round the button, which draws itself above this.
     if (m_isFullscreenFocusShown && m_fullscreenButton->hasFocus())
-        PaintFocusRing(painter, QRectF(c_fullscreenArea).center(), c_focusRingRadius);
+        PaintFocusRing(painter, QRectF(c_fullscreenArea).center());
 }
 
 void PictureSlider::SetupUi()
@@ -208,7 +207,7 @@ void PictureSlider::SetupUi()
 
     auto* layout = new QVBoxLayout;
     layout->addSpacing(c_size.height());
-    m_captionLabel = new PlainLabel(QStringLiteral("-/0"), this);
+    m_captionLabel = new PlainLabel(CaptionWithoutPictures(), this);
     SetCustomStyle(m_captionLabel, QLatin1String("labelKorvelCaptionSmall"));
     layout->addWidget(m_captionLabel);
     setLayout(layout);

@@ -99,8 +99,7 @@ void TsFileOpener::SetupUi()
     auto* row = new QHBoxLayout;
     layout->addLayout(row);
 
-    auto* label = new QLabel(tr("File selector: "), this);
-    SetCustomStyle(label, QLatin1String("labelKorvelLight"));
+    QLabel* label = CreateLabel(tr("File selector: "), QLatin1String("labelKorvelLight"), this);
     label->setFixedWidth(140);
     row->addWidget(label);
 
@@ -110,8 +109,7 @@ void TsFileOpener::SetupUi()
     label->setBuddy(m_fileComboBox);
     row->addWidget(m_fileComboBox);
 
-    m_importButton = new QPushButton(tr("Import to Tessra"), this);
-    SetCustomStyle(m_importButton, QLatin1String("buttonKorvelDefault"));
+    m_importButton = CreateButton(tr("Import to Tessra"), this);
     m_importButton->setEnabled(false);
     m_importButton->setMinimumWidth(125);
     m_importButton->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);

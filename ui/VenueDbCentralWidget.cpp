@@ -1,27 +1,23 @@
 #include <ui/VenueDbCentralWidget.h>
 
+#include <ui/CountryList_p.h>
 #include <ui/CustomStyle_p.h>
+#include <ui/DetailsLoader_p.h>
+#include <ui/ModalWindow_p.h>
+#include <ui/SearchRow_p.h>
 #include <ui/VenueDetailsWidget.h>
-#include <ui/text/LineDelegate_p.h>
+#include <ui/WindowSize_p.h>
+#include <ui/table/VenueTableView_p.h>
 
-#include <QAbstractItemView>
 #include <QComboBox>
-#include <QCoreApplication>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSet>
 #include <QSplitter>
-#include <QTableView>
-#include <QTimer>
 #include <QVBoxLayout>
-
-#include <array>
 
 namespace korvel::Ui::VenueDatabase {
 
@@ -29,29 +25,21 @@ using namespace Data::VenueDatabase;
 
 namespace {
 
-constexpr int c_buttonMinimumWidth = 90;
-constexpr int c_labelIndent = 10;
 /// What the dialog's stated width leaves for the row of search fields.
-constexpr int c_searchRowWidth = 1062 - 2 * 4;
-constexpr int c_narrowCountryWidth = 120;
-
-/// The entry of the country list that stands for every country.
-QString AnyCountry()
-{
-    return QStringLiteral("--");
-}
+constexpr int c_searchRowWidth = c_windowSize.width() - 2 * 4;
 
 } // namespace
 
 VenueDbCentralWidget::VenueDbCentralWidget(QWidget* parent, QLabel* statusLabel)
     : QWidget(parent)
     , m_statusLabel(statusLabel)
+    , m_detailsLoader(std::make_unique<DetailsLoader>())
 {
     SetupUi();
     PopulateUi();
-    FitSearchRow();
+    m_searchRow->FitInto(c_searchRowWidth);
     ConnectSignals();
-    m_complexNameLineEdit->setFocus(Qt::OtherFocusReason);
+    m_searchRow->FocusFirstField();
 }
 
 VenueDbCentralWidget::~VenueDbCentralWidget() = default;
@@ -84,26 +72,21 @@ void VenueDbCentralWidget::SetupUi()
     auto* searchArea = new QWidget(this);
     auto* searchAreaLayout = new QVBoxLayout(searchArea);
     searchAreaLayout->setContentsMargins(4, 4, 4, 4);
-    auto* hintLabel
-        = new QLabel(tr("To conduct a targeted search, please enter search terms or single letters in the "
-                        "fields below and click Search. To view the complete result list, click Reset."),
-                     this);
+    QLabel* hintLabel = CreateLabel(
+        tr("To conduct a targeted search, please enter search terms or single letters in the fields below "
+           "and click Search. To view the complete result list, click Reset."),
+        QLatin1String("labelKorvelDefault"), this);
     hintLabel->setMargin(4);
     // On one line where it fits, as in English; other languages say it with more letters.
     hintLabel->setWordWrap(true);
-    SetCustomStyle(hintLabel, QLatin1String("labelKorvelDefault"));
     searchAreaLayout->addWidget(hintLabel);
-    m_searchLayout = SetupSearchUi();
-    searchAreaLayout->addLayout(m_searchLayout);
-    auto* separator = new QFrame(this);
-    separator->setFixedHeight(1);
-    separator->setFrameShape(QFrame::HLine);
-    separator->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    SetCustomStyle(separator, QLatin1String("lineKorvelDark"));
-    searchAreaLayout->addWidget(separator);
+    searchAreaLayout->addLayout(SetupSearchUi());
+    searchAreaLayout->addWidget(CreateSeparator(this));
     m_mainLayout->addWidget(searchArea);
 
-    SetupTable();
+    m_tableView = new VenueTableView(this);
+    m_tableView->setAccessibleName(tr("Venues"));
+    m_tableView->setAccessibleDescription(tr("The venues that were found. Select one to see its details."));
 
     m_detailsWidget = new VenueDetailsWidget(this);
     m_detailsWidget->hide();
@@ -125,113 +108,22 @@ void VenueDbCentralWidget::SetupUi()
 
 QHBoxLayout* VenueDbCentralWidget::SetupSearchUi()
 {
-    const QString complexNameToolTip = tr(
-        "Name of overall multi-venue building or campus (identical to Venue name if there is only one event "
-        "venue in the building/on the campus).");
-    const QString venueRoomNameToolTip = tr("Name of the specific venue/room within the multi-venue "
-                                            "building/campus (identical to Complex name if "
-                                            "there is only one venue in the building).");
-
-    // Fields before buttons: the dialog's default button is the next one after the focused field in the order
-    // of creation, and Return in a field is to search.
-    m_complexNameLabel = CreateFieldLabel(Venue::GetLabelAt(1, false), complexNameToolTip);
-    m_complexNameLineEdit = CreateLineEdit(complexNameToolTip);
-    m_venueRoomNameLabel = CreateFieldLabel(Venue::GetLabelAt(2, false), venueRoomNameToolTip);
-    m_venueRoomNameLabel->setIndent(c_labelIndent);
-    m_venueRoomNameLineEdit = CreateLineEdit(venueRoomNameToolTip);
-    // Deliberate: only the minimised set has labels for city and country.
-    m_cityLabel = CreateFieldLabel(Venue::GetLabelAt(3, true), {});
-    m_cityLabel->setIndent(c_labelIndent);
-    m_cityLineEdit = CreateLineEdit({});
-    m_countryLabel = CreateFieldLabel(Venue::GetLabelAt(4, true), {});
-    m_countryLabel->setIndent(c_labelIndent);
-    m_countryComboBox = new QComboBox(this);
-    SetCustomStyle(m_countryComboBox, QLatin1String("comboBoxKorvelDefault"));
-    m_queryButton = CreateButton(tr("Search"));
-    m_queryButton->setMinimumWidth(c_buttonMinimumWidth);
-    m_resetFilterButton = CreateButton(tr("Reset"));
-
-    m_complexNameLabel->setBuddy(m_complexNameLineEdit);
-    m_venueRoomNameLabel->setBuddy(m_venueRoomNameLineEdit);
-    m_cityLabel->setBuddy(m_cityLineEdit);
-    m_countryLabel->setBuddy(m_countryComboBox);
-
-    auto* layout = new QHBoxLayout;
-    layout->setContentsMargins(4, 4, 4, 4);
-    for (QWidget* widget :
-         std::initializer_list<QWidget*>{m_complexNameLabel, m_complexNameLineEdit, m_venueRoomNameLabel,
-                                         m_venueRoomNameLineEdit, m_cityLabel, m_cityLineEdit, m_countryLabel,
-                                         m_countryComboBox, m_queryButton, m_resetFilterButton})
-        layout->addWidget(widget);
-    return layout;
-}
-
-QLabel* VenueDbCentralWidget::CreateFieldLabel(const QString& text, const QString& toolTip)
-{
-    auto* label = new QLabel(text + QLatin1Char(':'), this);
-    label->setToolTip(toolTip);
-    SetCustomStyle(label, QLatin1String("labelKorvelDefault"));
-    return label;
-}
-
-QLineEdit* VenueDbCentralWidget::CreateLineEdit(const QString& toolTip)
-{
-    auto* lineEdit = new QLineEdit(this);
-    lineEdit->setToolTip(toolTip);
-    SetCustomStyle(lineEdit, QLatin1String("lineEditKorvelDefault"));
-    return lineEdit;
-}
-
-QPushButton* VenueDbCentralWidget::CreateButton(const QString& text)
-{
-    auto* button = new QPushButton(text, this);
-    SetCustomStyle(button, QLatin1String("buttonKorvelDefault"));
-    return button;
-}
-
-void VenueDbCentralWidget::SetupTable()
-{
-    m_tableView = new QTableView(this);
-    m_tableView->setItemDelegate(new LineDelegate(m_tableView));
-    m_tableView->setShowGrid(false);
-    m_tableView->setFrameShape(QFrame::NoFrame);
-    m_tableView->setFrameShadow(QFrame::Plain);
-    SetCustomStyle(m_tableView, QLatin1String("tableViewKorvelAudioNetworkDevices"));
-    m_tableView->setMinimumHeight(45);
-    m_tableView->setAccessibleName(tr("Venues"));
-    m_tableView->setAccessibleDescription(tr("The venues that were found. Select one to see its details."));
-    // Tab leads on to the details: the cells of a row are not chosen one by one.
-    m_tableView->setTabKeyNavigation(false);
-    m_tableView->verticalHeader()->setVisible(false);
-    m_tableView->setSortingEnabled(true);
-    m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_tableView->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_tableView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_tableView->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_searchRow = std::make_unique<SearchRow>(this);
+    m_countryComboBox = m_searchRow->CountryComboBox();
+    return m_searchRow->Layout();
 }
 
 void VenueDbCentralWidget::PopulateUi()
 {
-    m_countryComboBox->addItem(AnyCountry());
+    m_countryComboBox->addItem(SearchRow::AnyCountry());
     m_countryComboBox->addItems(m_countryCodeTranslator.GetCountryList());
-}
-
-void VenueDbCentralWidget::FitSearchRow()
-{
-    if (m_searchLayout->minimumSize().width() <= c_searchRowWidth)
-        return;
-    // Longer words than the English ones, or a larger font: the dialog keeps its width, the country list
-    // gives way.
-    m_countryComboBox->view()->setMinimumWidth(m_countryComboBox->sizeHint().width());
-    m_countryComboBox->setMinimumWidth(c_narrowCountryWidth);
-    // Nobody has been shown yet, so nothing else would make it ask again.
-    m_searchLayout->invalidate();
 }
 
 void VenueDbCentralWidget::ConnectSignals()
 {
-    connect(m_queryButton, &QPushButton::clicked, this, &VenueDbCentralWidget::OnQueryButtonClicked);
-    connect(m_resetFilterButton, &QPushButton::clicked, this,
+    connect(m_searchRow->SearchButton(), &QPushButton::clicked, this,
+            &VenueDbCentralWidget::OnQueryButtonClicked);
+    connect(m_searchRow->ResetButton(), &QPushButton::clicked, this,
             &VenueDbCentralWidget::OnResetFilterButtonClicked);
     // Queued: the first search starts when the dialog is on the screen.
     connect(this, &VenueDbCentralWidget::WindowOpened, this, &VenueDbCentralWidget::OnWindowOpened,
@@ -251,28 +143,9 @@ void VenueDbCentralWidget::OnWindowOpened()
 
 void VenueDbCentralWidget::OnResetFilterButtonClicked()
 {
-    m_complexNameLineEdit->clear();
-    m_venueRoomNameLineEdit->clear();
-    m_cityLineEdit->clear();
-    m_countryComboBox->clear();
+    m_searchRow->Clear();
     PopulateUi();
     PerformQuery();
-}
-
-VenueDbCentralWidget::Filters VenueDbCentralWidget::CurrentFilters() const
-{
-    Filters filters;
-    const auto append = [&filters](QLatin1String path, const QString& text) {
-        if (!text.isEmpty())
-            filters.append({path, text});
-    };
-    append(QLatin1String("title"), m_complexNameLineEdit->text());
-    append(QLatin1String("venue_room_name"), m_venueRoomNameLineEdit->text());
-    append(QLatin1String("address.locality"), m_cityLineEdit->text());
-    const QString country = m_countryComboBox->currentText();
-    if (country != AnyCountry())
-        append(QLatin1String("address.country_code"), m_countryCodeTranslator.GetCountryCode(country));
-    return filters;
 }
 
 void VenueDbCentralWidget::PerformQuery()
@@ -283,7 +156,7 @@ void VenueDbCentralWidget::PerformQuery()
     const QPointer<VenueDbCentralWidget> self(this);
     m_isSearching = true;
     m_isQueryDone = false;
-    const Filters filters = CurrentFilters();
+    const SearchRow::Filters filters = m_searchRow->CurrentFilters(m_countryCodeTranslator);
     QList<Venue> venues;
     while (!m_isQueryDone) {
         SetBusyState(true);
@@ -317,15 +190,12 @@ void VenueDbCentralWidget::PerformQuery()
 
 bool VenueDbCentralWidget::AskForRetry()
 {
-    // On the heap behind a guard: this widget, its parent, may be destroyed while the box is open.
-    const QPointer<QMessageBox> box
-        = new QMessageBox(QMessageBox::Warning, tr("Error"),
-                          tr("Unable to connect to server. \nPlease check your internet connection."),
-                          QMessageBox::Retry | QMessageBox::Close, this);
+    const ModalWindow<QMessageBox> box(
+        QMessageBox::Warning, tr("Error"),
+        tr("Unable to connect to server. \nPlease check your internet connection."),
+        QMessageBox::Retry | QMessageBox::Close, this);
     box->setDefaultButton(QMessageBox::Retry);
-    const int answer = box->exec();
-    delete box;
-    return answer == QMessageBox::Retry;
+    return box->exec() == QMessageBox::Retry;
 }
 
 void VenueDbCentralWidget::ShowResults(const QList<Venue>& venues)
@@ -342,9 +212,7 @@ void VenueDbCentralWidget::ShowResults(const QList<Venue>& venues)
             &VenueDbCentralWidget::OnTableSelectionChanged);
     ResizeColumns();
 
-    ++m_detailsResets;
-    m_detailsWidget->ResetUi();
-    m_detailsWidget->hide();
+    HideDetails();
 }
 
 ResultStatus VenueDbCentralWidget::UpdateCountryComboBox()
@@ -355,7 +223,7 @@ ResultStatus VenueDbCentralWidget::UpdateCountryComboBox()
 
     const QString chosenCountry = m_countryComboBox->currentText();
     m_countryComboBox->clear();
-    m_countryComboBox->addItem(AnyCountry());
+    m_countryComboBox->addItem(SearchRow::AnyCountry());
 
     const QPointer<VenueDbCentralWidget> self(this);
     SetBusyState(true);
@@ -370,70 +238,19 @@ ResultStatus VenueDbCentralWidget::UpdateCountryComboBox()
 
 void VenueDbCentralWidget::FillCountryComboBox(const QList<Venue>& venues, const QString& chosenCountry)
 {
-    // The list besides the set: names that differ only in case are sorted by where they occur first.
-    QSet<QString> known;
-    QStringList countries;
-    // Venues of one country mostly share its text: the same place in memory needs no look at the text. It
-    // stays where it is as long as `venues` does.
-    std::array<QStringView, 1024> lastSeen;
-    for (const Venue& venue : venues) {
-        const QString country = venue.GetCountry();
-        if (country.isNull())
-            continue;
-        const auto address = reinterpret_cast<quintptr>(country.constData());
-        QStringView& seen = lastSeen[((address >> 4) ^ (address >> 14)) % lastSeen.size()];
-        if (seen.data() == country.constData() && seen.size() == country.size())
-            continue;
-        seen = country;
-        if (known.contains(country))
-            continue;
-        known.insert(country);
-        countries.append(country);
-    }
-    countries.sort(Qt::CaseInsensitive);
-    m_countryComboBox->addItems(countries);
+    m_countryComboBox->addItems(CountryList(venues));
 
     const int index = m_countryComboBox->findText(chosenCountry, Qt::MatchCaseSensitive);
     if (index >= 0)
         m_countryComboBox->setCurrentIndex(index);
 }
 
-bool VenueDbCentralWidget::IsLoadingDetails() const
-{
-    return m_isLoadingDetails;
-}
-
-void VenueDbCentralWidget::DeleteAfterLoading(QObject* object)
-{
-    m_objectToDelete = object;
-}
-
 void VenueDbCentralWidget::OnTableSelectionChanged()
 {
-    if (m_isLoadingDetails) {
-        // Loading it inside the running load would let the older details arrive last.
-        m_hasSelectionChanged = true;
-        return;
-    }
     // The results of the running search replace the rows anyway.
-    if (m_isSearching)
+    if (m_isSearching && !m_detailsLoader->IsLoading())
         return;
-
-    const QPointer<VenueDbCentralWidget> self(this);
-    m_isLoadingDetails = true;
-    do {
-        m_hasSelectionChanged = false;
-        LoadSelectedDetails();
-        if (!self)
-            return;
-    } while (m_hasSelectionChanged && !m_objectToDelete);
-    m_isLoadingDetails = false;
-
-    if (m_objectToDelete) {
-        // Not deleteLater(): newer versions of Qt take only the first call for an object, and that one was
-        // used up.
-        QTimer::singleShot(0, qApp, [object = m_objectToDelete]() { delete object; });
-    }
+    m_detailsLoader->Run(this, [this] { LoadSelectedDetails(); });
 }
 
 void VenueDbCentralWidget::LoadSelectedDetails()
@@ -443,16 +260,13 @@ void VenueDbCentralWidget::LoadSelectedDetails()
 
     const QModelIndexList selectedIndexes = m_tableView->selectionModel()->selectedIndexes();
     if (selectedIndexes.isEmpty() || !selectedIndexes.first().isValid()) {
-        ++m_detailsResets;
-        m_detailsWidget->ResetUi();
-        m_detailsWidget->hide();
+        HideDetails();
         SetBusyState(false);
         return;
     }
 
     Venue venue;
     m_tableModel.GetSingleVenueData(m_proxyModel.mapToSource(selectedIndexes.first()), &venue);
-    const int resetsBefore = m_detailsResets;
 
     QList<Picture> pictures;
     if (Connector_Interface* connector = LivingConnector())
@@ -465,12 +279,19 @@ void VenueDbCentralWidget::LoadSelectedDetails()
     if (!self)
         return;
 
-    if (resetsBefore == m_detailsResets) {
+    if (m_detailsLoader->IsWanted()) {
         m_detailsWidget->UpdateUi(&venue, &pictures, &files);
         m_detailsWidget->show();
         m_detailsWidget->SetCollapsed(false);
     }
     SetBusyState(false);
+}
+
+void VenueDbCentralWidget::HideDetails()
+{
+    m_detailsLoader->Discard();
+    m_detailsWidget->ResetUi();
+    m_detailsWidget->hide();
 }
 
 void VenueDbCentralWidget::SetBusyState(bool busy)
@@ -488,11 +309,8 @@ void VenueDbCentralWidget::SetBusyState(bool busy)
 void VenueDbCentralWidget::ResizeColumns()
 {
     m_tableView->setColumnHidden(0, true);
-    m_tableView->setColumnWidth(1, m_complexNameLabel->width() + 22 + m_complexNameLineEdit->width());
-    m_tableView->setColumnWidth(2, m_venueRoomNameLabel->width() + 12 + m_venueRoomNameLineEdit->width());
-    m_tableView->setColumnWidth(3, m_cityLineEdit->width() + 12 + m_cityLabel->width());
-    m_tableView->setColumnWidth(4, m_countryLabel->width() + 8 + m_countryComboBox->width());
-    m_tableView->setColumnWidth(5, m_queryButton->width() + m_resetFilterButton->width());
+    for (int column = 1; column < Venue::Size(true); ++column)
+        m_tableView->setColumnWidth(column, m_searchRow->ColumnWidth(column));
 }
 
 void VenueDbCentralWidget::resizeEvent(QResizeEvent* event)

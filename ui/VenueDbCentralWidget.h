@@ -9,24 +9,26 @@
 #include <QSortFilterProxyModel>
 #include <QWidget>
 
+#include <memory>
+
 class QComboBox;
 class QHBoxLayout;
 class QLabel;
-class QLineEdit;
-class QPushButton;
 class QTableView;
 class QVBoxLayout;
 
 namespace korvel::Ui::VenueDatabase {
 
+class DetailsLoader;
+class SearchRow;
 class VenueDetailsWidget;
 
 /// The content of the venue database dialog: search row, venue table and details panel.
 ///
 /// Searching and loading details run the connector's nested event loops. Meanwhile everything may happen, the
 /// destruction of this widget included, with one exception: while the details of a row load, Qt's own view
-/// code is on the stack, so the widget must not be deleted directly then; see IsLoadingDetails().
-/// User-interface thread only.
+/// code is on the stack, so the widget must not be deleted directly then. VenueDbDialog puts off its
+/// deleteLater() until that load has ended. User-interface thread only.
 ///
 /// @code{.cpp}
 /// VenueDbCentralWidget panel;
@@ -75,12 +77,6 @@ public:
     /// still occurs. Runs a nested event loop. WrongContentType without a connector.
     Data::VenueDatabase::ResultStatus UpdateCountryComboBox();
 
-    /// True while a row's pictures and model files are fetched.
-    bool IsLoadingDetails() const;
-    /// Deletes \p object, which may own this widget, as soon as the running load has ended and Qt's view code
-    /// has returned.
-    void DeleteAfterLoading(QObject* object);
-
     /// Builds search row, table and details panel; called once, by the constructor.
     void SetupUi();
     /// Builds the row of search fields and returns its layout, which the caller owns; called once, by
@@ -110,41 +106,25 @@ private Q_SLOTS:
     void OnTableSelectionChanged();
 
 private:
-    using Filters = QList<std::pair<QString, QString>>;
+    friend class VenueDbDialog;
 
     void paintEvent(QPaintEvent* event) override;
 
-    void SetupTable();
-    /// Keeps the row of search fields within the dialog's stated width.
-    void FitSearchRow();
-    QLabel* CreateFieldLabel(const QString& text, const QString& toolTip);
-    QLineEdit* CreateLineEdit(const QString& toolTip);
-    QPushButton* CreateButton(const QString& text);
-
     Data::VenueDatabase::Connector_Interface* LivingConnector() const;
-    Filters CurrentFilters() const;
     void FillCountryComboBox(const QList<Data::VenueDatabase::Venue>& venues, const QString& chosenCountry);
     bool AskForRetry();
     void ShowResults(const QList<Data::VenueDatabase::Venue>& venues);
     void LoadSelectedDetails();
+    void HideDetails();
     void SetBusyState(bool busy);
 
     bool m_isQueryDone = false;
     QComboBox* m_countryComboBox = nullptr;
     QPointer<QLabel> m_statusLabel;
-    QLabel* m_complexNameLabel = nullptr;
-    QLabel* m_venueRoomNameLabel = nullptr;
-    QLabel* m_cityLabel = nullptr;
-    QLabel* m_countryLabel = nullptr;
-    QLineEdit* m_complexNameLineEdit = nullptr;
-    QLineEdit* m_venueRoomNameLineEdit = nullptr;
-    QLineEdit* m_cityLineEdit = nullptr;
-    QPushButton* m_queryButton = nullptr;
-    QPushButton* m_resetFilterButton = nullptr;
+    std::unique_ptr<SearchRow> m_searchRow;
     VenueSortFilterProxyModel m_proxyModel;
     QTableView* m_tableView = nullptr;
     QVBoxLayout* m_mainLayout = nullptr;
-    QHBoxLayout* m_searchLayout = nullptr;
     VenueDetailsWidget* m_detailsWidget = nullptr;
     VenueTableModel m_tableModel;
     Data::VenueDatabase::Connector_Interface* m_connector = nullptr;
@@ -155,12 +135,7 @@ private:
     bool m_isConnectorObject = false;
 
     bool m_isSearching = false;
-    bool m_isLoadingDetails = false;
-    bool m_hasSelectionChanged = false;
-    /// How often the details panel was reset: details that were asked for before the last time are out of
-    /// date.
-    int m_detailsResets = 0;
-    QPointer<QObject> m_objectToDelete;
+    std::unique_ptr<DetailsLoader> m_detailsLoader;
 };
 
 } // namespace korvel::Ui::VenueDatabase

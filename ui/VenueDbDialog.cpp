@@ -2,25 +2,18 @@
 
 #include <data/ConnectorJsonRest.h>
 #include <ui/CustomStyle_p.h>
+#include <ui/DetailsLoader_p.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbSignalHandler.h>
 
-#include <QApplication>
 #include <QCloseEvent>
-#include <QScreen>
-#include <QStyle>
+#include <QEvent>
 
 #include <utility>
 
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::ConnectorJsonRest;
-
-namespace {
-
-constexpr QSize c_openedSize(1062, 768);
-
-} // namespace
 
 VenueDbDialog::VenueDbDialog(QWidget* parent)
     : VenueDbDialogBase(parent)
@@ -33,7 +26,6 @@ VenueDbDialog::VenueDbDialog(QWidget* parent)
     m_centralWidget = new VenueDbCentralWidget(this, GetStatusLabel());
     SetContentWidget(m_centralWidget);
     ConnectSignals();
-    qApp->installEventFilter(this);
 }
 
 VenueDbDialog::~VenueDbDialog()
@@ -76,17 +68,7 @@ QString VenueDbDialog::GetVdbConnectionInfo() const
 
 void VenueDbDialog::Open(QScreen* screen)
 {
-    if (isMinimized() || isMaximized())
-        setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
-    resize(c_openedSize);
-    if (const QScreen* target = screen ? screen : QGuiApplication::primaryScreen()) {
-        setGeometry(
-            QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size(), target->availableGeometry()));
-    }
-    show();
-    raise();
-    showNormal();
-    activateWindow();
+    ShowInTheMiddleOf(screen);
     Q_EMIT m_centralWidget->WindowOpened();
 }
 
@@ -103,36 +85,20 @@ void VenueDbDialog::SetVenueLoaded(bool loaded)
 
 void VenueDbDialog::closeEvent(QCloseEvent* event)
 {
-    hide();
-    event->ignore();
+    HideInsteadOfClosing(event);
 }
 
 bool VenueDbDialog::event(QEvent* event)
 {
-    if (event->type() == QEvent::DeferredDelete && m_centralWidget->IsLoadingDetails()) {
-        // Qt's view code is on the stack and would return into what is gone. End the load and go after it.
+    if (event->type() == QEvent::DeferredDelete && m_centralWidget->m_detailsLoader->IsLoading()) {
+        // The load was started by Qt's view code, which goes on when it returns: the table must still be
+        // there then. So end the load, and delete the dialog after it.
         hide();
-        m_centralWidget->DeleteAfterLoading(this);
+        m_centralWidget->m_detailsLoader->DeleteAfterLoading(this);
         DisconnectVdb();
         return true;
     }
     return VenueDbDialogBase::event(event);
-}
-
-bool VenueDbDialog::eventFilter(QObject* watched, QEvent* event)
-{
-    // Quitting closes the windows first, and one that ignores its close event calls it off.
-    if (watched == qApp && event->type() == QEvent::Quit)
-        HideAllWindows();
-    return VenueDbDialogBase::eventFilter(watched, event);
-}
-
-void VenueDbDialog::HideAllWindows()
-{
-    const QList<QDialog*> dialogs = findChildren<QDialog*>();
-    for (QDialog* dialog : dialogs)
-        dialog->hide();
-    hide();
 }
 
 } // namespace korvel::Ui::VenueDatabase

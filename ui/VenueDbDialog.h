@@ -74,12 +74,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     /// Puts off deleteLater() until the details of a row have been loaded, and ends that load.
     bool event(QEvent* event) override;
-    /// Watches the application: all windows of the module hide before it quits, so that none calls it off.
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void ConnectSignals();
-    void HideAllWindows();
 
     Data::VenueDatabase::Connector_Interface* m_connector = nullptr;
     QString m_connectionParameters;

@@ -2,15 +2,20 @@
 
 #include <ui/CustomStyle_p.h>
 #include <ui/VenueDbSignalHandler.h>
+#include <ui/WindowSize_p.h>
 
+#include <QApplication>
+#include <QCloseEvent>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QSizePolicy>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace korvel::Ui::VenueDatabase {
@@ -19,8 +24,7 @@ namespace {
 
 QPushButton* CreateFooterButton(const QString& text, QWidget* parent)
 {
-    auto* button = new QPushButton(text, parent);
-    SetCustomStyle(button, QLatin1String("buttonKorvelDefault"));
+    QPushButton* button = CreateButton(text, parent);
     button->setMinimumWidth(90);
     button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
     return button;
@@ -34,6 +38,7 @@ VenueDbDialogBase::VenueDbDialogBase(QWidget* parent)
 {
     SetupBaseUi();
     ConnectBaseSignals();
+    qApp->installEventFilter(this);
 }
 
 VenueDbDialogBase::~VenueDbDialogBase() = default;
@@ -71,6 +76,39 @@ void VenueDbDialogBase::keyPressEvent(QKeyEvent* event)
         return;
     }
     QDialog::keyPressEvent(event);
+}
+
+bool VenueDbDialogBase::eventFilter(QObject* watched, QEvent* event)
+{
+    // Quitting closes the windows first, and a window that ignores its close event calls it off.
+    if (watched == qApp && event->type() == QEvent::Quit) {
+        const QList<QDialog*> dialogs = findChildren<QDialog*>();
+        for (QDialog* dialog : dialogs)
+            dialog->hide();
+        hide();
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void VenueDbDialogBase::ShowInTheMiddleOf(const QScreen* screen)
+{
+    if (isMinimized() || isMaximized())
+        setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
+    resize(c_windowSize);
+    if (const QScreen* target = screen ? screen : QGuiApplication::primaryScreen()) {
+        setGeometry(
+            QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size(), target->availableGeometry()));
+    }
+    show();
+    raise();
+    showNormal();
+    activateWindow();
+}
+
+void VenueDbDialogBase::HideInsteadOfClosing(QCloseEvent* event)
+{
+    hide();
+    event->ignore();
 }
 
 void VenueDbDialogBase::ConnectBaseSignals()

@@ -5,10 +5,12 @@
 #include <QDialog>
 #include <QString>
 
+class QCloseEvent;
 class QFrame;
 class QKeyEvent;
 class QLabel;
 class QPushButton;
+class QScreen;
 class QShortcut;
 class QVBoxLayout;
 
@@ -65,8 +67,18 @@ protected:
     /// QDialog's. The dialog may be deleted in answer to the signal.
     void keyPressEvent(QKeyEvent* event) override;
 
+    /// Watches the application: the dialog and all dialogs below it hide before it quits, so that none that
+    /// only hides when it is closed calls the quit off.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     /// Wires buttons, shortcut and signal hub; called once, by the constructor.
     void ConnectBaseSignals();
+
+    /// Shows the dialog as a normal window of 1062 x 768 in the middle of the work area of \p screen (null:
+    /// the primary one), whatever size and state it had.
+    void ShowInTheMiddleOf(const QScreen* screen);
+    /// What the module's windows do when they are closed: hides the dialog and ignores \p event.
+    void HideInsteadOfClosing(QCloseEvent* event);
 
 private:
     void SetupBaseUi();

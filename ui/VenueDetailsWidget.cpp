@@ -3,9 +3,10 @@
 #include <data/Venue.h>
 #include <ui/CustomStyle_p.h>
 #include <ui/FoldingIcon_p.h>
+#include <ui/NameToolTips_p.h>
 #include <ui/PictureSlider.h>
 #include <ui/TsFileOpener.h>
-#include <ui/text/ShownText_p.h>
+#include <ui/text/ReadOnlyText_p.h>
 
 #include <QEvent>
 #include <QFrame>
@@ -13,13 +14,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QSizePolicy>
 #include <QSpacerItem>
-#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextEdit>
-#include <QTextOption>
 #include <QVBoxLayout>
 
 namespace korvel::Ui::VenueDatabase {
@@ -42,16 +40,6 @@ constexpr int c_labelFieldSpacing = 6;
 constexpr int c_textEditHeight = 54;
 constexpr int c_bottomMargin = 4;
 
-QFrame* CreateSeparator(QWidget* parent)
-{
-    auto* separator = new QFrame(parent);
-    separator->setFrameShape(QFrame::HLine);
-    separator->setFixedHeight(1);
-    separator->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    SetCustomStyle(separator, QLatin1String("lineKorvelDark"));
-    return separator;
-}
-
 QSpacerItem* CreateColumnGap()
 {
     return new QSpacerItem(c_columnGap, 0, QSizePolicy::Minimum, QSizePolicy::Expanding);
@@ -65,47 +53,6 @@ QVBoxLayout* CreateBottomColumnLayout(QWidget* column)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(3);
     return layout;
-}
-
-/// Shows the beginning of \p text, where Qt would show the end of one that is too long for the field.
-void ShowText(QLineEdit* lineEdit, const QString& text)
-{
-    lineEdit->setText(WithinScreen(text));
-    lineEdit->setCursorPosition(0);
-}
-
-/// Whether \p text has a word of more characters than any word has.
-bool HasEndlessWord(const QString& text)
-{
-    constexpr qsizetype c_longestWord = 1000;
-    qsizetype length = 0;
-    for (const QChar character : text) {
-        length = character.isSpace() ? 0 : length + 1;
-        if (length > c_longestWord)
-            return true;
-    }
-    return false;
-}
-
-void ShowText(QTextEdit* textEdit, const QString& wholeText)
-{
-    const QString text = WithinReason(wholeText);
-    // For each line of a word that does not fit into one Qt looks for the end of the word again, which takes
-    // minutes for a megabyte without a blank. The old text goes first: the mode lays it out once more.
-    textEdit->clear();
-    textEdit->setWordWrapMode(HasEndlessWord(text) ? QTextOption::WrapAnywhere
-                                                   : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    textEdit->setPlainText(text);
-}
-
-void ClearSelection(QTextEdit* textEdit)
-{
-    // Handing the cursor back scrolls to it, that is to the end of the text.
-    const int scrollPosition = textEdit->verticalScrollBar()->value();
-    QTextCursor cursor = textEdit->textCursor();
-    cursor.clearSelection();
-    textEdit->setTextCursor(cursor);
-    textEdit->verticalScrollBar()->setValue(scrollPosition);
 }
 
 } // namespace
@@ -227,7 +174,7 @@ void VenueDetailsWidget::SetupUi()
     m_body->setWidgetResizable(true);
     SetCustomStyle(m_body, QLatin1String("scrollAreaKorvelDefault"));
     m_body->setFrameShape(QFrame::NoFrame);
-    // Its fields have the focus, and it scrolls to them; its own would show nowhere.
+    // The fields get the focus, and the area scrolls to them. A focus of its own would not be seen.
     m_body->setFocusPolicy(Qt::NoFocus);
     m_body->setMaximumHeight(c_bodyHeight);
     m_body->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -261,12 +208,11 @@ QWidget* VenueDetailsWidget::CreateCaptionBar()
     connect(m_foldIcon, &FoldingIcon::ToggleRequested, this, [this] { SetCollapsed(!m_isCollapsed); });
     layout->addWidget(m_foldIcon);
 
-    auto* caption = new QLabel(tr("Venue details"), this);
-    SetCustomStyle(caption, QLatin1String("labelKorvelSectionCaptionDark"));
+    QLabel* caption = CreateLabel(tr("Venue details"), QLatin1String("labelKorvelSectionCaptionDark"), this);
     caption->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
+    // The collapsed panel gets the height that the bar asks for. Font and icon must not make it less.
+    caption->setMinimumHeight(c_captionBarHeight);
     layout->addWidget(caption);
-    // The collapsed panel is as high as the bar would like to be: that must not depend on font and icon.
-    layout->addStrut(c_captionBarHeight);
 
     bar->setFixedHeight(c_captionBarHeight);
     return bar;
@@ -338,12 +284,8 @@ void VenueDetailsWidget::SetupBottomUi(QBoxLayout* layout)
 
 void VenueDetailsWidget::SetupTooltips()
 {
-    m_complexNameLineEdit->setToolTip(tr(
-        "Name of overall multi-venue building or campus (identical to Venue name if there is only one event "
-        "venue in the building/on the campus)."));
-    m_venueRoomNameLineEdit->setToolTip(tr(
-        "Name of the specific venue/room within the multi-venue building/campus (identical to Complex name "
-        "if there is only one venue in the building)."));
+    m_complexNameLineEdit->setToolTip(NameToolTips::ComplexName());
+    m_venueRoomNameLineEdit->setToolTip(NameToolTips::VenueRoomName());
     m_addressTextEdit->setToolTip(tr("Official address of venue."));
     m_locationCommentTextEdit->setToolTip(tr(
         "Anything that is important to know when accessing the venue, such as \"try to arrive before 9am to "
@@ -391,8 +333,8 @@ void VenueDetailsWidget::SetupReadonlyTextEditWithLabel(QBoxLayout* layout, int 
 
 QLabel* VenueDetailsWidget::CreateFieldLabel(int labelIndex)
 {
-    auto* label = new QLabel(Venue::GetLabelAt(labelIndex, false) + QLatin1Char(':'), this);
-    SetCustomStyle(label, QLatin1String("labelKorvelLight"));
+    QLabel* label = CreateLabel(Venue::GetLabelAt(labelIndex, false) + QLatin1Char(':'),
+                                QLatin1String("labelKorvelLight"), this);
     label->setMinimumWidth(c_labelMinimumWidth);
     return label;
 }
@@ -401,7 +343,7 @@ void VenueDetailsWidget::AddFieldRow(QBoxLayout* layout, QLabel* label, QWidget*
 {
     label->setBuddy(field);
     auto* row = new QHBoxLayout;
-    // Not that of the column around it: the fields of both blocks stand in line.
+    // The columns have different spacings. The fields of all rows must stand in line.
     row->setSpacing(c_labelFieldSpacing);
     layout->addLayout(row);
     row->addWidget(label);

@@ -1,12 +1,11 @@
 #include <ui/VenueDbCentralWidget.h>
 
-#include <ui/VenueSortKeys_p.h>
+#include <ui/table/VenueSortKeys_p.h>
 
 #include <QDateTime>
 #include <QVariant>
 
 #include <optional>
-#include <typeinfo>
 
 namespace korvel::Ui::VenueDatabase {
 
@@ -16,10 +15,9 @@ namespace {
 /// as for any other model. Nothing for other models and columns.
 std::optional<bool> LessInVenueTable(const QModelIndex& left, const QModelIndex& right)
 {
-    const QAbstractItemModel* model = left.model();
-    if (!model || typeid(*model) != typeid(VenueTableModel) || left.column() != right.column())
+    if (left.column() != right.column())
         return {};
-    const VenueSortKeys* keys = static_cast<const VenueTableModel*>(model)->GetSortKeys(left.column());
+    const VenueSortKeys* keys = VenueSortKeys::Of(left.model(), left.column());
     // Deliberate: the operands are swapped, so that an ascending sort lists the newest edit first.
     return keys ? std::optional(keys->IsEarlier(right.row(), left.row())) : std::nullopt;
 }
@@ -41,8 +39,8 @@ bool VenueDbCentralWidget::VenueSortFilterProxyModel::lessThan(const QModelIndex
 
     const QVariant leftValue = sourceModel()->data(left, Qt::DisplayRole);
     const QVariant rightValue = sourceModel()->data(right, Qt::DisplayRole);
-    // Deliberate: texts can be converted too, and most give invalid date-times, none less than the other.
-    // Text columns therefore keep the order that they are in.
+    // Deliberate: Qt says that texts can be converted as well. Most of them become invalid date-times, which
+    // all compare as equal, so a text column keeps the order that it is in.
     if (leftValue.canConvert<QDateTime>() && rightValue.canConvert<QDateTime>()) {
         // Deliberate: the operands are swapped, so that an ascending sort lists the newest edit first.
         return rightValue.toDateTime() < leftValue.toDateTime();

@@ -1,6 +1,6 @@
 #include <ui/VenueTableModel.h>
 
-#include <ui/VenueSortKeys_p.h>
+#include <ui/table/VenueSortKeys_p.h>
 
 namespace korvel::Ui::VenueDatabase {
 

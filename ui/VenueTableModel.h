@@ -41,10 +41,6 @@ public:
     /// venue as it is.
     void GetSingleVenueData(const QModelIndex& index, Data::VenueDatabase::Venue* venue) const;
 
-    /// What \p column is sorted by, for the module's own use: made at the first call after SetVenueData() or
-    /// for another column, valid until the next such call. Null for columns that are not sorted by dates.
-    const VenueSortKeys* GetSortKeys(int column) const;
-
     /// The number of venues; 0 below a row.
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     /// 6, also for an empty list; 0 below a row.
@@ -56,10 +52,15 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
+    friend class VenueSortKeys;
+
     bool HasRow(int row) const;
+    /// What \p column is sorted by: made at the first call after SetVenueData() or for another column, valid
+    /// until the next such call. Null for columns that are not sorted by dates.
+    const VenueSortKeys* GetSortKeys(int column) const;
 
     QList<Data::VenueDatabase::Venue> m_venues;
-    /// Of the column that was sorted last.
+    /// The keys of the column that was sorted last; null before the first sort.
     mutable std::unique_ptr<VenueSortKeys> m_sortKeys;
 };
 

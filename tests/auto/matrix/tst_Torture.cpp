@@ -291,6 +291,8 @@ private:
     std::unique_ptr<TurnCounter> m_turns;
     std::unique_ptr<BoxAnswerer> m_answerer;
     std::unique_ptr<HangGuard> m_hangGuard;
+    /// How many selections of rows are on the stack.
+    int m_selections = 0;
     QTemporaryDir m_folder;
     QPointer<VenueDbDialog> m_dialog;
 
@@ -357,10 +359,19 @@ private:
         if (CanBeClicked(Button(QStringLiteral("Search"))))
             Click(Button(QStringLiteral("Search")));
     }
+    /// Details load while Qt's view code selects a row, and at no other time.
+    template <typename Select> void Selecting(Select select)
+    {
+        ++m_selections;
+        select();
+        --m_selections;
+    }
     void StepClickRow()
     {
         if (Rows() > 2 && CanBeClicked(Table()))
-            Click(Table()->viewport(), Table()->visualRect(Table()->model()->index(2, 1)).center());
+            Selecting([this] {
+                Click(Table()->viewport(), Table()->visualRect(Table()->model()->index(2, 1)).center());
+            });
     }
     void StepFullScreen()
     {
@@ -511,7 +522,7 @@ bool tst_Torture::Do(Deed deed)
     if (!m_dialog)
         return false;
     // The one moment at which hosts are told not to.
-    if (deed == Deed::Delete && Panel()->IsLoadingDetails())
+    if (deed == Deed::Delete && m_selections > 0)
         return false;
 
     m_hasActed = true;
@@ -549,7 +560,7 @@ bool tst_Torture::Do(Deed deed)
     case Deed::SelectAnotherRow:
         if (Rows() == 0)
             return false;
-        Table()->selectRow((Table()->currentIndex().row() + 1) % Rows());
+        Selecting([this] { Table()->selectRow((Table()->currentIndex().row() + 1) % Rows()); });
         break;
     case Deed::SayLoaded:
         m_dialog->SetVenueLoaded(true);
@@ -662,7 +673,6 @@ void tst_Torture::VerifyAftermath(const Outcome& outcome, const QList<Injection>
 
     if (m_dialog) {
         // Nothing is locked or says that it is busy.
-        QVERIFY(!Panel()->IsLoadingDetails());
         QVERIFY(Details()->isEnabled());
         QVERIFY(Panel()->cursor().shape() != Qt::WaitCursor);
         const auto labels = m_dialog->findChildren<QLabel*>();
@@ -889,7 +899,7 @@ void tst_Torture::EveryWaitForASilentServerEnds()
             isDone = true;
             // What is asked from now on is answered again.
             m_server.ClearFaults();
-            const bool isForbidden = deed == Deed::Delete && Panel()->IsLoadingDetails();
+            const bool isForbidden = deed == Deed::Delete && m_selections > 0;
             Do(isForbidden ? Deed::DeleteLater : deed);
         };
         const Outcome outcome = Run(Scenarios().at(scenario), {}, what, [&]() {

@@ -355,7 +355,6 @@ private Q_SLOTS:
         ClickRow(2);
         QVERIFY(elapsed.elapsed() < c_promptly);
         if (survives) {
-            QVERIFY(!Panel()->IsLoadingDetails());
             QVERIFY(Details()->isEnabled());
         } else {
             QTRY_VERIFY_WITH_TIMEOUT(!m_dialog, c_promptly);

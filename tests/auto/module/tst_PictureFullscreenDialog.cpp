@@ -34,6 +34,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <limits>
 #include <memory>
 
 using korvel::Data::VenueDatabase::DownloadManager;
@@ -229,6 +230,19 @@ private Q_SLOTS:
                  QStringLiteral("labelKorvelCaptionSmall"));
     }
 
+    void HasItsOwnSignalAndSlots()
+    {
+        const QMetaObject& meta = PictureFullscreenDialog::staticMetaObject;
+        QByteArrayList signatures;
+        for (int index = meta.methodOffset(); index < meta.methodCount(); ++index)
+            signatures.append(meta.method(index).methodSignature());
+        QCOMPARE(signatures,
+                 QByteArrayList({"FitViewAfterOpen()", "OnPictureBinaryDataFinished(QUrl,QByteArray)",
+                                 "OnPictureBinaryDataRequestFailed(QUrl,QString)",
+                                 "OnContextMenuRequested(QPoint)", "OnCloseWindowRequested()",
+                                 "OnSaveImageAs()", "OnPictureNavigationRequested(int)"}));
+    }
+
     void OwnsSceneAndDownloader()
     {
         auto dialog = std::make_unique<PictureFullscreenDialog>();
@@ -337,7 +351,10 @@ private Q_SLOTS:
         PictureFullscreenDialog dialog;
         QList<Picture> pictures = CompletePictures(count);
         dialog.SetPictures(&pictures);
-        dialog.ShowPictureAt(start);
+        dialog.SetPicturesIndex(0);
+        for (int left = start; left > 0; left -= std::numeric_limits<short>::max())
+            dialog.ModifyPicturesIndex(
+                static_cast<short>(qMin<int>(left, std::numeric_limits<short>::max())));
         dialog.ModifyPicturesIndex(static_cast<short>(delta));
         QCOMPARE(Caption(dialog)->text(), position + QStringLiteral(" Hall"));
     }

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QHeaderView>
 #include <QJsonArray>
@@ -284,9 +285,11 @@ private Q_SLOTS:
 
         QJsonArray sources;
         for (const char* part : {"data", "ui"}) {
-            const QDir dir(QStringLiteral(VDB_SOURCE_DIR "/") + QString::fromLatin1(part));
-            for (const QString& name : dir.entryList({QStringLiteral("*.h"), QStringLiteral("*.cpp")}))
-                sources.append(dir.filePath(name));
+            QDirIterator files(QStringLiteral(VDB_SOURCE_DIR "/") + QString::fromLatin1(part),
+                               {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                               QDirIterator::Subdirectories);
+            while (files.hasNext())
+                sources.append(files.next());
         }
         QVERIFY(sources.size() > 40);
         const QJsonObject project{

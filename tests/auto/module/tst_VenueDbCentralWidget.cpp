@@ -335,7 +335,7 @@ private Q_SLOTS:
         shortLived.reset();
         panel.table->selectRow(1);
         QVERIFY(!panel.details->isHidden());
-        QVERIFY(!panel.widget->IsLoadingDetails());
+        QVERIFY(panel.details->isEnabled());
     }
 
     // --- search
@@ -726,7 +726,6 @@ private Q_SLOTS:
                 QCOMPARE(panel.statusLabel.text(), QStringLiteral("Loading..."));
                 QCOMPARE(panel.widget->cursor().shape(), Qt::WaitCursor);
                 QVERIFY(!panel.details->isEnabled());
-                QVERIFY(panel.widget->IsLoadingDetails());
             }();
             return QList<Picture>();
         };
@@ -751,7 +750,6 @@ private Q_SLOTS:
         QCOMPARE(panel.details->maximumHeight(), 516);
         QCOMPARE(panel.statusLabel.text(), QString());
         QVERIFY(panel.details->isEnabled());
-        QVERIFY(!panel.widget->IsLoadingDetails());
     }
 
     void SortedTableLoadsTheVenueOfTheRow()
@@ -1034,22 +1032,6 @@ private Q_SLOTS:
         panel.table->selectRow(0);
         QVERIFY(!panel.details->isHidden());
         QVERIFY(panel.details->isEnabled());
-    }
-
-    void DeletionAfterLoadingWaitsForTheLoad()
-    {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
-        QPointer<QObject> object = new QObject;
-        m_stub.onGetPictures = [&](qint64) {
-            panel.widget->DeleteAfterLoading(object);
-            QCoreApplication::sendPostedEvents();
-            return QList<Picture>();
-        };
-        panel.table->selectRow(0);
-        QVERIFY(object);
-        QTRY_VERIFY(!object);
     }
 
     // --- layout

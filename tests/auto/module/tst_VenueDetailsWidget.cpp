@@ -462,6 +462,8 @@ private Q_SLOTS:
         QCOMPARE(panel.layout()->spacing(), 0);
         QCOMPARE(CaptionBar(panel)->minimumHeight(), 34);
         QCOMPARE(CaptionBar(panel)->maximumHeight(), 34);
+        // The icon and the caption, and nothing else.
+        QCOMPARE(CaptionBar(panel)->layout()->count(), 2);
         QCOMPARE(Label(panel, QStringLiteral("Venue details"))->sizePolicy(),
                  QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum));
 

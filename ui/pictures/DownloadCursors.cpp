@@ -1,4 +1,4 @@
-#include <ui/DownloadCursors_p.h>
+#include <ui/pictures/DownloadCursors_p.h>
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include <ui/PictureItem_p.h>
+#include <ui/pictures/PictureItem_p.h>
 
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
@@ -39,7 +39,7 @@ const QPixmap& PictureItem::CopyFor(qreal scale)
             m_smallerCopies.push_back(larger.scaled((larger.width() + 1) / 2, (larger.height() + 1) / 2,
                                                     Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         }
-        // A view without an area shows all of it in no pixel.
+        // A view of no size has the scale 0: the last copy, of one pixel, ends the search.
         if (scale > c_halfSize * c_halfSize || m_smallerCopies[index].size() == QSize(1, 1))
             return m_smallerCopies[index];
     }

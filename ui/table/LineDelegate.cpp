@@ -1,4 +1,4 @@
-#include <ui/text/LineDelegate_p.h>
+#include <ui/table/LineDelegate_p.h>
 
 #include <ui/text/ShownText_p.h>
 

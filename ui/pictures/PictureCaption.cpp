@@ -1,4 +1,4 @@
-#include <ui/PictureCaption_p.h>
+#include <ui/pictures/PictureCaption_p.h>
 
 #include <QString>
 
@@ -7,8 +7,13 @@ namespace korvel::Ui::VenueDatabase {
 QString PictureCaption(qsizetype index, qsizetype count, const QString& description)
 {
     if (count == 0)
-        return QStringLiteral("-/0");
+        return CaptionWithoutPictures();
     return QStringLiteral("%1/%2 ").arg(index + 1).arg(count).append(description);
+}
+
+QString CaptionWithoutPictures()
+{
+    return QStringLiteral("-/0");
 }
 
 } // namespace korvel::Ui::VenueDatabase

@@ -1,4 +1,4 @@
-#include <ui/PictureDecoder_p.h>
+#include <ui/pictures/PictureDecoder_p.h>
 
 #include <QBuffer>
 #include <QByteArray>

@@ -1,6 +1,9 @@
-#include <ui/VenueSortKeys_p.h>
+#include <ui/table/VenueSortKeys_p.h>
+
+#include <ui/VenueTableModel.h>
 
 #include <limits>
+#include <typeinfo>
 
 namespace korvel::Ui::VenueDatabase {
 
@@ -40,6 +43,14 @@ constexpr int c_firstTextColumn = 1;
 constexpr int c_dateColumn = 5;
 
 } // namespace
+
+const VenueSortKeys* VenueSortKeys::Of(const QAbstractItemModel* model, int column)
+{
+    // A derived model may show other data.
+    if (!model || typeid(*model) != typeid(VenueTableModel))
+        return nullptr;
+    return static_cast<const VenueTableModel*>(model)->GetSortKeys(column);
+}
 
 bool VenueSortKeys::HasKeys(int column)
 {

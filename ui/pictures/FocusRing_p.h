@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QtGlobal>
-
 class QFocusEvent;
 class QPainter;
 class QPointF;
@@ -12,8 +10,8 @@ namespace korvel::Ui::VenueDatabase {
 /// come by the mouse is shown. \p shownBefore is kept where merely the window or a menu came in between.
 bool ShowsFocusAfter(const QFocusEvent& event, bool shownBefore);
 
-/// Draws the ring of \p radius pixels that shows the focus of a round button: white with dark edges, to be
-/// seen on any picture.
-void PaintFocusRing(QPainter& painter, const QPointF& center, qreal radius);
+/// Draws the ring that shows the focus of a round button of 24 pixels: white with dark edges, to be seen on
+/// any picture.
+void PaintFocusRing(QPainter& painter, const QPointF& center);
 
 } // namespace korvel::Ui::VenueDatabase

@@ -10,4 +10,7 @@ namespace korvel::Ui::VenueDatabase {
 /// pictures.
 QString PictureCaption(qsizetype index, qsizetype count, const QString& description);
 
+/// The caption where there is no picture: "-/0".
+QString CaptionWithoutPictures();
+
 } // namespace korvel::Ui::VenueDatabase

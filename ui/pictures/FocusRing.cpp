@@ -1,4 +1,4 @@
-#include <ui/FocusRing_p.h>
+#include <ui/pictures/FocusRing_p.h>
 
 #include <QFocusEvent>
 #include <QPainter>
@@ -6,6 +6,12 @@
 #include <QPointF>
 
 namespace korvel::Ui::VenueDatabase {
+
+namespace {
+
+constexpr qreal c_ringRadius = 14.0;
+
+} // namespace
 
 bool ShowsFocusAfter(const QFocusEvent& event, bool shownBefore)
 {
@@ -20,14 +26,14 @@ bool ShowsFocusAfter(const QFocusEvent& event, bool shownBefore)
     }
 }
 
-void PaintFocusRing(QPainter& painter, const QPointF& center, qreal radius)
+void PaintFocusRing(QPainter& painter, const QPointF& center)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     for (const QPen& pen : {QPen(Qt::black, 4.0), QPen(Qt::white, 2.0)}) {
         painter.setPen(pen);
-        painter.drawEllipse(center, radius, radius);
+        painter.drawEllipse(center, c_ringRadius, c_ringRadius);
     }
     painter.restore();
 }

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class QAbstractItemModel;
+
 namespace korvel::Ui::VenueDatabase {
 
 /// What one column of the venue table is sorted by, row by row: the date that a cell holds or that its text
@@ -17,6 +19,11 @@ namespace korvel::Ui::VenueDatabase {
 class VenueSortKeys
 {
 public:
+    /// The keys by which \p model sorts \p column, valid until its data change or another column is asked
+    /// for. Null where \p model is not a VenueTableModel, or is a class derived from it, and for columns that
+    /// are not sorted by dates.
+    static const VenueSortKeys* Of(const QAbstractItemModel* model, int column);
+
     /// True for the columns whose cells are dates or texts. The id is neither.
     static bool HasKeys(int column);
 
