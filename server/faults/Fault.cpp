@@ -78,6 +78,12 @@ Fault& Fault::WithRedirect(const QByteArray& url, int status)
     return WithBody(QByteArray()).WithHeader("Location", url);
 }
 
+Fault& Fault::WithEarlyAnswer(const QByteArray& bytes)
+{
+    m_effect.earlyAnswer = bytes;
+    return *this;
+}
+
 Fault& Fault::WithDelay(int milliseconds)
 {
     m_effect.delay = milliseconds;

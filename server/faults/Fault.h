@@ -45,6 +45,9 @@ public:
     /// Sends the client to \p url (status 301, 302, 303, 307 or 308).
     Fault& WithRedirect(const QByteArray& url, int status = 302);
 
+    /// Sends \p bytes, header and all, before the answer, which follows on the same connection.
+    Fault& WithEarlyAnswer(const QByteArray& bytes);
+
     /// Waits before anything is sent.
     Fault& WithDelay(int milliseconds);
     /// Reads the request and never answers, until the client or the server ends.
@@ -80,6 +83,7 @@ public:
         std::optional<QByteArray> body;
         std::optional<QByteArray> mediaType;
         std::optional<QByteArray> rawAnswer;
+        QByteArray earlyAnswer;
         QByteArray secondMediaType;
         QList<std::pair<QByteArray, QByteArray>> headers;
         bool noMediaType = false;

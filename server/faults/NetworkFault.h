@@ -2,6 +2,7 @@
 
 #include <server/faults/CertificateKind.h>
 
+#include <QByteArray>
 #include <QString>
 
 namespace korvel::Demo {
@@ -26,6 +27,7 @@ struct NetworkFault
     Kind kind = Kind::RefuseConnection;
     qint64 value = 0;
     CertificateKind certificate = CertificateKind::Good;
+    QByteArray challenge = "Basic realm=\"venues\""; ///< what an AnswerConnect of 407 asks for
     /// Host of the connections concerned; empty: every host. Direct connections to the HTTPS port are those
     /// to "localhost", and only the kinds from BadCertificate on and RefuseConnection apply to them.
     QString host;

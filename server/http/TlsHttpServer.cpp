@@ -210,6 +210,7 @@ void TlsHttpServer::Handle(const httplib::Request& request, httplib::Response& r
         stream.FailWrites();
         return;
     }
+    stream.write(effect.earlyAnswer.constData(), static_cast<size_t>(effect.earlyAnswer.size()));
     Answer answer;
     if (effect.status.has_value() && !effect.body.has_value()) {
         answer.mediaType = JsonApiDocument::c_mediaType;

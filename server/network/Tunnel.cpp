@@ -144,7 +144,7 @@ void Tunnel::AnswerConnect(int status, const QByteArray& reason)
     }
     QByteArray answer = "HTTP/1.1 " + QByteArray::number(status) + ' ' + reason + "\r\n";
     if (status == 407) {
-        answer += "Proxy-Authenticate: Basic realm=\"venues\"\r\n";
+        answer += "Proxy-Authenticate: " + FindFault(NetworkFault::Kind::AnswerConnect)->challenge + "\r\n";
     }
     m_client->write(answer + "Content-Length: 0\r\nConnection: close\r\n\r\n");
     m_client->disconnectFromHost();
