@@ -3,9 +3,9 @@
 #include <data/CountryCodeTranslator.h>
 #include <data/IncludedReader_p.h>
 #include <data/Logging_p.h>
+#include <data/RenewingNetworkManager_p.h>
 #include <data/ReplyReleaser_p.h>
 #include <data/RequestTracer_p.h>
-#include <data/RequestUrl_p.h>
 #include <data/ServerQuery_p.h>
 #include <data/VenueReader_p.h>
 
@@ -13,7 +13,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QPointer>
@@ -41,7 +40,7 @@ bool IsJsonApi(const QNetworkReply& reply)
 
 QNetworkReply* SendUrlRequest(QNetworkAccessManager& manager, const QUrl& wanted)
 {
-    QNetworkReply* const reply = manager.get(QNetworkRequest(RequestUrl(wanted)));
+    QNetworkReply* const reply = manager.get(ServerRequest(wanted));
     RequestTracer::Follow(QLatin1String("Request"), wanted, reply);
     return reply;
 }
@@ -76,7 +75,7 @@ ConnectorJsonRest::ConnectorJsonRest(QObject* parent)
     : QObject(parent)
     // Deliberate: nobody ever deletes it. It is small, and a connector has only one.
     , m_countryCodeTranslator(new CountryCodeTranslator)
-    , m_networkAccessManager(new QNetworkAccessManager(this))
+    , m_networkAccessManager(new RenewingNetworkManager(this))
 {
 }
 
@@ -100,7 +99,7 @@ QNetworkReply* ConnectorJsonRest::SendGetJsonRequest(const QString& path,
                                                      const QList<std::pair<QString, QString>>& query) const
 {
     const QUrl wanted = ServerUrl(path, query);
-    QNetworkReply* const reply = m_networkAccessManager->get(QNetworkRequest(RequestUrl(wanted)));
+    QNetworkReply* const reply = m_networkAccessManager->get(ServerRequest(wanted));
     // Which of the queries it is; their other values may be what the user typed.
     RequestTracer::Follow(QLatin1String("Server request"), wanted, reply,
                           {QLatin1String("include"), QLatin1String("filter[entity_id]")});
@@ -154,6 +153,10 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
     // A body that was cut short or an error page can carry the right media type; only the error tells.
     if (reply->error() != QNetworkReply::NoError)
         return WrongContentType;
+    if (!RenewingNetworkManager::IsAnswer(*reply)) {
+        RequestTracer::NoteUnusable(*reply, NotAnAnswerReason());
+        return WrongContentType;
+    }
     if (!IsJsonApi(*reply)) {
         RequestTracer::NoteUnusable(*reply, NotJsonApiReason(ContentType(*reply)));
         return WrongContentType;
@@ -211,10 +214,13 @@ QByteArray ConnectorJsonRest::GetPictureBinaryData(const QString& url)
     }
     const QByteArray body = reply->readAll();
     const QString contentType = ContentType(*reply);
+    const bool isAnswer = RenewingNetworkManager::IsAnswer(*reply);
     // Deliberate: the media type alone decides. An error page that is an image counts as one.
-    const bool isImage = contentType.startsWith(QLatin1String("image"));
+    const bool isImage = isAnswer && contentType.startsWith(QLatin1String("image"));
     if (reply->error() != QNetworkReply::NoError)
         LogFailedRequest(what, wanted, *reply);
+    else if (!isAnswer)
+        LogFailedRequest(what, wanted, *reply, NotAnAnswerReason());
     else if (!isImage)
         LogFailedRequest(what, wanted, *reply, NotAnImageReason(contentType));
     return isImage ? body : QByteArray();
@@ -229,10 +235,13 @@ QByteArray ConnectorJsonRest::GetBinaryData(const QString& path)
         reply.LogTimeout(what, url, c_timeout);
         return {};
     }
-    // Deliberate: whatever came is the file, an error page too. The host judges what it imports.
+    const bool isAnswer = RenewingNetworkManager::IsAnswer(*reply);
     if (reply->error() != QNetworkReply::NoError)
         LogFailedRequest(what, url, *reply);
-    return reply->readAll();
+    else if (!isAnswer)
+        LogFailedRequest(what, url, *reply, NotAnAnswerReason());
+    // Deliberate: whatever came is the file, an error page too. The host judges what it imports.
+    return isAnswer ? reply->readAll() : QByteArray();
 }
 
 QList<TsFile> ConnectorJsonRest::GetTSFileEntries(qint64 venueId)
@@ -270,6 +279,10 @@ bool ConnectorJsonRest::QueryIncluded(QLatin1String what, const QString& include
     const QByteArray body = reply->readAll();
     if (reply->error() != QNetworkReply::NoError) {
         LogFailedRequest(what, url, *reply);
+        return false;
+    }
+    if (!RenewingNetworkManager::IsAnswer(*reply)) {
+        LogFailedRequest(what, url, *reply, NotAnAnswerReason());
         return false;
     }
     if (!IsJsonApi(*reply)) {

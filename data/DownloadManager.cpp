@@ -1,18 +1,19 @@
 #include <data/DownloadManager.h>
 
 #include <data/Logging_p.h>
+#include <data/RenewingNetworkManager_p.h>
 #include <data/RequestTracer_p.h>
 #include <data/RequestUrl_p.h>
 
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QPointer>
 
 namespace korvel::Data::VenueDatabase {
 
 DownloadManager::DownloadManager(QObject* parent)
     : QObject(parent)
-    , m_networkAccessManager(new QNetworkAccessManager(this))
+    , m_networkAccessManager(new RenewingNetworkManager(this))
 {
 }
 
@@ -39,15 +40,25 @@ void DownloadManager::RequestPictureBinaryData(const QUrl& url)
 void DownloadManager::OnPictureBinaryDataResponse(QUrl url, QNetworkReply* reply)
 {
     const QString contentType = reply->header(QNetworkRequest::ContentTypeHeader).toString();
-    const bool isImage = contentType.startsWith(QLatin1String("image"));
+    const bool isAnswer = RenewingNetworkManager::IsAnswer(*reply);
+    const bool isImage = isAnswer && contentType.startsWith(QLatin1String("image"));
     // The reply lives as long as this manager, so its body must not: read also what is not wanted.
     const QByteArray body = reply->readAll();
 
-    if (reply->error() != QNetworkReply::NoError)
+    const bool hasError = reply->error() != QNetworkReply::NoError;
+    if (hasError)
         LogFailedRequest(QLatin1String("Picture download"), url, *reply);
+    else if (!isAnswer)
+        LogFailedRequest(QLatin1String("Picture download"), url, *reply, NotAnAnswerReason());
     else if (!isImage)
         LogFailedRequest(QLatin1String("Picture download"), url, *reply, NotAnImageReason(contentType));
 
+    const QPointer<DownloadManager> self(this);
+    // Qt reports no error here, but it is one like those that it reports.
+    if (!isAnswer && !hasError)
+        Q_EMIT RequestFailed(url, QStringLiteral("Request failed!"));
+    if (!self)
+        return;
     if (isImage)
         Q_EMIT PictureBinaryDataFinished(url, body);
     else

@@ -73,6 +73,11 @@ QString NotJsonApiReason(const QString& contentType)
     return QStringLiteral("the reply is not JSON:API but \"%1\"").arg(contentType);
 }
 
+QString NotAnAnswerReason()
+{
+    return QStringLiteral("a provisional answer came; what follows it may be meant for another request");
+}
+
 QString NotAnImageReason(const QString& contentType)
 {
     return QStringLiteral("the reply is not an image but \"%1\"").arg(contentType);

@@ -1,5 +1,7 @@
 #include <data/ServerQuery_p.h>
 
+#include <data/RequestUrl_p.h>
+
 #include <QUrlQuery>
 
 namespace korvel::Data::VenueDatabase {
@@ -16,6 +18,15 @@ QUrl ServerUrl(const QString& path, const QueryPairs& query)
         url.setQuery(urlQuery);
     url.setPath(path, QUrl::TolerantMode);
     return url;
+}
+
+QNetworkRequest ServerRequest(const QUrl& url)
+{
+    QNetworkRequest request(RequestUrl(url));
+    // With one request at a time HTTP/2 gains nothing. Qt 6.4 loses requests there: after the server's
+    // GOAWAY, and on connections that have gone silent.
+    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+    return request;
 }
 
 QueryPairs SearchQuery(const QueryPairs& filters)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QNetworkRequest>
 #include <QString>
 #include <QUrl>
 
@@ -23,6 +24,9 @@ constexpr QLatin1String c_modelFileInclude("tessra.file");
 
 /// \p path on the built-in host; invalid where \p path does not begin with a slash.
 QUrl ServerUrl(const QString& path, const QueryPairs& query = {});
+/// The request for \p url, for the empty one where RequestUrl() refuses it. It has no headers of its own and
+/// does not offer HTTP/2.
+QNetworkRequest ServerRequest(const QUrl& url);
 /// Asks for the venues whose attributes contain the texts of \p filters, and for their editors.
 QueryPairs SearchQuery(const QueryPairs& filters);
 /// Asks for the resources behind \p include of one venue.

@@ -271,7 +271,7 @@ QList<FaultRow> ConnectionRows()
         BadCertificate("that has expired", CertificateKind::Expired),
         BadCertificate("of another host", CertificateKind::WrongHost),
     };
-    rows.first().isEndlessLater = true;
+    rows.first().isEndlessForQueries = true;
     // 404 is the proxy's word for a host that it does not know.
     for (const int status : {302, 400, 403, 404, 407, 500, 502, 503, 504}) {
         rows.append(Unreachable("proxy answers " + QByteArray::number(status), Kind::AnswerConnect, status));
@@ -328,6 +328,31 @@ QList<FaultRow> BrokenBodyRows()
         Raw("status line without a number", "HTTP/1.1 good OK\r\nContent-Type: TYPE\r\n\r\n{}"),
         Raw("header without an end", "HTTP/1.1 200 OK\r\nContent-Type: TYPE\r\nContent-Le"),
     };
+}
+
+/// The answer comes, but behind \p early, which Qt takes for it.
+FaultRow EarlyAnswer(int status, const QByteArray& header = {})
+{
+    const QByteArray early = "HTTP/1.1 " + QByteArray::number(status) + " Early\r\n" + header + "\r\n";
+    FaultRow row = Unanswered("status " + QByteArray::number(status) + " first", {});
+    row.make = [early](ScriptedServer& server, const FaultTarget& target) {
+        server.AddFault(Honest(target).WithEarlyAnswer(QByteArray(early).replace("TYPE", target.mediaType)));
+    };
+    row.status = status;
+    return row;
+}
+
+QList<FaultRow> EarlyAnswerRows()
+{
+    FaultRow typed = EarlyAnswer(103, "Content-Type: TYPE\r\n");
+    typed.name += ", with the right media type";
+    FaultRow alone = Raw("status 103 and nothing else", "HTTP/1.1 103 Early Hints\r\nLink: </a.css>\r\n\r\n");
+    alone.status = 103;
+    // Qt knows that this one is no answer.
+    FaultRow harmless = Harmless("status 100 first", [](Fault& fault, const FaultTarget&) {
+        fault.WithEarlyAnswer("HTTP/1.1 100 Continue\r\n\r\n");
+    });
+    return {harmless, EarlyAnswer(102), EarlyAnswer(103), EarlyAnswer(199), typed, alone};
 }
 
 QList<FaultRow> StatusRows()
@@ -439,17 +464,28 @@ Fault Honest(const FaultTarget& target)
 
 QList<FaultRow> FaultRows()
 {
-    return ConnectionRows() + SlowRows() + BrokenBodyRows() + StatusRows() + RedirectRows() + MediaTypeRows();
-}
-
-QList<FaultRow> LaterFaultRows()
-{
-    QList<FaultRow> rows = FaultRows();
-    rows.removeIf([](const FaultRow& row) { return row.isEndlessLater; });
+    QList<FaultRow> rows = ViewerFaultRows();
+    rows.removeIf([](const FaultRow& row) { return row.isEndlessForQueries; });
     return rows;
 }
 
 QList<FaultRow> EndlessFaultRows()
+{
+    QList<FaultRow> rows = EndlessViewerFaultRows();
+    for (const FaultRow& row : ViewerFaultRows()) {
+        if (row.isEndlessForQueries)
+            rows.append(TimedOut(row));
+    }
+    return rows;
+}
+
+QList<FaultRow> ViewerFaultRows()
+{
+    return ConnectionRows() + SlowRows() + BrokenBodyRows() + EarlyAnswerRows() + StatusRows()
+        + RedirectRows() + MediaTypeRows();
+}
+
+QList<FaultRow> EndlessViewerFaultRows()
 {
     using Kind = NetworkFault::Kind;
     FaultRow silentProxy = TimedOut(Unreachable("proxy that never answers", Kind::NeverAnswer));
@@ -467,16 +503,6 @@ QList<FaultRow> EndlessFaultRows()
 FaultRow JustInTimeRow()
 {
     return Harmless("answer just in time", [](Fault& fault, const FaultTarget&) { fault.WithDelay(28'000); });
-}
-
-QList<FaultRow> LaterEndlessFaultRows()
-{
-    QList<FaultRow> rows = EndlessFaultRows();
-    for (const FaultRow& row : FaultRows()) {
-        if (row.isEndlessLater)
-            rows.append(TimedOut(row));
-    }
-    return rows;
 }
 
 void AddFaultRows(const QList<FaultRow>& rows)

@@ -66,19 +66,19 @@ struct FaultRow
     bool isError = true; ///< Qt reports an error, which is logged
     int status = 0; ///< the HTTP status that is logged, 0: none
     bool isRequestSent = true; ///< the request leaves through a trusted connection
-    /// Qt does not report it on a manager's second connection to a host: only the time-out ends the wait.
-    bool isEndlessLater = false;
+    /// Qt reports it where HTTP/2 is offered only, which is to the viewer. A query ends with its time-out.
+    bool isEndlessForQueries = false;
     QByteArray page; ///< the body for Received::Page
 };
 
-/// Every fault whose end does not have to be waited for.
+/// Every fault whose end a query does not have to wait for.
 QList<FaultRow> FaultRows();
-/// The same for a request that is not its manager's first to the host.
-QList<FaultRow> LaterFaultRows();
-/// Those that only the time-out ends; the viewer waits on.
+/// Those that only the time-out of a query ends.
 QList<FaultRow> EndlessFaultRows();
-/// The same for a request that is not its manager's first to the host.
-QList<FaultRow> LaterEndlessFaultRows();
+/// Every fault of which the viewer hears.
+QList<FaultRow> ViewerFaultRows();
+/// Those with which the viewer waits on.
+QList<FaultRow> EndlessViewerFaultRows();
 
 /// An answer that comes two seconds before the time-out.
 FaultRow JustInTimeRow();

@@ -151,7 +151,7 @@ private Q_SLOTS:
 
     void Bytes_data()
     {
-        AddFaultRows(korvel::Test::LaterFaultRows());
+        AddFaultRows(korvel::Test::FaultRows());
     }
     void Bytes()
     {

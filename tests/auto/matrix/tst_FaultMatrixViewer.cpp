@@ -129,7 +129,7 @@ private Q_SLOTS:
 
     void LargeRendition_data()
     {
-        AddFaultRows(korvel::Test::FaultRows());
+        AddFaultRows(korvel::Test::ViewerFaultRows());
     }
     void LargeRendition()
     {

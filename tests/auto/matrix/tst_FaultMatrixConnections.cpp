@@ -1,0 +1,562 @@
+#include <data/ConnectorJsonRest.h>
+#include <data/DownloadManager.h>
+
+#include <tests/support/MessageGuard.h>
+#include <tests/support/ScriptedServer.h>
+#include <tests/support/VdbMessages.h>
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSemaphore>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace korvel::Data::VenueDatabase;
+using namespace Qt::Literals::StringLiterals;
+using korvel::Demo::Fault;
+using korvel::Demo::NetworkFault;
+using korvel::Test::ScriptedServer;
+using korvel::Test::VdbMessages;
+
+namespace {
+
+constexpr const char* c_jsonApi = "application/vnd.api+json";
+const QByteArray c_bytes("\x89PNG\0bytes", 10);
+const QString c_failed = u"Request failed!"_s;
+const QString c_noImage = u"Cannot convert reply. Reply is not an image."_s;
+
+/// Kerberos, as it is when its server does not answer: the network thread waits in here.
+QSemaphore g_kerberosIsAsked;
+QSemaphore g_kerberosAnswers;
+
+/// What the client offers to speak within TLS, in the extension "application layer protocols" of its first
+/// message.
+const QByteArray c_offerOfHttp2("\x00\x10\x00\x0e\x00\x0c\x02h2\x08http/1.1", 18);
+
+/// A proxy that opens every tunnel and leads nowhere: it keeps what the client says.
+class ListeningProxy : public QTcpServer
+{
+public:
+    ListeningProxy()
+    {
+        setProxy(QNetworkProxy::NoProxy);
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this]() {
+            QTcpSocket* const client = nextPendingConnection();
+            connect(client, &QTcpSocket::readyRead, this, [this, client]() { Hear(client); });
+        });
+    }
+
+    QNetworkProxy Address() const
+    {
+        return {QNetworkProxy::HttpProxy, u"127.0.0.1"_s, serverPort()};
+    }
+
+    /// All that came through the tunnel.
+    QByteArray heard;
+
+private:
+    void Hear(QTcpSocket* client)
+    {
+        const QByteArray bytes = client->readAll();
+        if (bytes.startsWith("CONNECT "))
+            client->write("HTTP/1.1 200 Connection established\r\n\r\n");
+        else
+            heard += bytes;
+    }
+};
+
+QByteArray Early(const QByteArray& status, const QByteArray& headers = {})
+{
+    return "HTTP/1.1 " + status + "\r\n" + headers + "\r\n";
+}
+
+QByteArray BytesOf(const QString& path)
+{
+    return "\x89PNG the bytes behind " + path.toLatin1();
+}
+
+QStringList Paths(int count)
+{
+    QStringList paths;
+    for (int index = 0; index < count; ++index)
+        paths.append(u"/bytes/%1."_s.arg(index));
+    return paths;
+}
+
+/// A reply that names a file resource for each of \p paths, as a model file and as a picture.
+QByteArray Files(const QStringList& paths)
+{
+    QByteArrayList elements;
+    for (const QString& path : paths) {
+        elements.append(QByteArray(R"({"type": "file", "attributes": {"url": "PATH"},)"
+                                   R"("links": {"small": {"href": "HOST/PATH"}}})")
+                            .replace("HOST/", ScriptedServer::Url({}).toLatin1())
+                            .replace("PATH", path.toLatin1()));
+    }
+    return R"({"data": [], "included": [)" + elements.join(',') + "]}";
+}
+
+} // namespace
+
+// Takes the place of the library's function, which Qt calls where a proxy asks for "Negotiate".
+extern "C" Q_DECL_EXPORT quint32 gss_acquire_cred(quint32*, void*, quint32, void*, int, void**, void**,
+                                                  quint32*)
+{
+    g_kerberosIsAsked.release();
+    g_kerberosAnswers.acquire();
+    constexpr quint32 noCredentials = 7U << 16U;
+    return noCredentials;
+}
+
+/// Connections that went bad: what befell one request ends with it, and no request gets what another one
+/// asked for.
+class tst_FaultMatrixConnections : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_server = std::make_unique<ScriptedServer>();
+    }
+    void init()
+    {
+        korvel::Test::FailOnUnexpectedWarnings();
+        m_messages = std::make_unique<VdbMessages>();
+        m_server->Reset();
+        m_connector = std::make_unique<ConnectorJsonRest>();
+        m_downloads = std::make_unique<DownloadManager>();
+        m_outcomes.clear();
+        connect(m_downloads.get(), &DownloadManager::PictureBinaryDataFinished, this,
+                [this](const QUrl& url, const QByteArray& buffer) { m_outcomes[url].bytes.append(buffer); });
+        connect(
+            m_downloads.get(), &DownloadManager::RequestFailed, this,
+            [this](const QUrl& url, const QString& message) { m_outcomes[url].failures.append(message); });
+    }
+    void cleanup()
+    {
+        m_downloads.reset();
+        m_connector.reset();
+        m_messages.reset();
+    }
+    void cleanupTestCase()
+    {
+        m_server.reset();
+    }
+
+    // A proxy, or what stands before it, drops a connection before it answers CONNECT.
+
+    void SearchSucceedsAfterADrop_data()
+    {
+        QTest::addColumn<bool>("isDeleted");
+        QTest::newRow("its wait timed out") << false;
+        QTest::newRow("its caller gave it up") << true;
+    }
+    void SearchSucceedsAfterADrop()
+    {
+        QFETCH(bool, isDeleted);
+        ServeOnce(u"/bytes"_s);
+        // On a later connection; Qt tries the first one again by itself.
+        NetworkFault drop;
+        drop.skip = 1;
+        drop.times = 1;
+        m_server->AddFault(drop);
+        QVERIFY(m_connector->waitForFinished(Send(u"/bytes"_s), 10'000));
+        QNetworkReply* const lost = Send(u"/bytes"_s);
+        if (isDeleted) {
+            QTRY_COMPARE(m_server->Log().ConnectCount(), 2);
+            delete lost;
+        } else {
+            QVERIFY(!m_connector->waitForFinished(lost, 500));
+        }
+
+        m_server->AnswerJsonApi(u"/api/venue"_s, R"({"data": [{"attributes": {"title": "A"}}]})");
+        QNetworkReply* const reply = m_connector->SendGetJsonRequest(u"/api/venue"_s, {});
+        QVERIFY(m_connector->waitForFinished(reply, 10'000));
+        QCOMPARE(reply->error(), QNetworkReply::NoError);
+        QList<Venue> venues;
+        QCOMPARE(m_connector->FindVenueEntries({}, venues), Ok);
+        QCOMPARE(venues.size(), 1);
+    }
+
+    void OtherRepliesGoOnAfterATimeout()
+    {
+        Serve(u"/slow"_s, 1500);
+        m_server->Withhold(u"/silent"_s);
+        QNetworkReply* const slow = Send(u"/slow"_s);
+        QVERIFY(!m_connector->waitForFinished(Send(u"/silent"_s), 300));
+        QVERIFY(!slow->isFinished());
+        Serve(u"/bytes"_s);
+        QCOMPARE(m_connector->GetBinaryData(u"/bytes"_s), BytesOf(u"/bytes"_s));
+        QVERIFY(!slow->isFinished());
+        QVERIFY(m_connector->waitForFinished(slow, 10'000));
+        QCOMPARE(slow->readAll(), BytesOf(u"/slow"_s));
+        // Whoever asked may read it as long as the connector lives.
+        QCOMPARE(slow->parent(), m_connector->findChild<QNetworkAccessManager*>());
+    }
+
+    void OtherDownloadsArriveAfterAFailure_data()
+    {
+        QTest::addColumn<Fault>("fault");
+        QTest::newRow("reset before the header") << Fault(Fault::On(u"/lost"_s).WithReset());
+        QTest::newRow("reset in the body")
+            << Fault(Fault::On(u"/lost"_s).WithBody(QByteArray(9000, 'x')).WithResetAfter(500));
+        QTest::newRow("404") << Fault(Fault::On(u"/lost"_s).WithStatus(404).WithBody("x"));
+    }
+    void OtherDownloadsArriveAfterAFailure()
+    {
+        QFETCH(Fault, fault);
+        m_server->AddFault(fault.WithMediaType("text/html"));
+        Serve(u"/slow"_s, 1500);
+        Serve(u"/bytes"_s);
+        Download(u"/slow"_s);
+        // Qt sends two to one host together, and one that breaks then takes the other with it.
+        QTRY_COMPARE(m_server->Log().RequestCount(), 1);
+        Download(u"/lost"_s);
+        QTRY_COMPARE(m_outcomes.value(Url(u"/lost"_s)).failures, QStringList({c_failed, c_noImage}));
+        QVERIFY(!m_outcomes.contains(Url(u"/slow"_s)));
+        Download(u"/bytes"_s);
+        QTRY_COMPARE(m_outcomes.value(Url(u"/bytes"_s)).bytes, QByteArrayList{BytesOf(u"/bytes"_s)});
+        QTRY_COMPARE(m_outcomes.value(Url(u"/slow"_s)).bytes, QByteArrayList{BytesOf(u"/slow"_s)});
+        QCOMPARE(m_outcomes.size(), 3);
+    }
+
+    // A proxy refuses NTLM.
+
+    void RefusedNtlmEndsWithItsWait()
+    {
+        const QString host = u"second.example"_s;
+        NetworkFault refusal;
+        refusal.kind = NetworkFault::Kind::AnswerConnect;
+        refusal.value = 407;
+        refusal.challenge = "NTLM";
+        refusal.host = host;
+        m_server->AddFault(refusal);
+        QNetworkReply* const refused = m_connector->SendGetUrlRequest(u"https://second.example/bytes"_s);
+        QVERIFY(!m_connector->waitForFinished(refused, 500));
+        QVERIFY(m_server->Log().ConnectCount() > 2);
+
+        // While the other host answers, half a second later, the proxy is not asked once more.
+        Serve(u"/slow"_s, 500);
+        ConnectorJsonRest other;
+        const auto asked = [&]() {
+            const qsizetype before = m_server->Log().ConnectCount();
+            other.GetBinaryData(u"/slow"_s);
+            return m_server->Log().ConnectCount() - before;
+        };
+        // The other connector's own connection, and what was under way.
+        asked();
+        asked();
+        QCOMPARE(asked(), 0);
+
+        m_server->Reset();
+        m_server->AddFault(
+            Fault::On(u"/bytes"_s).WithStatus(200).WithBody(c_bytes).WithMediaType("image/png"));
+        QCOMPARE(m_connector->GetPictureBinaryData(u"https://second.example/bytes"_s), c_bytes);
+    }
+
+    void BusyNetworkDoesNotHoldTheUserInterfaceUp()
+    {
+        NetworkFault question;
+        question.kind = NetworkFault::Kind::AnswerConnect;
+        question.value = 407;
+        question.challenge = "Negotiate";
+        question.host = u"second.example"_s;
+        m_server->AddFault(question);
+        QNetworkReply* const reply = m_connector->SendGetUrlRequest(u"https://second.example/bytes"_s);
+        QVERIFY(g_kerberosIsAsked.tryAcquire(1, 10'000));
+        // Qt would wait for its network thread for five seconds.
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!m_connector->waitForFinished(reply, 100));
+        Serve(u"/bytes"_s);
+        QCOMPARE(m_connector->GetBinaryData(u"/bytes"_s), BytesOf(u"/bytes"_s));
+        const qint64 elapsed = timer.elapsed();
+        g_kerberosAnswers.release();
+        QVERIFY2(elapsed < 4000, qPrintable(QString::number(elapsed)));
+    }
+
+    // The protocols that are offered.
+
+    void Http2IsOffered_data()
+    {
+        QTest::addColumn<std::function<void()>>("ask");
+        QTest::addColumn<bool>("isOffered");
+        QTest::newRow("not for a search")
+            << std::function<void()>([this]() { m_connector->SendGetJsonRequest(u"/api/venue"_s, {}); })
+            << false;
+        QTest::newRow("not for the connector's pictures")
+            << std::function<void()>([this]() { Send(u"/bytes"_s); }) << false;
+        QTest::newRow("for downloads side by side")
+            << std::function<void()>([this]() { Download(u"/bytes"_s); }) << true;
+    }
+    void Http2IsOffered()
+    {
+        QFETCH(std::function<void()>, ask);
+        QFETCH(bool, isOffered);
+        ListeningProxy proxy;
+        m_connector->findChild<QNetworkAccessManager*>()->setProxy(proxy.Address());
+        m_downloads->findChild<QNetworkAccessManager*>()->setProxy(proxy.Address());
+        ask();
+        const auto isHelloComplete = [&proxy]() {
+            // The record's length stands in its fourth and fifth byte.
+            return proxy.heard.size() > 5
+                && proxy.heard.size() >= 5 + (uchar(proxy.heard.at(3)) << 8) + uchar(proxy.heard.at(4));
+        };
+        QTRY_VERIFY(isHelloComplete());
+        QCOMPARE(proxy.heard.contains(c_offerOfHttp2), isOffered);
+    }
+
+    // A provisional answer comes before the real one.
+
+    void EarlyAnswer_data()
+    {
+        QTest::addColumn<QByteArray>("early");
+        QTest::newRow("102 Processing") << Early("102 Processing");
+        QTest::newRow("103 Early Hints") << Early("103 Early Hints", "Link: </style.css>; rel=preload\r\n");
+        QTest::newRow("103 twice") << Early("103 Early Hints") + Early("103 Early Hints");
+        QTest::newRow("103 with the media type of a picture")
+            << Early("103 Early Hints", "Content-Type: image/png\r\n");
+        QTest::newRow("103 with the media type of a list")
+            << Early("103 Early Hints", "Content-Type: application/vnd.api+json\r\n");
+        QTest::newRow("199") << Early("199 Miscellaneous");
+    }
+
+    void SearchAfterAnEarlyAnswerFindsItsOwn_data()
+    {
+        EarlyAnswer_data();
+    }
+    void SearchAfterAnEarlyAnswerFindsItsOwn()
+    {
+        QFETCH(QByteArray, early);
+        const auto titled = [](const QByteArray& title) {
+            return QByteArray(R"({"data": [{"attributes": {"title": "TITLE"}}]})").replace("TITLE", title);
+        };
+        m_server->AddFault(Fault::On(u"first"_s)
+                               .WithEarlyAnswer(early)
+                               .WithStatus(200)
+                               .WithBody(titled("first"))
+                               .WithMediaType(c_jsonApi));
+        m_server->AnswerJsonApi(u"second"_s, titled("second"));
+        QList<Venue> venues;
+        QCOMPARE(m_connector->FindVenueEntries({{u"title"_s, u"first"_s}}, venues), WrongContentType);
+        QCOMPARE(venues.size(), 0);
+        for (int count = 0; count < 3; ++count) {
+            QCOMPARE(m_connector->FindVenueEntries({{u"title"_s, u"second"_s}}, venues), Ok);
+            QCOMPARE(venues.size(), 1);
+            QCOMPARE(venues.first().GetComplexName(), u"second"_s);
+        }
+    }
+
+    void PicturesAfterAnEarlyAnswerAreTheirOwn_data()
+    {
+        EarlyAnswer_data();
+    }
+    void PicturesAfterAnEarlyAnswerAreTheirOwn()
+    {
+        QFETCH(QByteArray, early);
+        const QStringList paths = Paths(4);
+        ServeEarly(paths.at(1), early);
+        ServeLists(paths);
+        const QList<Picture> pictures = m_connector->GetPictureEntries(7);
+        QCOMPARE(pictures.size(), paths.size());
+        for (int index = 0; index < paths.size(); ++index) {
+            QCOMPARE(pictures.at(index).GetPictureDataSmall(),
+                     index == 1 ? QByteArray() : BytesOf(paths.at(index)));
+        }
+        VerifyMessage(u"Picture download"_s, paths.at(1));
+    }
+
+    void ModelFilesAfterAnEarlyAnswerAreTheirOwn_data()
+    {
+        EarlyAnswer_data();
+    }
+    void ModelFilesAfterAnEarlyAnswerAreTheirOwn()
+    {
+        QFETCH(QByteArray, early);
+        const QStringList paths = Paths(4);
+        ServeEarly(paths.at(1), early);
+        ServeLists(paths);
+        const QList<TsFile> files = m_connector->GetTSFileEntries(7);
+        QCOMPARE(files.size(), paths.size());
+        for (int index = 0; index < paths.size(); ++index)
+            QCOMPARE(files.at(index).GetFileData(), index == 1 ? QByteArray() : BytesOf(paths.at(index)));
+        VerifyMessage(u"Model file download"_s, paths.at(1));
+    }
+
+    /// The next venue's lists are not those of the one before.
+    void ListsAfterAnEarlyAnswerAreTheirOwn_data()
+    {
+        EarlyAnswer_data();
+    }
+    void ListsAfterAnEarlyAnswerAreTheirOwn()
+    {
+        QFETCH(QByteArray, early);
+        const QStringList paths = Paths(3);
+        m_server->AddFault(Fault::On(u"filter[entity_id]=7"_s)
+                               .WithEarlyAnswer(early)
+                               .WithStatus(200)
+                               .WithBody(Files(paths))
+                               .WithMediaType(c_jsonApi));
+        ServeLists(paths.first(1));
+        QCOMPARE(m_connector->GetPictureEntries(7).size(), 0);
+        QCOMPARE(m_connector->GetTSFileEntries(8).size(), 1);
+        QCOMPARE(m_connector->GetTSFileEntries(7).size(), 0);
+        const QList<Picture> pictures = m_connector->GetPictureEntries(8);
+        QCOMPARE(pictures.size(), 1);
+        QCOMPARE(pictures.first().GetPictureDataSmall(), BytesOf(paths.first()));
+    }
+
+    void DownloadsAfterAnEarlyAnswerAreTheirOwn_data()
+    {
+        EarlyAnswer_data();
+    }
+    void DownloadsAfterAnEarlyAnswerAreTheirOwn()
+    {
+        QFETCH(QByteArray, early);
+        const QStringList paths = Paths(4);
+        ServeEarly(paths.at(1), early);
+        ServeLists(paths);
+        for (const QString& path : paths) {
+            Download(path);
+            QTRY_VERIFY(HasEnded(path));
+        }
+        for (const QString& path : paths)
+            VerifyDownload(path, path == paths.at(1));
+        VerifyMessage(u"Picture download"_s, paths.at(1));
+    }
+
+    /// More at a time than Qt has connections: some wait in Qt for those that an early answer came through.
+    void DownloadsBesideAnEarlyAnswerGetNothingOfIt_data()
+    {
+        EarlyAnswer_data();
+    }
+    void DownloadsBesideAnEarlyAnswerGetNothingOfIt()
+    {
+        QFETCH(QByteArray, early);
+        const QStringList paths = Paths(20);
+        for (const int index : {0, 3, 8})
+            ServeEarly(paths.at(index), early);
+        ServeLists(paths);
+        for (const QString& path : paths)
+            Download(path);
+        for (const QString& path : paths)
+            QTRY_VERIFY(HasEnded(path));
+        for (const QString& path : paths) {
+            // Those beside it may fail with it.
+            const bool hasFailed = m_outcomes.value(Url(path)).bytes.isEmpty();
+            VerifyDownload(path, hasFailed);
+        }
+        for (const int index : {0, 3, 8})
+            VerifyDownload(paths.at(index), true);
+        // The next ones have nothing to do with it.
+        m_outcomes.clear();
+        Download(paths.at(1));
+        QTRY_VERIFY(HasEnded(paths.at(1)));
+        VerifyDownload(paths.at(1), false);
+    }
+
+    void PicturesBesideAnEarlyAnswerGetNothingOfIt()
+    {
+        const QStringList paths = Paths(2);
+        ServeEarly(paths.at(0), Early("103 Early Hints"));
+        Serve(paths.at(1));
+        // One query inside the wait of the other.
+        QByteArray inner;
+        QTimer::singleShot(
+            0, this, [&]() { inner = m_connector->GetPictureBinaryData(ScriptedServer::Url(paths.at(1))); });
+        QCOMPARE(m_connector->GetPictureBinaryData(ScriptedServer::Url(paths.at(0))), QByteArray());
+        QVERIFY(inner.isEmpty() || inner == BytesOf(paths.at(1)));
+        QCOMPARE(m_connector->GetPictureBinaryData(ScriptedServer::Url(paths.at(1))), BytesOf(paths.at(1)));
+    }
+
+    void ContinueIsNoAnswerAndDoesNoHarm()
+    {
+        const QStringList paths = Paths(3);
+        ServeEarly(paths.at(1), Early("100 Continue"));
+        ServeLists(paths);
+        for (const QString& path : paths)
+            QCOMPARE(m_connector->GetPictureBinaryData(ScriptedServer::Url(path)), BytesOf(path));
+        QCOMPARE(m_messages->Take(), QStringList());
+    }
+
+private:
+    struct Outcome
+    {
+        QByteArrayList bytes;
+        QStringList failures;
+    };
+
+    static QUrl Url(const QString& path)
+    {
+        return QUrl(ScriptedServer::Url(path));
+    }
+    QNetworkReply* Send(const QString& path) const
+    {
+        return m_connector->SendGetUrlRequest(ScriptedServer::Url(path));
+    }
+    void Download(const QString& path) const
+    {
+        m_downloads->RequestPictureBinaryData(Url(path));
+    }
+
+    static Fault Honest(const QString& path)
+    {
+        return Fault::On(path).WithStatus(200).WithBody(BytesOf(path)).WithMediaType("image/png");
+    }
+    void Serve(const QString& path, int delay = 0)
+    {
+        m_server->AddFault(Honest(path).WithDelay(delay));
+    }
+    /// Each answer on a connection of its own.
+    void ServeOnce(const QString& path)
+    {
+        m_server->AddFault(Honest(path).WithHeader("Connection", "close"));
+    }
+    void ServeEarly(const QString& path, const QByteArray& early)
+    {
+        m_server->AddFault(Honest(path).WithEarlyAnswer(early));
+    }
+    /// Lists of \p paths for every venue, and what is behind them.
+    void ServeLists(const QStringList& paths)
+    {
+        for (const QString& path : paths)
+            Serve(path);
+        m_server->AnswerJsonApi(u"/api/venue"_s, Files(paths));
+    }
+
+    bool HasEnded(const QString& path) const
+    {
+        const Outcome outcome = m_outcomes.value(Url(path));
+        return !outcome.bytes.isEmpty() || outcome.failures.size() == 2;
+    }
+    void VerifyDownload(const QString& path, bool hasFailed) const
+    {
+        const Outcome outcome = m_outcomes.value(Url(path));
+        QCOMPARE(outcome.bytes, hasFailed ? QByteArrayList() : QByteArrayList{BytesOf(path)});
+        QCOMPARE(outcome.failures, hasFailed ? QStringList({c_failed, c_noImage}) : QStringList());
+    }
+    void VerifyMessage(const QString& what, const QString& path)
+    {
+        VdbMessages::Verify(
+            {QRegularExpression::escape(what + u" failed: "_s + m_server->Server().Host() + path)
+             + u" - HTTP status \\d+ - .+"_s});
+    }
+
+    std::unique_ptr<ScriptedServer> m_server;
+    std::unique_ptr<VdbMessages> m_messages;
+    std::unique_ptr<ConnectorJsonRest> m_connector;
+    std::unique_ptr<DownloadManager> m_downloads;
+    QHash<QUrl, Outcome> m_outcomes;
+};
+
+QTEST_GUILESS_MAIN(tst_FaultMatrixConnections)
+#include "tst_FaultMatrixConnections.moc"
