@@ -442,8 +442,6 @@ private Q_SLOTS:
         QTest::newRow("reset in the body")
             << fault(Fault::On(path).WithResetAfter(10'000)) << u"HTTP status 200 - .+"_s;
         QTest::newRow("broken gzip") << fault(Fault::On(path).WithBrokenGzip()) << u"HTTP status 200 - .+"_s;
-        QTest::newRow("connection refused")
-            << network(NetworkFault::Kind::RefuseConnection) << u"no HTTP status - .+"_s;
         QTest::newRow("no TLS") << network(NetworkFault::Kind::GarbageInsteadOfTls)
                                 << u"no HTTP status - .+"_s;
         QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
@@ -526,9 +524,6 @@ private Q_SLOTS:
             server.AddFault(
                 Fault::On(path).WithBody(c_bytes).WithMediaType("image/png").WithStatus(200).WithCutAfter(4));
         }) << c_bytes.left(4) << u"HTTP status 200 - .+"_s;
-        QTest::newRow("connection refused")
-            << Script([](ScriptedServer& server) { server.AddFault(NetworkFault()); }) << QByteArray()
-            << u"no HTTP status - .+"_s;
         QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
                                      << QByteArray() << u"no HTTP status - .+"_s;
     }

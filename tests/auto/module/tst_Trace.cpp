@@ -189,9 +189,10 @@ private Q_SLOTS:
         QTest::newRow("reset") << Script([=](ScriptedServer& server) {
             server.AddFault(Fault::On(path).WithReset());
         }) << u"no HTTP status - 0 bytes - \\d+ ms - [A-Za-z]+Error: .+"_s;
-        QTest::newRow("refused by the proxy")
-            << Script([](ScriptedServer& server) { server.AddFault(NetworkFault()); })
-            << u"no HTTP status - 0 bytes - \\d+ ms - Proxy[A-Za-z]+Error: .+"_s;
+        QTest::newRow("refused by the proxy") << Script([](ScriptedServer& server) {
+            server.AddFault(
+                NetworkFault{.kind = NetworkFault::Kind::AnswerConnect, .value = 407, .host = {}});
+        }) << u"no HTTP status - 0 bytes - \\d+ ms - Proxy[A-Za-z]+Error: .+"_s;
         QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
                                      << u"no HTTP status - 0 bytes - \\d+ ms - [A-Za-z]+Error: .+refused"_s;
         QTest::newRow("bad certificate") << Script([](ScriptedServer& server) {

@@ -18,7 +18,6 @@
 using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
 using korvel::Demo::Fault;
-using korvel::Demo::NetworkFault;
 using korvel::Demo::RequestLog;
 using korvel::Test::Fixture;
 using korvel::Test::FixtureObject;
@@ -162,9 +161,6 @@ private Q_SLOTS:
         QTest::newRow("cut in the body") << Script([=](ScriptedServer& server) {
             server.AddFault(Fault::On(path).WithBody(reply + QByteArray(20'000, ' ')).WithCutAfter(10'000));
         }) << u"HTTP status 200 - .+"_s;
-        QTest::newRow("connection refused")
-            << Script([](ScriptedServer& server) { server.AddFault(NetworkFault()); })
-            << u"no HTTP status - .+"_s;
         QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
                                      << u"no HTTP status - .+"_s;
     }
@@ -351,9 +347,6 @@ private Q_SLOTS:
         QTest::newRow("cut in the body") << Script([=](ScriptedServer& server) {
             server.AddFault(Fault::On(path).WithStatus(200).WithBody(c_bytes).WithCutAfter(3));
         }) << c_bytes.left(3) << u"HTTP status 200 - .+"_s;
-        QTest::newRow("connection refused")
-            << Script([](ScriptedServer& server) { server.AddFault(NetworkFault()); }) << QByteArray()
-            << u"no HTTP status - .+"_s;
         QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
                                      << QByteArray() << u"no HTTP status - .+"_s;
     }

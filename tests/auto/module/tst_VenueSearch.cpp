@@ -604,8 +604,6 @@ private Q_SLOTS:
         QTest::newRow("redirect in a circle")
             << redirect("https://" + host.toLatin1() + "/api/venue") << WrongContentType << old;
 
-        QTest::newRow("connection refused")
-            << network(NetworkFault::Kind::RefuseConnection) << WrongContentType << old;
         QTest::newRow("proxy answers 502")
             << network(NetworkFault::Kind::AnswerConnect, 502) << WrongContentType << old;
         QTest::newRow("no TLS") << network(NetworkFault::Kind::GarbageInsteadOfTls) << WrongContentType
