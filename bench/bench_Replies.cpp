@@ -1,19 +1,33 @@
 // Reading the reply to a venue search: time and memory.
+#ifdef VDB_BENCH_HAS_SIMDJSON
+#include <bench/BareReader.h>
+#endif
 #include <bench/Comparison.h>
 #include <bench/Documents.h>
 #include <bench/HeapUse.h>
 #include <bench/JsonaReader.h>
 
 #include <data/ConnectorJsonRest.h>
+#include <data/CountryCodeTranslator.h>
+#include <data/VenueReader_p.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 
 using namespace korvel::Bench;
 using korvel::Data::VenueDatabase::ConnectorJsonRest;
+using korvel::Data::VenueDatabase::CountryCodeTranslator;
 using korvel::Data::VenueDatabase::Venue;
+using korvel::Data::VenueDatabase::VenueReader;
 
 namespace {
+
+/// What a search makes of \p body.
+QList<Venue> ReadBody(const QByteArray& body)
+{
+    static const CountryCodeTranslator countries;
+    return VenueReader(countries).ReadBody(body).value();
+}
 
 /// Reading the records from the parsed document, against parsing it.
 void ReadRecords(benchmark::State& state)
@@ -30,20 +44,45 @@ BENCHMARK(ReadRecords)->Args({10000, 10})->Args({10000, 1})->Iterations(31)->Use
 BENCHMARK(ReadRecords)->Args({100000, 10})->Args({100000, 1})->Iterations(7)->UseManualTime();
 
 /// One reply of 100,000 venues against a hundred of 1,000: what a venue costs more in a large reply.
-void ReadRecordsGrowth(benchmark::State& state)
+void ReadBodyGrowth(benchmark::State& state)
 {
     constexpr qsizetype c_small = 1000;
     constexpr qsizetype c_factor = 100;
-    const ConnectorJsonRest connector;
-    const QJsonObject small = QJsonDocument::fromJson(Body(c_small, state.range(0))).object();
-    const QJsonObject large = QJsonDocument::fromJson(Body(c_small * c_factor, state.range(0))).object();
-    Comparison(state).Run([&]() { return connector.ProcessVenueEntriesReply(large); },
+    const QByteArray small = Body(c_small, state.range(0));
+    const QByteArray large = Body(c_small * c_factor, state.range(0));
+    Comparison(state).Run([&]() { return ReadBody(large); },
                           [&]() {
                               for (qsizetype i = 0; i < c_factor; ++i)
-                                  benchmark::DoNotOptimize(connector.ProcessVenueEntriesReply(small));
+                                  benchmark::DoNotOptimize(ReadBody(small));
                           });
 }
-BENCHMARK(ReadRecordsGrowth)->Arg(10)->Arg(1)->Iterations(5)->UseManualTime();
+BENCHMARK(ReadBodyGrowth)->Arg(10)->Arg(1)->Iterations(5)->UseManualTime();
+
+/// From the bytes to the records, against parsing them with QJsonDocument alone.
+void ReadBodyAgainstParser(benchmark::State& state)
+{
+    const QByteArray& body = Body(state.range(0), state.range(1));
+    Comparison(state).Run([&]() { return ReadBody(body); }, [&]() { return QJsonDocument::fromJson(body); });
+}
+BENCHMARK(ReadBodyAgainstParser)->Args({1000, 10})->Args({1000, 1})->Iterations(101)->UseManualTime();
+BENCHMARK(ReadBodyAgainstParser)->Args({10000, 10})->Args({10000, 1})->Iterations(31)->UseManualTime();
+BENCHMARK(ReadBodyAgainstParser)->Args({100000, 10})->Args({100000, 1})->Iterations(7)->UseManualTime();
+
+/// From the bytes to the records, against a bare program that has simdjson read the same members.
+void ReadBodyAgainstBareReader(benchmark::State& state)
+{
+#ifdef VDB_BENCH_HAS_SIMDJSON
+    // simdjson reads some bytes beyond the end; with room for them it needs no copy.
+    QByteArray body = Body(state.range(0), state.range(1));
+    body.reserve(body.size() + 64);
+    Comparison(state).Run([&]() { return ReadBody(body); }, [&]() { return ReadBare(body); });
+#else
+    state.SkipWithError("built without simdjson");
+#endif
+}
+BENCHMARK(ReadBodyAgainstBareReader)->Args({1000, 10})->Args({1000, 1})->Iterations(101)->UseManualTime();
+BENCHMARK(ReadBodyAgainstBareReader)->Args({10000, 10})->Args({10000, 1})->Iterations(31)->UseManualTime();
+BENCHMARK(ReadBodyAgainstBareReader)->Args({100000, 10})->Args({100000, 1})->Iterations(7)->UseManualTime();
 
 /// From the bytes to the records, against jsona on Node, each in its own program, in turn.
 void ReadBodyAgainstJsona(benchmark::State& state)
@@ -54,18 +93,12 @@ void ReadBodyAgainstJsona(benchmark::State& state)
         state.SkipWithError(qPrintable(jsona.ErrorText()));
         return;
     }
-    const ConnectorJsonRest connector;
     // Node compiles what runs often: let it.
     for (int i = 0; i < 5; ++i)
         jsona.Read();
     Comparison(state, Clock::Wall)
-        .RunTimed(
-            [&]() {
-                return TimeOf(Clock::Wall, [&]() {
-                    return connector.ProcessVenueEntriesReply(QJsonDocument::fromJson(body).object());
-                });
-            },
-            [&]() { return jsona.Read(); });
+        .RunTimed([&]() { return TimeOf(Clock::Wall, [&]() { return ReadBody(body); }); },
+                  [&]() { return jsona.Read(); });
 }
 BENCHMARK(ReadBodyAgainstJsona)->Args({10000, 10})->Args({10000, 1})->Iterations(31)->UseManualTime();
 
@@ -108,13 +141,11 @@ void RecordMemory(benchmark::State& state)
 {
     constexpr qsizetype c_textLength = 30;
     const QByteArray body = WithShortTexts(Body(state.range(0), state.range(1)), c_textLength);
-    const ConnectorJsonRest connector;
     std::vector<double> perVenue;
     double textBytes = 0;
     for ([[maybe_unused]] const auto _ : state) {
         const double before = HeapInUse();
-        const QList<Venue> venues
-            = connector.ProcessVenueEntriesReply(QJsonDocument::fromJson(body).object());
+        const QList<Venue> venues = ReadBody(body);
         perVenue.push_back((HeapInUse() - before) / static_cast<double>(state.range(0)));
         textBytes = 0;
         for (const Venue& venue : venues)

@@ -1,9 +1,13 @@
 // Where the time of a search goes, from the request to the painted table.
 #include <bench/Comparison.h>
+#include <bench/Documents.h>
 
 #include <data/ConnectorJsonRest.h>
+#include <data/CountryCodeTranslator.h>
+#include <data/VenueReader_p.h>
 #include <server/VenueServer.h>
 #include <server/catalogue/CatalogueGenerator.h>
+#include <tests/support/ConnectorStub.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueTableModel.h>
 
@@ -15,11 +19,14 @@
 #include <QTableView>
 
 #include <array>
+#include <functional>
 
 using namespace korvel;
 using namespace korvel::Bench;
 using Data::VenueDatabase::ConnectorJsonRest;
+using Data::VenueDatabase::CountryCodeTranslator;
 using Data::VenueDatabase::Venue;
+using Data::VenueDatabase::VenueReader;
 using Ui::VenueDatabase::VenueDbCentralWidget;
 using Ui::VenueDatabase::VenueTableModel;
 
@@ -51,20 +58,20 @@ enum Station
     Encrypted,
     FirstByte,
     LastByte,
-    Parsed,
     Read,
     Modelled,
     Painted,
     StationCount
 };
 constexpr std::array<const char*, StationCount> c_phaseEndingAt{
-    "", "tlsMs", "serverMs", "networkMs", "parseMs", "recordsMs", "modelMs", "viewMs"};
+    "", "tlsMs", "serverMs", "networkMs", "recordsMs", "modelMs", "viewMs"};
 
 using Times = std::array<double, StationCount>;
 
 /// One search for all venues over a new connection.
 Times Search()
 {
+    static const CountryCodeTranslator countries;
     ConnectorJsonRest connector;
     Table table;
     QApplication::processEvents();
@@ -84,9 +91,7 @@ Times Search()
         qFatal("the venue server does not answer");
     const QByteArray body = reply->readAll();
     reach(LastByte);
-    const QJsonObject object = QJsonDocument::fromJson(body).object();
-    reach(Parsed);
-    const QList<Venue> venues = connector.ProcessVenueEntriesReply(object);
+    const QList<Venue> venues = VenueReader(countries).ReadBody(body).value();
     reach(Read);
     table.model.SetVenueData(venues);
     table.proxy.setSourceModel(&table.model);
@@ -130,5 +135,51 @@ void SearchPhases(benchmark::State& state)
     state.counters["figure"] = total;
 }
 BENCHMARK(SearchPhases)->Arg(100)->Arg(1000)->Arg(10000)->Iterations(15)->UseManualTime();
+
+/// The longest time that the thread computes without a turn of the event loop while the search panel searches
+/// for all venues and lists their countries, in nanoseconds. \p read makes venues of the reply.
+double LongestStall(const std::function<QList<Venue>()>& read)
+{
+    double longest = 0;
+    double lastTurn = NowOn(Clock::Thread);
+    const auto turn = [&]() {
+        const double now = NowOn(Clock::Thread);
+        longest = qMax(longest, now - lastTurn);
+        lastTurn = now;
+    };
+    Test::ConnectorStub connector;
+    connector.onFindVenues = [&](const Test::ConnectorStub::Filters&, QList<Venue>& venues) {
+        // Here the connector would wait for the reply in an event loop.
+        QApplication::processEvents();
+        turn();
+        venues = read();
+        return Data::VenueDatabase::Ok;
+    };
+    VenueDbCentralWidget widget;
+    widget.SetConnector(&connector);
+    widget.show();
+    QApplication::processEvents();
+    turn();
+    longest = 0;
+    widget.PerformQuery();
+    QApplication::processEvents();
+    turn();
+    return longest;
+}
+
+/// The same search with the present reader, against one with that of a QJsonObject.
+void SearchStall(benchmark::State& state)
+{
+    static const CountryCodeTranslator countries;
+    const QByteArray& body = Body(state.range(0));
+    Comparison(state).RunTimed(
+        [&]() { return LongestStall([&]() { return VenueReader(countries).ReadBody(body).value(); }); },
+        [&]() {
+            return LongestStall(
+                [&]() { return VenueReader(countries).Read(QJsonDocument::fromJson(body).object()); });
+        });
+}
+BENCHMARK(SearchStall)->Arg(10000)->Iterations(15)->UseManualTime();
+BENCHMARK(SearchStall)->Arg(100000)->Iterations(5)->UseManualTime();
 
 } // namespace

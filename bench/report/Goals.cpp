@@ -16,6 +16,25 @@ QString Mix(int venuesPerUser)
     return venuesPerUser == 1 ? QStringLiteral("a user each") : QStringLiteral("a user in ten");
 }
 
+/// The row \p number for both kinds of users and replies of all sizes: body to venues against \p reference.
+void AddBodyGoals(QList<Goal>& goals, const QString& number, const QString& reference,
+                  const QString& benchmark, double limit, double limitWithoutZone)
+{
+    for (const int count : {1000, 10000, 100000}) {
+        for (const int venuesPerUser : {10, 1}) {
+            goals.append({number,
+                          QStringLiteral("body to venues / %1, %2, %3")
+                              .arg(reference, Thousands(count), Mix(venuesPerUser)),
+                          QStringLiteral("%1/%2/%3").arg(benchmark).arg(count).arg(venuesPerUser),
+                          c_figure,
+                          Judgement::AtMost,
+                          limit,
+                          limitWithoutZone,
+                          {}});
+        }
+    }
+}
+
 void AddReplyGoals(QList<Goal>& goals)
 {
     for (const int count : {1000, 10000, 100000}) {
@@ -32,14 +51,15 @@ void AddReplyGoals(QList<Goal>& goals)
         }
     }
     for (const int venuesPerUser : {10, 1}) {
-        goals.append({QStringLiteral("2"),
-                      QStringLiteral("records, time per venue, 100,000 / 1,000, %1").arg(Mix(venuesPerUser)),
-                      QStringLiteral("ReadRecordsGrowth/%1").arg(venuesPerUser),
-                      c_figure,
-                      Judgement::AtMost,
-                      1.3,
-                      1.3,
-                      {}});
+        goals.append(
+            {QStringLiteral("2"),
+             QStringLiteral("body to venues, time per venue, 100,000 / 1,000, %1").arg(Mix(venuesPerUser)),
+             QStringLiteral("ReadBodyGrowth/%1").arg(venuesPerUser),
+             c_figure,
+             Judgement::AtMost,
+             1.3,
+             1.3,
+             {}});
     }
     for (const int venuesPerUser : {10, 1}) {
         goals.append({QStringLiteral("3"),
@@ -47,8 +67,31 @@ void AddReplyGoals(QList<Goal>& goals)
                       QStringLiteral("ReadBodyAgainstJsona/10000/%1").arg(venuesPerUser),
                       c_figure,
                       Judgement::AtMost,
-                      1.0,
-                      1.2,
+                      0.35,
+                      0.55,
+                      {}});
+    }
+    AddBodyGoals(goals, QStringLiteral("3a"), QStringLiteral("JSON parse"),
+                 QStringLiteral("ReadBodyAgainstParser"), 0.5, 0.8);
+    AddBodyGoals(goals, QStringLiteral("3b"), QStringLiteral("bare simdjson program"),
+                 QStringLiteral("ReadBodyAgainstBareReader"), 1.5, 2.2);
+    goals.append({QStringLiteral("3c"),
+                  QStringLiteral("peak memory of a search beyond what stays, per byte of body, 100,000"),
+                  QStringLiteral("SearchMemory/100000"),
+                  c_figure,
+                  Judgement::AtMost,
+                  1.6,
+                  0,
+                  {}});
+    for (const int count : {10000, 100000}) {
+        goals.append({QStringLiteral("3d"),
+                      QStringLiteral("longest stall of a search / the same with QJsonDocument, %1")
+                          .arg(Thousands(count)),
+                      QStringLiteral("SearchStall/%1").arg(count),
+                      c_figure,
+                      Judgement::AtMost,
+                      0.5,
+                      0.5,
                       {}});
     }
 }
@@ -86,13 +129,17 @@ void AddTableGoals(QList<Goal>& goals)
     goals.append({QStringLiteral("6"), QStringLiteral("sort by the id, a hidden column, 10,000"),
                   QStringLiteral("SortTable/10000/0"), c_figure, Judgement::Note, 0, -1,
                   QStringLiteral("x faster")});
-    goals.append({QStringLiteral("7"),
-                  QStringLiteral("country list of 100,000 venues, 12 countries, against the literal"),
-                  QStringLiteral("CountryList/100000/0"), c_figure, Judgement::TimesFaster, 3, 3,
-                  QStringLiteral("x faster")});
-    goals.append({QStringLiteral("7"), QStringLiteral("the same, 60 countries"),
-                  QStringLiteral("CountryList/100000/60"), c_figure, Judgement::TimesFaster, 3, 3,
-                  QStringLiteral("x faster")});
+    for (const int countries : {0, 60}) {
+        goals.append({QStringLiteral("7"),
+                      QStringLiteral("country list / reading the reply, 100,000 venues, %1 countries")
+                          .arg(countries == 0 ? 12 : countries),
+                      QStringLiteral("CountryList/100000/%1").arg(countries),
+                      c_figure,
+                      Judgement::AtMost,
+                      0.15,
+                      0.15,
+                      {}});
+    }
 }
 
 void AddNetworkGoals(QList<Goal>& goals)
@@ -130,7 +177,7 @@ void AddNetworkGoals(QList<Goal>& goals)
                   0,
                   {}});
     goals.append({QStringLiteral("10"), QStringLiteral("memory per venue with 416 bytes of text, 100,000"),
-                  QStringLiteral("RecordMemory/100000/10"), c_figure, Judgement::AtMost, 1.1 * 1024, 0,
+                  QStringLiteral("RecordMemory/100000/10"), c_figure, Judgement::AtMost, 1100, 0,
                   QStringLiteral("bytes")});
     goals.append({QStringLiteral("11"), QStringLiteral("heap growth per fetched picture"),
                   QStringLiteral("PictureMemory"), c_figure, Judgement::AtMost, 1024, 0,

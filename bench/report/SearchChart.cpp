@@ -16,9 +16,11 @@ struct Phase
 };
 
 constexpr std::array c_phases{
-    Phase{"tlsMs", "Connection and TLS", 0xff5b6b8c}, Phase{"serverMs", "Waiting for the server", 0xffb8c0cc},
-    Phase{"networkMs", "Transfer", 0xff8fb3d9},       Phase{"parseMs", "JSON parse", 0xffe0a458},
-    Phase{"recordsMs", "Records", 0xffd9734e},        Phase{"modelMs", "Model", 0xff6aa57c},
+    Phase{"tlsMs", "Connection and TLS", 0xff5b6b8c},
+    Phase{"serverMs", "Waiting for the server", 0xffb8c0cc},
+    Phase{"networkMs", "Transfer", 0xff8fb3d9},
+    Phase{"recordsMs", "Records", 0xffd9734e},
+    Phase{"modelMs", "Model", 0xff6aa57c},
     Phase{"viewMs", "Table painted", 0xff2f7d6d},
 };
 constexpr std::array c_sizes{100, 1000, 10000};
