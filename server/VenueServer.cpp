@@ -2,7 +2,6 @@
 
 #include <server/api/VenueService.h>
 #include <server/faults/FaultPlan.h>
-#include <server/http/TlsHttpServer.h>
 #include <server/network/ConnectForwarder.h>
 
 namespace korvel::Demo {
@@ -26,7 +25,10 @@ VenueServer::VenueServer(const Options& options, QObject* parent)
     , m_service(std::make_unique<VenueService>(
           options.host, options.pictureSource ? options.pictureSource : VenuePicture::Make))
     , m_faults(std::make_unique<FaultPlan>())
-    , m_forwarder(std::make_unique<ConnectForwarder>(m_log))
+    , m_forwarder(
+          std::make_unique<ConnectForwarder>(m_authority, *m_faults, *m_log, [this](const Request& request) {
+              return m_service->AnswerTo(request);
+          }))
 {
     AddHost(options.host);
 }
@@ -38,19 +40,8 @@ VenueServer::~VenueServer()
 
 bool VenueServer::Start()
 {
-    Stop();
-    m_server = std::make_unique<TlsHttpServer>(
-        m_options.host, m_authority, *m_forwarder, *m_faults, *m_log,
-        [this](const Request& request) { return m_service->AnswerTo(request); });
-    const quint16 upstreamPort = m_server->Start();
-    if (upstreamPort == 0) {
-        m_errorText = QStringLiteral("No free port on 127.0.0.1");
-        m_server.reset();
-        return false;
-    }
-    if (!m_forwarder->Start(m_proxyPort, m_httpsPort, upstreamPort)) {
+    if (!m_forwarder->Start(m_proxyPort, m_httpsPort)) {
         m_errorText = m_forwarder->ErrorText();
-        m_server.reset();
         return false;
     }
     m_errorText.clear();
@@ -61,16 +52,12 @@ bool VenueServer::Start()
 
 void VenueServer::Stop()
 {
-    if (m_server != nullptr) {
-        // The forwarder first: it throws the clients out, which ends what the server is doing for them.
-        m_forwarder->Stop();
-        m_server.reset();
-    }
+    m_forwarder->Stop();
 }
 
 bool VenueServer::IsRunning() const
 {
-    return m_server != nullptr;
+    return m_forwarder->IsRunning();
 }
 
 QString VenueServer::ErrorText() const

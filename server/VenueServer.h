@@ -18,7 +18,6 @@ namespace korvel::Demo {
 
 class ConnectForwarder;
 class FaultPlan;
-class TlsHttpServer;
 class VenueService;
 
 /// The venue database's world on one machine: an HTTPS server with a catalogue, reached through an HTTP
@@ -112,7 +111,6 @@ private:
     std::unique_ptr<VenueService> m_service;
     std::unique_ptr<FaultPlan> m_faults;
     std::unique_ptr<ConnectForwarder> m_forwarder;
-    std::unique_ptr<TlsHttpServer> m_server;
 };
 
 } // namespace korvel::Demo

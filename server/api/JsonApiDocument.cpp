@@ -1,5 +1,7 @@
 #include <server/api/JsonApiDocument.h>
 
+#include <server/log/Answer.h>
+
 #include <QUrl>
 
 namespace korvel::Demo {
@@ -13,22 +15,6 @@ void WriteVersion(JsonWriter& writer)
     writer.Key("meta").BeginObject().Key("links").BeginObject().Key("self").BeginObject();
     writer.Member("href", QStringLiteral("http://jsonapi.org/format/1.0/"));
     writer.EndObject().EndObject().EndObject().EndObject();
-}
-
-QString TitleOf(int status)
-{
-    switch (status) {
-    case 400:
-        return QStringLiteral("Bad Request");
-    case 404:
-        return QStringLiteral("Not Found");
-    case 405:
-        return QStringLiteral("Method Not Allowed");
-    case 503:
-        return QStringLiteral("Service Unavailable");
-    default:
-        return status >= 500 ? QStringLiteral("Internal Server Error") : QStringLiteral("Error");
-    }
 }
 
 QString FileId(const QString& ownerId)
@@ -80,7 +66,7 @@ QByteArray JsonApiDocument::Error(int status, const QString& detail)
     document.BeginObject();
     WriteVersion(document);
     document.Key("errors").BeginArray().BeginObject();
-    document.Member("title", TitleOf(status));
+    document.Member("title", QString::fromLatin1(Answer::StatusText(status)));
     document.Member("status", QString::number(status));
     document.Member("detail", detail);
     document.EndObject().EndArray().EndObject();

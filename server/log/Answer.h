@@ -14,6 +14,9 @@ struct Answer
     QByteArray mediaType;
     QByteArray body;
     QList<std::pair<QByteArray, QByteArray>> headers;
+
+    /// The words behind \p status in the first line of an answer, for example "Not Found".
+    static QByteArray StatusText(int status);
 };
 
 } // namespace korvel::Demo

@@ -59,18 +59,25 @@ QByteArray UniqueName(const QByteArray& words)
     return words + ' ' + QByteArray::number(QRandomGenerator::global()->generate(), 16);
 }
 
-ServerIdentity MakeAuthority(const QByteArray& commonName)
+/// The PEM text that \p write gives to the memory passed.
+template <typename Write> QByteArray PemOf(const Write& write)
 {
-    ServerIdentity authority;
-    authority.key = MakeKey();
-    authority.certificate = MakeCertificate(authority.key.get(), commonName, -c_daySeconds, 2 * c_daySeconds);
-    X509* certificate = authority.certificate.get();
-    X509_set_issuer_name(certificate, X509_get_subject_name(certificate));
-    AddExtension(certificate, certificate, NID_basic_constraints, "critical,CA:TRUE");
-    AddExtension(certificate, certificate, NID_key_usage, "critical,keyCertSign,cRLSign");
-    AddExtension(certificate, certificate, NID_subject_key_identifier, "hash");
-    X509_sign(certificate, authority.key.get(), EVP_sha256());
-    return authority;
+    const std::unique_ptr<BIO, decltype(&BIO_free)> memory(BIO_new(BIO_s_mem()), BIO_free);
+    write(memory.get());
+    char* data = nullptr;
+    const long size = BIO_get_mem_data(memory.get(), &data);
+    return {data, size};
+}
+
+QByteArray PemOf(X509* certificate)
+{
+    return PemOf([certificate](BIO* memory) { PEM_write_bio_X509(memory, certificate); });
+}
+
+QByteArray PemOf(EVP_PKEY* key)
+{
+    return PemOf(
+        [key](BIO* memory) { PEM_write_bio_PrivateKey(memory, key, nullptr, nullptr, 0, nullptr, nullptr); });
 }
 
 } // namespace
@@ -82,6 +89,20 @@ CertificateAuthority::CertificateAuthority()
 {
 }
 
+CertificateAuthority::Signer CertificateAuthority::MakeAuthority(const QByteArray& commonName)
+{
+    Signer authority;
+    authority.key = MakeKey();
+    authority.certificate = MakeCertificate(authority.key.get(), commonName, -c_daySeconds, 2 * c_daySeconds);
+    X509* certificate = authority.certificate.get();
+    X509_set_issuer_name(certificate, X509_get_subject_name(certificate));
+    AddExtension(certificate, certificate, NID_basic_constraints, "critical,CA:TRUE");
+    AddExtension(certificate, certificate, NID_key_usage, "critical,keyCertSign,cRLSign");
+    AddExtension(certificate, certificate, NID_subject_key_identifier, "hash");
+    X509_sign(certificate, authority.key.get(), EVP_sha256());
+    return authority;
+}
+
 QSslCertificate CertificateAuthority::Certificate() const
 {
     return QSslCertificate(Pem(), QSsl::Pem);
@@ -89,11 +110,7 @@ QSslCertificate CertificateAuthority::Certificate() const
 
 QByteArray CertificateAuthority::Pem() const
 {
-    const std::unique_ptr<BIO, decltype(&BIO_free)> memory(BIO_new(BIO_s_mem()), BIO_free);
-    PEM_write_bio_X509(memory.get(), m_authority.certificate.get());
-    char* data = nullptr;
-    const long size = BIO_get_mem_data(memory.get(), &data);
-    return {data, size};
+    return PemOf(m_authority.certificate.get());
 }
 
 ServerIdentity CertificateAuthority::Issue(const QStringList& hosts, CertificateKind kind) const
@@ -103,14 +120,14 @@ ServerIdentity CertificateAuthority::Issue(const QStringList& hosts, Certificate
         : hosts + QStringList{QStringLiteral("localhost")};
     const bool expired = kind == CertificateKind::Expired;
 
-    ServerIdentity server;
+    Signer server;
     server.key = m_serverKey;
     server.certificate = MakeCertificate(server.key.get(), names.constFirst().toLatin1(), -10 * c_daySeconds,
                                          expired ? -c_daySeconds : 2 * c_daySeconds);
     X509* certificate = server.certificate.get();
-    const ServerIdentity& signer = kind == CertificateKind::SelfSigned ? server
-        : kind == CertificateKind::UnknownAuthority                    ? m_unknownAuthority
-                                                                       : m_authority;
+    const Signer& signer = kind == CertificateKind::SelfSigned ? server
+        : kind == CertificateKind::UnknownAuthority            ? m_unknownAuthority
+                                                               : m_authority;
     X509_set_issuer_name(certificate, X509_get_subject_name(signer.certificate.get()));
 
     QByteArrayList alternatives;
@@ -125,7 +142,8 @@ ServerIdentity CertificateAuthority::Issue(const QStringList& hosts, Certificate
     AddExtension(certificate, signer.certificate.get(), NID_ext_key_usage, "serverAuth");
     AddExtension(certificate, signer.certificate.get(), NID_subject_alt_name, alternatives.join(','));
     X509_sign(certificate, signer.key.get(), EVP_sha256());
-    return server;
+    return {.certificate = QSslCertificate(PemOf(certificate), QSsl::Pem),
+            .key = QSslKey(PemOf(server.key.get()), QSsl::Ec, QSsl::Pem)};
 }
 
 } // namespace korvel::Demo

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QSslCertificate>
+#include <QSslKey>
 #include <QStringList>
 
 #include <memory>
@@ -17,8 +18,8 @@ namespace korvel::Demo {
 /// A server certificate with its private key, in memory only.
 struct ServerIdentity
 {
-    std::shared_ptr<X509> certificate;
-    std::shared_ptr<EVP_PKEY> key;
+    QSslCertificate certificate;
+    QSslKey key;
 };
 
 /// A throw-away certificate authority, made anew by every construction (EC P-256, valid for two days).
@@ -39,8 +40,17 @@ public:
     ServerIdentity Issue(const QStringList& hosts, CertificateKind kind = CertificateKind::Good) const;
 
 private:
-    ServerIdentity m_authority;
-    ServerIdentity m_unknownAuthority;
+    /// The same as OpenSSL knows it, which can sign.
+    struct Signer
+    {
+        std::shared_ptr<X509> certificate;
+        std::shared_ptr<EVP_PKEY> key;
+    };
+
+    static Signer MakeAuthority(const QByteArray& commonName);
+
+    Signer m_authority;
+    Signer m_unknownAuthority;
     std::shared_ptr<EVP_PKEY> m_serverKey;
 };
 

@@ -6,6 +6,7 @@
 #include <QHostAddress>
 #include <QMutexLocker>
 #include <QNetworkProxy>
+#include <QSslDiffieHellmanParameters>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -13,9 +14,13 @@
 
 namespace korvel::Demo {
 
-ConnectForwarder::ConnectForwarder(RequestLog* log)
-    : m_log(log)
+ConnectForwarder::ConnectForwarder(const CertificateAuthority& authority, FaultPlan& faults, RequestLog& log,
+                                   HttpConnection::Handler handler)
+    : m_authority(authority)
+    , m_shared{.faults = faults, .log = log, .handler = std::move(handler), .workers = {}}
 {
+    // As many as a client opens connections, so that making pictures holds up no document.
+    m_shared.workers.setMaxThreadCount(8);
     m_thread.setObjectName(QStringLiteral("ConnectForwarder"));
 }
 
@@ -24,10 +29,9 @@ ConnectForwarder::~ConnectForwarder()
     Stop();
 }
 
-bool ConnectForwarder::Start(quint16 proxyPort, quint16 directPort, quint16 upstreamPort)
+bool ConnectForwarder::Start(quint16 proxyPort, quint16 directPort)
 {
     Stop();
-    m_upstreamPort = upstreamPort;
     m_thread.start();
     m_context = new QObject;
     m_context->moveToThread(&m_thread);
@@ -49,6 +53,7 @@ void ConnectForwarder::Stop()
         m_context, [this] { Close(); }, Qt::BlockingQueuedConnection);
     m_thread.quit();
     m_thread.wait();
+    m_shared.workers.waitForDone();
     delete m_context;
     m_context = nullptr;
 }
@@ -69,20 +74,6 @@ void ConnectForwarder::ClearFaults()
 {
     const QMutexLocker lock(&m_mutex);
     m_faults.clear();
-}
-
-ConnectForwarder::ConnectionInfo ConnectForwarder::Info(quint16 upstreamLocalPort) const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_upstreams.value(upstreamLocalPort);
-}
-
-void ConnectForwarder::ResetWhenClosed(quint16 upstreamLocalPort)
-{
-    const QMutexLocker lock(&m_mutex);
-    if (m_upstreams.contains(upstreamLocalPort)) {
-        m_resetWhenClosed.insert(upstreamLocalPort);
-    }
 }
 
 bool ConnectForwarder::KnowsHost(const QString& host) const
@@ -116,17 +107,26 @@ QList<NetworkFault> ConnectForwarder::TakeFaults(const QString& host)
     return due;
 }
 
-void ConnectForwarder::NoteUpstream(quint16 localPort, const ConnectionInfo& info)
+QSslConfiguration ConnectForwarder::TlsFor(const QString& host, CertificateKind kind)
 {
-    const QMutexLocker lock(&m_mutex);
-    m_upstreams.insert(localPort, info);
-}
-
-bool ConnectForwarder::ForgetUpstream(quint16 localPort)
-{
-    const QMutexLocker lock(&m_mutex);
-    m_upstreams.remove(localPort);
-    return m_resetWhenClosed.remove(localPort);
+    QStringList names{host};
+    if (!KnowsHost(host)) {
+        const QMutexLocker lock(&m_mutex);
+        names = QStringList(m_hosts.cbegin(), m_hosts.cend());
+    }
+    QSslConfiguration& tls = m_tls[{names, kind}];
+    if (tls.isNull()) {
+        const ServerIdentity identity = m_authority.Issue(names, kind);
+        tls.setLocalCertificate(identity.certificate);
+        tls.setPrivateKey(identity.key);
+        tls.setPeerVerifyMode(QSslSocket::VerifyNone);
+        // Qt's own are shorter than OpenSSL accepts; elliptic curves do.
+        tls.setDiffieHellmanParameters(QSslDiffieHellmanParameters());
+        // The shortest tickets that there are. None is ever accepted, as each connection has a context of its
+        // own: every client sees the certificate anew, also one that has gone bad.
+        tls.setSslOption(QSsl::SslOptionDisableSessionTickets, true);
+    }
+    return tls;
 }
 
 void ConnectForwarder::Listen(quint16 proxyPort, quint16 directPort)

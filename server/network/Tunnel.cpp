@@ -50,9 +50,6 @@ Tunnel::Tunnel(ConnectForwarder& forwarder, QTcpSocket* client, QObject* parent)
 
 Tunnel::~Tunnel()
 {
-    if (m_upstreamLocalPort != 0) {
-        m_forwarder.ForgetUpstream(m_upstreamLocalPort);
-    }
     m_client->disconnect(this);
     m_client->abort();
     if (m_upstream != nullptr) {
@@ -69,9 +66,9 @@ void Tunnel::StartAsProxy()
 
 void Tunnel::StartDirect()
 {
-    const QString host = QStringLiteral("localhost");
-    m_connectionId = m_forwarder.m_log->AddConnect(ConnectTo(host, m_forwarder.DirectPort()));
-    m_faults = m_forwarder.TakeFaults(host);
+    m_host = QStringLiteral("localhost");
+    m_connectionId = m_forwarder.m_shared.log.AddConnect(ConnectTo(m_host, m_forwarder.DirectPort()));
+    m_faults = m_forwarder.TakeFaults(m_host);
     if (FindFault(NetworkFault::Kind::RefuseConnection) != nullptr) {
         ResetClient();
         return;
@@ -105,14 +102,14 @@ void Tunnel::HandleConnect()
         return;
     }
     const qsizetype colon = words.at(1).lastIndexOf(':');
-    const QString host = QString::fromLatin1(words.at(1).left(colon)).toLower();
+    m_host = QString::fromLatin1(words.at(1).left(colon)).toLower();
     const quint16 port = words.at(1).mid(colon + 1).toUShort();
-    m_connectionId = m_forwarder.m_log->AddConnect(ConnectTo(host, port));
-    m_faults = m_forwarder.TakeFaults(host);
+    m_connectionId = m_forwarder.m_shared.log.AddConnect(ConnectTo(m_host, port));
+    m_faults = m_forwarder.TakeFaults(m_host);
     if (ObeyConnectFaults()) {
         return;
     }
-    if (port != 443 || !m_forwarder.KnowsHost(host)) {
+    if (port != 443 || !m_forwarder.KnowsHost(m_host)) {
         AnswerConnect(502, "Bad Gateway");
         return;
     }
@@ -140,7 +137,7 @@ void Tunnel::AnswerConnect(int status, const QByteArray& reason)
 {
     m_ignoreClient = true;
     if (m_connectionId != 0) {
-        m_forwarder.m_log->SetConnectStatus(m_connectionId, status);
+        m_forwarder.m_shared.log.SetConnectStatus(m_connectionId, status);
     }
     QByteArray answer = "HTTP/1.1 " + QByteArray::number(status) + ' ' + reason + "\r\n";
     if (status == 407) {
@@ -152,27 +149,28 @@ void Tunnel::AnswerConnect(int status, const QByteArray& reason)
 
 void Tunnel::OpenUpstream()
 {
+    int ends[2] = {-1, -1};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
+        AnswerConnect(502, "Bad Gateway");
+        return;
+    }
     m_upstream = new QTcpSocket(this);
     m_upstream->setProxy(QNetworkProxy::NoProxy);
     m_upstream->setReadBufferSize(c_bufferSize);
-    connect(m_upstream, &QTcpSocket::connected, this, &Tunnel::OnUpstreamConnected);
+    m_upstream->setSocketDescriptor(ends[0]);
     connect(m_upstream, &QTcpSocket::readyRead, this, &Tunnel::PumpDown);
     connect(m_upstream, &QTcpSocket::bytesWritten, this, &Tunnel::PumpUp);
     connect(m_upstream, &QTcpSocket::disconnected, this, &Tunnel::OnUpstreamDisconnected);
-    connect(m_upstream, &QTcpSocket::errorOccurred, this, [this] { AnswerConnect(502, "Bad Gateway"); });
-    m_upstream->connectToHost(QHostAddress(QHostAddress::LocalHost), m_forwarder.m_upstreamPort);
+    const NetworkFault* fault = FindFault(NetworkFault::Kind::BadCertificate);
+    m_http = new HttpConnection(m_forwarder.m_shared, m_connectionId, this);
+    m_http->Start(ends[1],
+                  m_forwarder.TlsFor(m_host, fault == nullptr ? CertificateKind::Good : fault->certificate));
+    SetUpShaping();
+    OpenTunnel();
 }
 
-void Tunnel::OnUpstreamConnected()
+void Tunnel::SetUpShaping()
 {
-    // From here on a failure is a broken tunnel, no longer an answer to CONNECT.
-    disconnect(m_upstream, &QTcpSocket::errorOccurred, this, nullptr);
-    m_upstream->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    m_upstreamLocalPort = m_upstream->localPort();
-    ConnectForwarder::ConnectionInfo info{.connectionId = m_connectionId};
-    if (const NetworkFault* fault = FindFault(NetworkFault::Kind::BadCertificate)) {
-        info.certificate = fault->certificate;
-    }
     if (const NetworkFault* fault = FindFault(NetworkFault::Kind::Latency)) {
         m_latency = static_cast<int>(fault->value);
     }
@@ -197,11 +195,13 @@ void Tunnel::OnUpstreamConnected()
         });
         m_allowance = 1;
     }
-    m_forwarder.NoteUpstream(m_upstreamLocalPort, info);
+}
 
+void Tunnel::OpenTunnel()
+{
     m_isOpen = true;
     if (m_isProxy) {
-        m_forwarder.m_log->SetConnectStatus(m_connectionId, 200);
+        m_forwarder.m_shared.log.SetConnectStatus(m_connectionId, 200);
         m_client->write("HTTP/1.1 200 Connection established\r\n\r\n");
         m_client->flush();
     }
@@ -234,8 +234,7 @@ void Tunnel::OnClientDisconnected()
 void Tunnel::OnUpstreamDisconnected()
 {
     m_upstreamClosed = true;
-    m_resetAtEnd = m_forwarder.ForgetUpstream(m_upstreamLocalPort);
-    m_upstreamLocalPort = 0;
+    m_resetAtEnd = m_http->WantsReset();
     PumpDown();
 }
 

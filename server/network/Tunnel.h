@@ -14,7 +14,10 @@ class QTcpSocket;
 
 namespace korvel::Demo {
 
-/// One client connection of the forwarder and its way on to the TLS server, with what goes wrong on it.
+/// One client connection of the forwarder and its way on to the server, with what goes wrong on it.
+///
+/// The way on is a pair of connected sockets with an HttpConnection behind it, so that everything here speaks
+/// of the bytes of TLS.
 ///
 /// Lives in the forwarder's thread and deletes itself when both ends are closed.
 class Tunnel : public QObject
@@ -41,7 +44,6 @@ private:
 
     void OnClientReadyRead();
     void OnClientDisconnected();
-    void OnUpstreamConnected();
     void OnUpstreamDisconnected();
     void OnLateTimeout();
 
@@ -49,6 +51,8 @@ private:
     bool ObeyConnectFaults();
     void AnswerConnect(int status, const QByteArray& reason);
     void OpenUpstream();
+    void SetUpShaping();
+    void OpenTunnel();
     void PumpUp();
     void PumpDown();
     qint64 Allowance(qint64 wanted);
@@ -61,6 +65,8 @@ private:
     ConnectForwarder& m_forwarder;
     QTcpSocket* m_client = nullptr;
     QTcpSocket* m_upstream = nullptr;
+    HttpConnection* m_http = nullptr;
+    QString m_host;
     qint64 m_connectionId = 0;
     QList<NetworkFault> m_faults;
     QByteArray m_header;
@@ -69,7 +75,6 @@ private:
     bool m_ignoreClient = false;
     bool m_upstreamClosed = false;
     bool m_resetAtEnd = false;
-    quint16 m_upstreamLocalPort = 0;
 
     qint64 m_bytesUntilReset = -1;
     int m_latency = 0;

@@ -7,6 +7,7 @@
 #include <QNetworkReply>
 #include <QSignalSpy>
 #include <QSslError>
+#include <QSslSocket>
 #include <QTcpSocket>
 #include <QTest>
 
@@ -42,6 +43,8 @@ private Q_SLOTS:
     void HeaderMayComeInPieces();
     void HeaderWithoutAnEndIsRefused();
     void EachNameHasItsCertificate();
+    void EachConnectionShowsItsCertificate_data();
+    void EachConnectionShowsItsCertificate();
 
     void RefusedConnections_data();
     void RefusedConnections();
@@ -193,6 +196,38 @@ void tst_ConnectForwarder::EachNameHasItsCertificate()
         QCOMPARE(outcome.error, QNetworkReply::NoError);
         QCOMPARE(outcome.status, 200);
         QCOMPARE(m_server->Log().LastRequest().host, host);
+    }
+}
+
+void tst_ConnectForwarder::EachConnectionShowsItsCertificate_data()
+{
+    QTest::addColumn<QSsl::SslProtocol>("protocol");
+    QTest::newRow("TLS 1.2") << QSsl::TlsV1_2;
+    QTest::newRow("TLS 1.3") << QSsl::TlsV1_3;
+}
+
+void tst_ConnectForwarder::EachConnectionShowsItsCertificate()
+{
+    QFETCH(QSsl::SslProtocol, protocol);
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setProtocol(protocol);
+    configuration.setSslOption(QSsl::SslOptionDisableSessionPersistence, false);
+    for (const bool isGood : {true, false}) {
+        QSslSocket socket;
+        socket.setProxy(QNetworkProxy::NoProxy);
+        socket.setSslConfiguration(configuration);
+        socket.connectToHostEncrypted(QStringLiteral("localhost"), m_server->HttpsPort());
+        QCOMPARE(socket.waitForEncrypted(5000), isGood);
+        if (isGood) {
+            socket.write("GET / HTTP/1.1\r\n\r\n");
+            QVERIFY(socket.waitForReadyRead(5000));
+            // A session that could be resumed would hide the certificate that has gone bad meanwhile.
+            configuration.setSessionTicket(socket.sslConfiguration().sessionTicket());
+            QVERIFY(!configuration.sessionTicket().isEmpty());
+            NetworkFault fault = FaultOf(Kind::BadCertificate);
+            fault.certificate = CertificateKind::Expired;
+            m_server->AddFault(fault);
+        }
     }
 }
 

@@ -10,6 +10,8 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QRegularExpression>
+#include <QScopeGuard>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QSslSocket>
 #include <QTest>
@@ -60,6 +62,9 @@ private Q_SLOTS:
     void OtherMethodsAreRefused();
     void QuestionMarksInTheQueryAreText();
     void ConnectionIsKeptAfterARefusedBody();
+    void HeadIsAnsweredWithoutABody();
+    void RequestsOnTheWire_data();
+    void RequestsOnTheWire();
     void PicturesAndFilesAreServedWhereTheDocumentSays();
 
     void PictureThatCannotBeMadeIsNotFound();
@@ -83,6 +88,8 @@ private Q_SLOTS:
     void RestartTakesTheSamePorts();
     void PortInUseIsReported();
     void HangingConnectionsKeepNobodyWaiting();
+    void PicturesThatTakeTimeKeepNobodyWaiting();
+    void StopInterruptsABodyThatNobodyReads();
     void GuardRestoresTheApplication();
 
 private:
@@ -291,6 +298,78 @@ void tst_VenueServer::ConnectionIsKeptAfterARefusedBody()
     QCOMPARE(OutcomeOf(m_manager->get(request)).status, 200);
     QCOMPARE(m_server->Log().RequestCount(), 2);
     QCOMPARE(m_server->Log().TlsConnectionCount(), 1);
+}
+
+void tst_VenueServer::HeadIsAnsweredWithoutABody()
+{
+    const QNetworkRequest request(Url(QStringLiteral("/api/venue")));
+    const qsizetype size = OutcomeOf(m_manager->get(request)).body.size();
+    QNetworkReply* reply = m_manager->head(request);
+    QTRY_VERIFY(reply->isFinished());
+    QCOMPARE(reply->header(QNetworkRequest::ContentLengthHeader).toLongLong(), size);
+    const Outcome outcome = OutcomeOf(reply);
+    QCOMPARE(outcome.status, 200);
+    QCOMPARE(outcome.contentType, c_jsonApi);
+    QCOMPARE(outcome.body, QByteArray());
+    QCOMPARE(m_server->Log().TlsConnectionCount(), 1);
+}
+
+void tst_VenueServer::RequestsOnTheWire_data()
+{
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<QList<int>>("statuses");
+    QTest::addColumn<bool>("isKept");
+    const QByteArray first = "GET /first HTTP/1.1\r\nHost: localhost\r\n";
+    const QByteArray second = "GET /second HTTP/1.1\r\n\r\n";
+    using Statuses = QList<int>;
+    QTest::newRow("one") << first + "\r\n" << Statuses{404} << true;
+    QTest::newRow("two at once") << first + "\r\n" + second << Statuses{404, 404} << true;
+    QTest::newRow("the last one") << first + "Connection: close\r\n\r\n" + second << Statuses{404} << false;
+    QTest::newRow("older client") << QByteArray("GET / HTTP/1.0\r\n\r\n") + second << Statuses{404} << false;
+    QTest::newRow("older client that stays") << QByteArray("GET / HTTP/1.0\r\nConnection: Keep-Alive\r\n\r\n")
+            + second << Statuses{404, 404} << true;
+    QTest::newRow("body of a GET") << first + "Content-Length: 5\r\n\r\nGET /" + second << Statuses{404, 404}
+                                   << true;
+    QTest::newRow("body in chunks") << QByteArray(
+                                           "POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n")
+            + second << Statuses{405}
+                                    << false;
+    QTest::newRow("not HTTP") << QByteArray("Good morning\r\n\r\n") + second << Statuses{400} << false;
+    QTest::newRow("blank line") << "\r\n\r\n" + second << Statuses{400} << false;
+    QTest::newRow("long target") << "GET /" + QByteArray(9000, 'x') + " HTTP/1.1\r\n\r\n"
+                                 << Statuses{414} << false;
+    QTest::newRow("target without an end") << "GET /" + QByteArray(70000, 'x') << Statuses{414} << false;
+    QTest::newRow("head without an end") << first + "X: " + QByteArray(70000, 'x') << Statuses{400} << false;
+}
+
+void tst_VenueServer::RequestsOnTheWire()
+{
+    QFETCH(QByteArray, request);
+    QFETCH(QList<int>, statuses);
+    QFETCH(bool, isKept);
+    QSslSocket socket;
+    socket.setProxy(QNetworkProxy::NoProxy);
+    socket.connectToHostEncrypted(QStringLiteral("localhost"), m_server->HttpsPort());
+    QVERIFY2(socket.waitForEncrypted(5000), qPrintable(socket.errorString()));
+    QByteArray received;
+    const auto receivedStatuses = [&socket, &received] {
+        received += socket.readAll();
+        static const QRegularExpression c_line(QStringLiteral("HTTP/1.1 (\\d+) "));
+        QList<int> found;
+        for (const auto& match : c_line.globalMatch(QString::fromLatin1(received))) {
+            found.append(match.captured(1).toInt());
+        }
+        return found;
+    };
+    socket.write(request);
+    QTRY_COMPARE(receivedStatuses(), statuses);
+    if (isKept) {
+        socket.write("GET /later HTTP/1.1\r\n\r\n");
+        QTRY_COMPARE(receivedStatuses(), statuses + QList<int>{404});
+    } else {
+        QTRY_COMPARE(socket.state(), QAbstractSocket::UnconnectedState);
+        QCOMPARE(receivedStatuses(), statuses);
+    }
 }
 
 void tst_VenueServer::PicturesAndFilesAreServedWhereTheDocumentSays()
@@ -606,6 +685,51 @@ void tst_VenueServer::HangingConnectionsKeepNobodyWaiting()
     }
     QTRY_COMPARE_WITH_TIMEOUT(m_server->Log().RequestCount(QStringLiteral("hang")), 90, 20000);
     QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+}
+
+void tst_VenueServer::PicturesThatTakeTimeKeepNobodyWaiting()
+{
+    const auto painted = std::make_shared<QSemaphore>();
+    const auto letGo = qScopeGuard([painted] { painted->release(); });
+    VenueServer::Options options = TestOptions();
+    options.pictureSource = [painted](const auto&, const auto&, QSize) {
+        painted->acquire();
+        return c_smallPicture;
+    };
+    m_guard.reset();
+    const VenueCatalogue catalogue = *m_server->Catalogue();
+    m_server = std::make_unique<VenueServer>(options);
+    m_server->SetCatalogue(catalogue);
+    QVERIFY2(m_server->Start(), qPrintable(m_server->ErrorText()));
+    m_guard = m_server->InstallInApplication();
+
+    QNetworkReply* picture = Send(Url(QStringLiteral("/files/pictures/pic-1-1-small.jpg")));
+    QTRY_COMPARE(m_server->Log().RequestCount(QStringLiteral("pic-1-1")), 1);
+    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+    QVERIFY(!picture->isFinished());
+    painted->release();
+    QCOMPARE(OutcomeOf(picture).body, c_smallPicture);
+
+    // One that may still be under way when the server stops.
+    QNetworkReply* late = Send(Url(QStringLiteral("/files/pictures/pic-2-1-small.jpg")));
+    QTRY_COMPARE(m_server->Log().RequestCount(QStringLiteral("pic-2-1")), 1);
+    painted->release();
+    m_server->Stop();
+    QVERIFY(OutcomeOf(late).milliseconds < 10000);
+}
+
+void tst_VenueServer::StopInterruptsABodyThatNobodyReads()
+{
+    m_server->AddFault(Fault::On({}).WithBody(QByteArray(20 * 1000 * 1000, 'x')));
+    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    reply->setReadBufferSize(1000);
+    QTRY_VERIFY(reply->bytesAvailable() > 0);
+    QElapsedTimer timer;
+    timer.start();
+    m_server->Stop();
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    reply->setReadBufferSize(0);
+    QVERIFY(OutcomeOf(reply).error != QNetworkReply::NoError);
 }
 
 void tst_VenueServer::GuardRestoresTheApplication()
