@@ -15,6 +15,7 @@ struct NetworkFault
         RefuseConnection, ///< the proxy closes the connection instead of answering CONNECT
         AnswerConnect, ///< CONNECT is answered with the status \a value, for example 403, 407 or 502
         NeverAnswer, ///< CONNECT is never answered
+        NoProxy, ///< CONNECT is answered as by a server of mail
         BadCertificate, ///< the server shows \a certificate
         GarbageInsteadOfTls, ///< the tunnel opens, then bytes arrive that are no TLS
         ResetAfter, ///< TCP reset once \a value bytes (TLS included) have gone to the client; 0: at once

@@ -83,23 +83,25 @@ QByteArray PemOf(EVP_PKEY* key)
 } // namespace
 
 CertificateAuthority::CertificateAuthority()
-    : m_authority(MakeAuthority(UniqueName("Throw-away venue server authority")))
-    , m_unknownAuthority(MakeAuthority("Authority that nobody trusts"))
+    : m_authority(MakeAuthority(UniqueName("Throw-away venue server authority"), 2 * c_daySeconds))
+    , m_unknownAuthority(MakeAuthority("Authority that nobody trusts", 2 * c_daySeconds))
     , m_serverKey(MakeKey())
 {
 }
 
-CertificateAuthority::Signer CertificateAuthority::MakeAuthority(const QByteArray& commonName)
+CertificateAuthority::Signer CertificateAuthority::MakeAuthority(const QByteArray& commonName,
+                                                                 long lastSecond, const Signer* issuer)
 {
     Signer authority;
     authority.key = MakeKey();
-    authority.certificate = MakeCertificate(authority.key.get(), commonName, -c_daySeconds, 2 * c_daySeconds);
+    authority.certificate = MakeCertificate(authority.key.get(), commonName, -10 * c_daySeconds, lastSecond);
+    const Signer& signer = issuer == nullptr ? authority : *issuer;
     X509* certificate = authority.certificate.get();
-    X509_set_issuer_name(certificate, X509_get_subject_name(certificate));
-    AddExtension(certificate, certificate, NID_basic_constraints, "critical,CA:TRUE");
-    AddExtension(certificate, certificate, NID_key_usage, "critical,keyCertSign,cRLSign");
-    AddExtension(certificate, certificate, NID_subject_key_identifier, "hash");
-    X509_sign(certificate, authority.key.get(), EVP_sha256());
+    X509_set_issuer_name(certificate, X509_get_subject_name(signer.certificate.get()));
+    AddExtension(certificate, signer.certificate.get(), NID_basic_constraints, "critical,CA:TRUE");
+    AddExtension(certificate, signer.certificate.get(), NID_key_usage, "critical,keyCertSign,cRLSign");
+    AddExtension(certificate, signer.certificate.get(), NID_subject_key_identifier, "hash");
+    X509_sign(certificate, signer.key.get(), EVP_sha256());
     return authority;
 }
 
@@ -119,14 +121,21 @@ ServerIdentity CertificateAuthority::Issue(const QStringList& hosts, Certificate
         ? QStringList{QStringLiteral("somebody-else.example")}
         : hosts + QStringList{QStringLiteral("localhost")};
     const bool expired = kind == CertificateKind::Expired;
+    const bool isKeyShort = kind == CertificateKind::ShortKey;
+    const Signer intermediate
+        = MakeAuthority("Intermediate venue server authority",
+                        (kind == CertificateKind::ExpiredIntermediate ? -3 : 2) * c_daySeconds, &m_authority);
 
     Signer server;
-    server.key = m_serverKey;
+    server.key = isKeyShort ? std::shared_ptr<EVP_PKEY>(EVP_RSA_gen(1024), EVP_PKEY_free) : m_serverKey;
     server.certificate = MakeCertificate(server.key.get(), names.constFirst().toLatin1(), -10 * c_daySeconds,
                                          expired ? -c_daySeconds : 2 * c_daySeconds);
     X509* certificate = server.certificate.get();
+    const bool isIndirect
+        = kind == CertificateKind::MissingIntermediate || kind == CertificateKind::ExpiredIntermediate;
     const Signer& signer = kind == CertificateKind::SelfSigned ? server
         : kind == CertificateKind::UnknownAuthority            ? m_unknownAuthority
+        : isIndirect                                           ? intermediate
                                                                : m_authority;
     X509_set_issuer_name(certificate, X509_get_subject_name(signer.certificate.get()));
 
@@ -142,8 +151,12 @@ ServerIdentity CertificateAuthority::Issue(const QStringList& hosts, Certificate
     AddExtension(certificate, signer.certificate.get(), NID_ext_key_usage, "serverAuth");
     AddExtension(certificate, signer.certificate.get(), NID_subject_alt_name, alternatives.join(','));
     X509_sign(certificate, signer.key.get(), EVP_sha256());
-    return {.certificate = QSslCertificate(PemOf(certificate), QSsl::Pem),
-            .key = QSslKey(PemOf(server.key.get()), QSsl::Ec, QSsl::Pem)};
+    QList<QSslCertificate> chain{QSslCertificate(PemOf(certificate), QSsl::Pem)};
+    if (kind == CertificateKind::ExpiredIntermediate) {
+        chain.append(QSslCertificate(PemOf(intermediate.certificate.get()), QSsl::Pem));
+    }
+    return {.chain = chain,
+            .key = QSslKey(PemOf(server.key.get()), isKeyShort ? QSsl::Rsa : QSsl::Ec, QSsl::Pem)};
 }
 
 } // namespace korvel::Demo

@@ -18,7 +18,7 @@ namespace korvel::Demo {
 /// A server certificate with its private key, in memory only.
 struct ServerIdentity
 {
-    QSslCertificate certificate;
+    QList<QSslCertificate> chain; ///< what the server sends, its own certificate first
     QSslKey key;
 };
 
@@ -47,7 +47,8 @@ private:
         std::shared_ptr<EVP_PKEY> key;
     };
 
-    static Signer MakeAuthority(const QByteArray& commonName);
+    /// An authority that \p issuer has signed or, without one, itself, valid until \p lastSecond from now.
+    static Signer MakeAuthority(const QByteArray& commonName, long lastSecond, const Signer* issuer = nullptr);
 
     Signer m_authority;
     Signer m_unknownAuthority;

@@ -14,6 +14,27 @@
 
 namespace korvel::Demo {
 
+namespace {
+
+/// What the kinds of certificates want of TLS itself.
+void AdjustProtocol(QSslConfiguration& tls, CertificateKind kind)
+{
+    if (kind == CertificateKind::OldTls) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        tls.setProtocol(QSsl::TlsV1_1);
+        QT_WARNING_POP
+    } else if (kind == CertificateKind::ClientDemandedTls12) {
+        tls.setProtocol(QSsl::TlsV1_2);
+    }
+    if (kind == CertificateKind::ClientDemanded || kind == CertificateKind::ClientDemandedTls12) {
+        tls.setPeerVerifyMode(QSslSocket::VerifyPeer);
+        tls.setMissingCertificateIsFatal(true);
+    }
+}
+
+} // namespace
+
 ConnectForwarder::ConnectForwarder(const CertificateAuthority& authority, FaultPlan& faults, RequestLog& log,
                                    HttpConnection::Handler handler)
     : m_authority(authority)
@@ -117,7 +138,7 @@ QSslConfiguration ConnectForwarder::TlsFor(const QString& host, CertificateKind 
     QSslConfiguration& tls = m_tls[{names, kind}];
     if (tls.isNull()) {
         const ServerIdentity identity = m_authority.Issue(names, kind);
-        tls.setLocalCertificate(identity.certificate);
+        tls.setLocalCertificateChain(identity.chain);
         tls.setPrivateKey(identity.key);
         tls.setPeerVerifyMode(QSslSocket::VerifyNone);
         // Qt's own are shorter than OpenSSL accepts; elliptic curves do.
@@ -125,6 +146,7 @@ QSslConfiguration ConnectForwarder::TlsFor(const QString& host, CertificateKind 
         // The shortest tickets that there are. None is ever accepted, as each connection has a context of its
         // own: every client sees the certificate anew, also one that has gone bad.
         tls.setSslOption(QSsl::SslOptionDisableSessionTickets, true);
+        AdjustProtocol(tls, kind);
     }
     return tls;
 }

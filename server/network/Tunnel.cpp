@@ -126,6 +126,12 @@ bool Tunnel::ObeyConnectFaults()
         ResetClient();
         return true;
     }
+    if (FindFault(NetworkFault::Kind::NoProxy) != nullptr) {
+        m_ignoreClient = true;
+        m_client->write("220 mail.example ESMTP\r\n502 Unknown command\r\n");
+        m_client->disconnectFromHost();
+        return true;
+    }
     if (const NetworkFault* fault = FindFault(NetworkFault::Kind::AnswerConnect)) {
         AnswerConnect(static_cast<int>(fault->value), "Not This Time");
         return true;

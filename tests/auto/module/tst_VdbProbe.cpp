@@ -5,6 +5,7 @@
 
 #include <tests/support/MessageGuard.h>
 
+#include <QDateTime>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -87,6 +88,8 @@ class tst_VdbProbe : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
+        // OpenSSL in this program, and so the server, may have keys that are too short for any client.
+        qputenv("OPENSSL_CONF", VDB_SOURCE_DIR "/tests/fixtures/openssl-short-keys.cnf");
         QVERIFY(m_folder.isValid());
     }
 
@@ -329,6 +332,7 @@ private Q_SLOTS:
             QTest::newRow(name) << script << arguments << step << words << misleading;
         };
         ProxyCauses(row);
+        CertificateCauses(row);
         StatusCauses(row);
         AnswerCauses(row);
         DataCauses(row);
@@ -351,6 +355,28 @@ private Q_SLOTS:
             QVERIFY2(told.contains(word), qPrintable(told));
         QVERIFY2(misleading.isEmpty() || !told.contains(misleading), qPrintable(told));
         QCOMPARE(run.errors, QString());
+    }
+
+    void ExpiredCertificateIsToldWithItsOwnDate()
+    {
+        With(NetworkFault{.kind = NetworkFault::Kind::BadCertificate,
+                          .certificate = CertificateKind::ExpiredIntermediate,
+                          .host = {}})(*m_server);
+        const QRegularExpression form(u" expired on (\\S+); issuer .+, valid until (\\S+)$"_s);
+        const QString line = Probe().Line(3);
+        const QRegularExpressionMatch match = form.match(line);
+        QVERIFY2(match.hasMatch(), qPrintable(line));
+        const QDateTime now = QDateTime::currentDateTimeUtc();
+        QVERIFY(QDateTime::fromString(match.captured(1), Qt::ISODate) < now);
+        QVERIFY(QDateTime::fromString(match.captured(2), Qt::ISODate) > now);
+    }
+
+    void CertificateThatEndsSoonIsNoFailure()
+    {
+        // The local server's authority is one of two days.
+        const Run run = Probe();
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.Told(3).endsWith(u"hint: The certificate expires soon."_s), qPrintable(run.Told(3)));
     }
 
     void AuthorityMustBeNamed()
@@ -519,11 +545,38 @@ private:
             {u"the proxy answers \"418 Not This Time\""_s, u"not the server's"_s}, {}, answer(418));
         row("web server as proxy", 2,
             {u"the proxy answers \"405 Not This Time\""_s, u"This is no proxy for https"_s}, {}, answer(405));
+        row("mail server as proxy", 2,
+            {u"does not speak HTTP: \"220 mail.example ESMTP"_s, u"This is no proxy for https"_s}, {},
+            With(NetworkFault{.kind = NetworkFault::Kind::NoProxy, .host = {}}));
         row("proxy hangs up", 2, {u"closes the connection without an answer"_s}, {},
             With(NetworkFault{.kind = NetworkFault::Kind::RefuseConnection, .host = {}}));
         row("TLS server as proxy", 2,
             {u"closes the connection without an answer"_s, u"port of an HTTP proxy"_s}, {},
             [](VenueServer&) {}, {u"--proxy"_s, u"HTTPS"_s});
+    }
+    template <typename Row> static void CertificateCauses(const Row& row)
+    {
+        const auto shows = [](CertificateKind kind) {
+            return With(
+                NetworkFault{.kind = NetworkFault::Kind::BadCertificate, .certificate = kind, .host = {}});
+        };
+        row("certificate of another host", 3,
+            {u"is for somebody-else.example, not for the host name venues.korvel.example"_s}, {},
+            shows(CertificateKind::WrongHost));
+        row("missing intermediate certificate", 3,
+            {u"the issuer \"Intermediate venue server authority\" is not trusted here"_s,
+             u"sends its own certificate alone"_s, u"whoever runs the server must add it"_s},
+            {}, shows(CertificateKind::MissingIntermediate));
+        row("expired intermediate certificate", 3,
+            {u"the certificate of \"Intermediate venue server authority\" expired on 2"_s}, {},
+            shows(CertificateKind::ExpiredIntermediate));
+        row("key too short", 3, {u"its key is too short: RSA key of 1024 bits"_s, u"at least 2048 bits"_s},
+            u"Unknown error"_s, shows(CertificateKind::ShortKey));
+        row("old TLS", 3, {u"older than 1.2"_s}, u"does not speak TLS"_s, shows(CertificateKind::OldTls));
+        row("client certificate demanded", 4, {u"demands a client certificate"_s}, u"virus"_s,
+            shows(CertificateKind::ClientDemanded));
+        row("client certificate demanded in TLS 1.2", 3, {u"demands a client certificate"_s},
+            u"does not speak TLS"_s, shows(CertificateKind::ClientDemandedTls12));
     }
     template <typename Row> static void StatusCauses(const Row& row)
     {
@@ -668,7 +721,7 @@ private:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* name :
              {"http_proxy", "https_proxy", "all_proxy", "no_proxy", "HTTP_PROXY", "HTTPS_PROXY", "ALL_PROXY",
-              "NO_PROXY", "QT_LOGGING_RULES", "QT_LOGGING_CONF"})
+              "NO_PROXY", "OPENSSL_CONF", "QT_LOGGING_RULES", "QT_LOGGING_CONF"})
             environment.remove(QString::fromLatin1(name));
         // A sanitized probe: what OpenSSL keeps for Qt's network thread, which may still run at the end,
         // looks like leaks in some runs. The module's own leaks show in the tests that link it.
