@@ -48,7 +48,8 @@ private:
     };
 
     /// An authority that \p issuer has signed or, without one, itself, valid until \p lastSecond from now.
-    static Signer MakeAuthority(const QByteArray& commonName, long lastSecond, const Signer* issuer = nullptr);
+    static Signer MakeAuthority(const QByteArray& commonName, long lastSecond,
+                                const Signer* issuer = nullptr);
 
     Signer m_authority;
     Signer m_unknownAuthority;
