@@ -16,6 +16,9 @@ constexpr int c_maximalDepth = 64;
 
 const char* Find(char character, const char* from, const char* end)
 {
+    // An empty array has no memory to search.
+    if (from == end)
+        return end;
     const void* place = std::memchr(from, character, static_cast<std::size_t>(end - from));
     return place ? static_cast<const char*>(place) : end;
 }
