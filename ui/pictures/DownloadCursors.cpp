@@ -16,7 +16,7 @@ void DownloadCursors::Begin(const QUrl& url)
 {
     // Nothing can report any more.
     if (std::none_of(m_downloads.cbegin(), m_downloads.cend(),
-                     [](const Downloads& downloads) { return downloads.running > 0; }))
+                     [](const auto& download) { return download.second.running > 0; }))
         m_downloads.clear();
 
     Downloads& downloads = m_downloads[url];
@@ -30,20 +30,21 @@ void DownloadCursors::EndOne(const QUrl& url, bool isLast)
     const auto known = m_downloads.find(url);
     if (known == m_downloads.end()) {
         const auto other = std::find_if(m_downloads.begin(), m_downloads.end(),
-                                        [](const Downloads& downloads) { return downloads.awaited > 0; });
+                                        [](const auto& download) { return download.second.awaited > 0; });
         if (other != m_downloads.end())
-            EndWait(*other);
+            EndWait(other->second);
         return;
     }
-    if (known->awaited > 0 && known->awaited == known->running)
-        EndWait(*known);
-    if (isLast && known->running > 0)
-        --known->running;
+    Downloads& downloads = known->second;
+    if (downloads.awaited > 0 && downloads.awaited == downloads.running)
+        EndWait(downloads);
+    if (isLast && downloads.running > 0)
+        --downloads.running;
 }
 
 void DownloadCursors::EndAll()
 {
-    for (Downloads& downloads : m_downloads) {
+    for (auto& [url, downloads] : m_downloads) {
         while (downloads.awaited > 0)
             EndWait(downloads);
     }

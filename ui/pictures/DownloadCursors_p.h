@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QHash>
 #include <QUrl>
+
+#include <map>
 
 namespace korvel::Ui::VenueDatabase {
 
@@ -35,7 +36,7 @@ private:
 
     static void EndWait(Downloads& downloads);
 
-    QHash<QUrl, Downloads> m_downloads;
+    std::map<QUrl, Downloads> m_downloads;
 };
 
 } // namespace korvel::Ui::VenueDatabase
