@@ -9,7 +9,7 @@ namespace {
 constexpr char32_t c_firstOfOtherScripts = 0x0300;
 
 // What a text may cost, in the cost of a plain letter: a third of a microsecond and more.
-constexpr qint64 c_cellLimit = 4 * 1024;
+constexpr qint64 c_cellLimit = 4LL * 1024;
 constexpr qint64 c_screenLimit = 60'000;
 constexpr qint64 c_reasonLimit = 1'500'000;
 
