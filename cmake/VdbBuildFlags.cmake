@@ -21,8 +21,10 @@ if(KVVENUEDATABASE_SANITIZE)
   target_link_options(vdbBuildFlags INTERFACE -fsanitize=${KVVENUEDATABASE_SANITIZE})
 endif()
 
-# Makes a target of this project: our warnings, moc, and nothing visible that is not exported.
+# Makes a target of this project: our warnings, moc, and nothing visible that is not exported. PRECOMPILED names the
+# headers that it need not parse again; see VdbPrecompiled.cmake.
 function(vdb_configure_target target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "PRECOMPILED" "")
   target_link_libraries(${target} PRIVATE vdbBuildFlags)
   set_target_properties(${target} PROPERTIES
     AUTOMOC ON
@@ -30,4 +32,11 @@ function(vdb_configure_target target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
     POSITION_INDEPENDENT_CODE ON)
+  if(arg_PRECOMPILED)
+    target_precompile_headers(${target} REUSE_FROM vdbPrecompiled${arg_PRECOMPILED})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+      # Lets a compiler cache know what a source takes from them.
+      target_compile_options(${target} PRIVATE -fpch-preprocess)
+    endif()
+  endif()
 endfunction()

@@ -71,7 +71,7 @@ VenueRecord CatalogueGenerator::Venue(qsizetype index) const
     QRandomGenerator random({m_settings.seed, static_cast<quint32>(id)});
     const Place& place = c_places[random.bounded(static_cast<quint32>(c_places.size()))];
     // Whole seconds from 2015 on, at most ten years.
-    const QDateTime created = QDateTime::fromSecsSinceEpoch(1420070400 + random.bounded(315360000), Qt::UTC);
+    const QDateTime created = QDateTime::fromSecsSinceEpoch(1420070400 + random.bounded(315360000)).toUTC();
 
     VenueRecord venue;
     venue.entityId = id;

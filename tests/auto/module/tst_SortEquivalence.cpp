@@ -115,20 +115,22 @@ QStringList OddTexts()
 
 QList<QDateTime> OddDates()
 {
+    const auto moment
+        = [](const char* text) { return QDateTime::fromString(QLatin1String(text), Qt::ISODate); };
     return {
         QDateTime(),
         QDateTime(QDate(), QTime(10, 0)),
         QDateTime(QDate(2024, 3, 1), QTime(10, 30)),
-        QDateTime(QDate(2024, 3, 1), QTime(10, 30), Qt::UTC),
-        QDateTime(QDate(2024, 3, 1), QTime(10, 30), Qt::OffsetFromUTC, 50400),
-        QDateTime(QDate(2024, 3, 2), QTime(0, 30), Qt::OffsetFromUTC, -43200),
-        QDateTime(QDate(2024, 3, 4), QTime(0, 0), Qt::UTC),
-        QDateTime(QDate(2024, 3, 5), QTime(0, 0), Qt::UTC),
+        moment("2024-03-01T10:30:00Z"),
+        moment("2024-03-01T10:30:00+14:00"),
+        moment("2024-03-02T00:30:00-12:00"),
+        moment("2024-03-04T00:00:00Z"),
+        moment("2024-03-05T00:00:00Z"),
         // Around the hours that zones skip and repeat, and a day that one zone skipped.
         QDateTime(QDate(2024, 3, 31), QTime(2, 30)),
         QDateTime(QDate(2024, 10, 27), QTime(3, 0)),
         QDateTime(QDate(2024, 10, 27), QTime(1, 59)),
-        QDateTime(QDate(2024, 10, 27), QTime(0, 59), Qt::UTC),
+        moment("2024-10-27T00:59:00Z"),
         QDateTime(QDate(2011, 12, 29), QTime(23, 59)),
         QDateTime(QDate(2011, 12, 30), QTime(12, 0)),
         QDateTime(QDate(2011, 12, 31), QTime(0, 0)),
