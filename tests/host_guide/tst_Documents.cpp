@@ -1,4 +1,4 @@
-#include <tests/support/MessageGuard.h>
+#include <tests/support/StrictTest.h>
 
 #include <ui/VenueDbDialog.h>
 
@@ -7,9 +7,8 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTest>
 
-using korvel::Test::FailOnUnexpectedWarnings;
+using namespace korvel::Test;
 
 namespace {
 
@@ -208,16 +207,11 @@ QSet<QString> Anchors(const QString& path)
 } // namespace
 
 /// The documents against what they describe.
-class tst_Documents : public QObject
+class tst_Documents : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        FailOnUnexpectedWarnings();
-    }
-
     void EveryPieceOfCodeIsCompiledSomewhere_data();
     void EveryPieceOfCodeIsCompiledSomewhere();
     void EverySnippetIsShown();

@@ -1,67 +1,57 @@
-#include <server/VenueServer.h>
-#include <server/catalogue/CatalogueGenerator.h>
+#include <tests/support/Files.h>
+#include <tests/support/GeneratedServer.h>
+#include <tests/support/StrictTest.h>
 
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
 
-using namespace korvel::Demo;
+using namespace korvel::Test;
 
 /// The host guide's first program, built as the guide says, against a venue server of its own. Without
 /// VDB_PLANNER, the program's path, there is nothing to test, which fails.
-class tst_HostGuide : public QObject
+class tst_HostGuide : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void FirstProgramFindsVenues();
-    void FirstProgramRefusesAFileWithoutCertificate();
+    void FirstProgramFindsVenues()
+    {
+        const auto server = GeneratedServer({.venueCount = 20});
+        const QTemporaryDir folder;
+        const QString authority = folder.filePath(QStringLiteral("ca.pem"));
+        WriteFile(authority, server->CaPem());
+
+        QProcess planner;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("vdb.trace=true"));
+        planner.setProcessEnvironment(environment);
+        planner.setProcessChannelMode(QProcess::MergedChannels);
+        planner.start(qEnvironmentVariable("VDB_PLANNER"), {QString::number(server->ProxyPort()), authority});
+        QVERIFY2(planner.waitForStarted(), qPrintable(planner.errorString()));
+
+        // The first search and the list of countries, both without a condition.
+        QByteArray output;
+        const auto hasBothReplies = [&] {
+            output += planner.readAll();
+            return output.count("HTTP status 200") == 2;
+        };
+        QTRY_VERIFY2_WITH_TIMEOUT(hasBothReplies() || planner.state() != QProcess::Running,
+                                  output.constData(), 30000);
+        QCOMPARE(planner.state(), QProcess::Running);
+        QCOMPARE(server->Log().RequestCount(QStringLiteral("/api/venue?include=editor")), 2);
+        QVERIFY2(!output.contains("rror:") && output.count("no error") == 2, output.constData());
+        planner.terminate();
+        QVERIFY(planner.waitForFinished());
+    }
+
+    void FirstProgramRefusesAFileWithoutCertificate()
+    {
+        QProcess planner;
+        planner.start(qEnvironmentVariable("VDB_PLANNER"),
+                      {QStringLiteral("1"), QStringLiteral(VDB_SOURCE_DIR "/README.md")});
+        QVERIFY(planner.waitForFinished());
+        QVERIFY(planner.readAllStandardError().contains("README.md holds no certificate"));
+    }
 };
-
-void tst_HostGuide::FirstProgramFindsVenues()
-{
-    VenueServer server;
-    server.SetCatalogue(CatalogueGenerator({.venueCount = 20}).Catalogue());
-    QVERIFY2(server.Start(), qPrintable(server.ErrorText()));
-    QTemporaryDir folder;
-    QFile caFile(folder.filePath(QStringLiteral("ca.pem")));
-    QVERIFY(caFile.open(QIODevice::WriteOnly));
-    caFile.write(server.CaCertificate().toPem());
-    caFile.close();
-
-    QProcess planner;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("vdb.trace=true"));
-    planner.setProcessEnvironment(environment);
-    planner.setProcessChannelMode(QProcess::MergedChannels);
-    planner.start(qEnvironmentVariable("VDB_PLANNER"),
-                  {QString::number(server.ProxyPort()), caFile.fileName()});
-    QVERIFY2(planner.waitForStarted(), qPrintable(planner.errorString()));
-
-    // The first search and the list of countries, both without a condition.
-    QByteArray output;
-    const auto hasBothReplies = [&] {
-        output += planner.readAll();
-        return output.count("HTTP status 200") == 2;
-    };
-    QTRY_VERIFY2_WITH_TIMEOUT(hasBothReplies() || planner.state() != QProcess::Running, output.constData(),
-                              30000);
-    QCOMPARE(planner.state(), QProcess::Running);
-    QCOMPARE(server.Log().RequestCount(QStringLiteral("/api/venue?include=editor")), 2);
-    QVERIFY2(!output.contains("rror:") && output.count("no error") == 2, output.constData());
-    planner.terminate();
-    QVERIFY(planner.waitForFinished());
-}
-
-void tst_HostGuide::FirstProgramRefusesAFileWithoutCertificate()
-{
-    QProcess planner;
-    planner.start(qEnvironmentVariable("VDB_PLANNER"),
-                  {QStringLiteral("1"), QStringLiteral(VDB_SOURCE_DIR "/README.md")});
-    QVERIFY(planner.waitForFinished());
-    QVERIFY(planner.readAllStandardError().contains("README.md holds no certificate"));
-}
 
 QTEST_GUILESS_MAIN(tst_HostGuide)
 #include "tst_HostGuide.moc"

@@ -9,8 +9,9 @@
 #include <server/network/CertificateAuthority.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/ModalDriver.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QApplication>
 #include <QMessageBox>
@@ -22,17 +23,11 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThreadPool>
 #include <QTimer>
 
-using korvel::Test::ConnectorStub;
-using korvel::Test::FailOnUnexpectedWarnings;
-using korvel::Test::ModalDriver;
-using korvel::Test::NoWindowIsLeft;
-using korvel::Ui::VenueDatabase::VenueDbCentralWidget;
-using korvel::Ui::VenueDatabase::VenueDbDialog;
-using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
@@ -77,7 +72,7 @@ private:
 } // namespace
 
 /// The pieces of code in the host guide do what it says of them.
-class tst_HostGuideSnippets : public QObject
+class tst_HostGuideSnippets : public StrictTest
 {
     Q_OBJECT
 
@@ -90,7 +85,7 @@ private Q_SLOTS:
     }
     void init()
     {
-        FailOnUnexpectedWarnings();
+        StrictTest::init();
         QSettings().clear();
     }
     void cleanup()
@@ -98,7 +93,7 @@ private Q_SLOTS:
         qApp->setStyleSheet(QString());
         QNetworkProxyFactory::setUseSystemConfiguration(false);
         QNetworkProxy::setApplicationProxy(QNetworkProxy::DefaultProxy);
-        QVERIFY(NoWindowIsLeft());
+        StrictTest::cleanup();
     }
 
     void ExplicitProxyCountsForTheApplication();
@@ -262,10 +257,9 @@ void tst_HostGuideSnippets::RefusedImportIsAnsweredTwice()
 
 void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<bool>("answer");
-    QTest::newRow("readable") << QStringLiteral(VDB_SOURCE_DIR "/README.md") << true;
-    QTest::newRow("missing") << QStringLiteral("/no/such/model") << false;
+    const Rows<QString, bool> row("path", "answer");
+    row("readable", QStringLiteral(VDB_SOURCE_DIR "/README.md"), true);
+    row("missing", QStringLiteral("/no/such/model"), false);
 }
 
 void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread()
@@ -364,9 +358,9 @@ void tst_HostGuideSnippets::RetryUsesTheNewConnector()
 
 void tst_HostGuideSnippets::DialogMayBeDeletedInASearch_data()
 {
-    QTest::addColumn<bool>("isLater");
-    QTest::newRow("deleteLater") << true;
-    QTest::newRow("delete") << false;
+    const Rows<bool> row("isLater");
+    row("deleteLater", true);
+    row("delete", false);
 }
 
 void tst_HostGuideSnippets::DialogMayBeDeletedInASearch()
@@ -387,9 +381,9 @@ void tst_HostGuideSnippets::DialogMayBeDeletedInASearch()
 
 void tst_HostGuideSnippets::MainWindowEndsTheApplicationPastItsOpenDialog_data()
 {
-    QTest::addColumn<bool>("isChild");
-    QTest::newRow("child of the main window") << true;
-    QTest::newRow("without a parent") << false;
+    const Rows<bool> row("isChild");
+    row("child of the main window", true);
+    row("without a parent", false);
 }
 
 void tst_HostGuideSnippets::MainWindowEndsTheApplicationPastItsOpenDialog()

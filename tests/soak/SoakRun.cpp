@@ -7,16 +7,16 @@
 #include <ui/VenueDbSignalHandler.h>
 
 #include <bench/HeapUse.h>
-#include <server/catalogue/CatalogueGenerator.h>
+#include <tests/support/GeneratedServer.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
-#include <QBuffer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGraphicsScene>
 #include <QGraphicsView>
-#include <QImage>
 #include <QNetworkReply>
 #include <QPushButton>
 #include <QTableView>
@@ -36,25 +36,6 @@ namespace {
 
 constexpr int c_venues = 6;
 constexpr int c_pictures = 5;
-
-QByteArray SmallPicture(const Demo::VenueRecord& /*venue*/, const Demo::PictureRecord& /*picture*/,
-                        QSize /*size*/)
-{
-    QImage image(60, 40, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-Demo::VenueServer::Options ServerOptions()
-{
-    Demo::VenueServer::Options options;
-    options.pictureSource = SmallPicture;
-    return options;
-}
 
 void Require(bool isTrue, const char* what)
 {
@@ -86,14 +67,11 @@ qint64 EntryCount(const QString& folder)
 
 SoakRun::SoakRun(const Rounds& rounds)
     : m_rounds(rounds)
-    , m_server(ServerOptions())
+    , m_server(Test::GeneratedServer(
+          {.venueCount = c_venues, .picturesPerVenue = c_pictures, .modelFilesPerVenue = 1},
+          Test::EncodedPicture(QSize(60, 40), Qt::darkCyan)))
+    , m_network(m_server->InstallInApplication())
 {
-    m_server.SetCatalogue(
-        Demo::CatalogueGenerator(
-            {.venueCount = c_venues, .picturesPerVenue = c_pictures, .modelFilesPerVenue = 1})
-            .Catalogue());
-    Require(m_server.Start(), "the server starts");
-    m_network = m_server.InstallInApplication();
 
     m_dialog = std::make_unique<VenueDbDialog>();
     // Instead of ConnectVdb(): the replies under this one can be counted.
@@ -162,7 +140,7 @@ void SoakRun::Phase(const QString& name, qint64 rounds, const Step& step)
 Sample SoakRun::TakeSample(const QString& phase, qint64 round)
 {
     // The server notes every request; that is its growth and not the module's.
-    m_server.Log().Clear();
+    m_server->Log().Clear();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return {phase,
@@ -175,7 +153,7 @@ Sample SoakRun::TakeSample(const QString& phase, qint64 round)
 
 void SoakRun::Search()
 {
-    Button(QStringLiteral("Search"))->click();
+    Test::Button(*m_dialog, QStringLiteral("Search"))->click();
     Require(Table()->model()->rowCount() == c_venues, "a search finds all venues");
 }
 
@@ -214,15 +192,6 @@ void SoakRun::Import()
 QTableView* SoakRun::Table() const
 {
     return m_dialog->findChild<QTableView*>();
-}
-
-QPushButton* SoakRun::Button(const QString& text) const
-{
-    for (QPushButton* button : m_dialog->findChildren<QPushButton*>()) {
-        if (button->text() == text)
-            return button;
-    }
-    qFatal("No button \"%s\"", qPrintable(text));
 }
 
 } // namespace korvel::Soak

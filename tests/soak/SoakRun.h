@@ -11,7 +11,6 @@
 #include <functional>
 #include <memory>
 
-class QPushButton;
 class QTableView;
 
 namespace korvel::Ui::VenueDatabase {
@@ -47,10 +46,9 @@ private:
     void Import();
 
     QTableView* Table() const;
-    QPushButton* Button(const QString& text) const;
 
     Rounds m_rounds;
-    Demo::VenueServer m_server;
+    std::unique_ptr<Demo::VenueServer> m_server;
     std::unique_ptr<Demo::ApplicationNetworkGuard> m_network;
     Data::VenueDatabase::ConnectorJsonRest m_connector;
     std::unique_ptr<Ui::VenueDatabase::VenueDbDialog> m_dialog;

@@ -11,6 +11,16 @@ ConnectorStub::ConnectorStub(QObject* parent)
 
 ConnectorStub::~ConnectorStub() = default;
 
+void ConnectorStub::Reset()
+{
+    onFindVenues = nullptr;
+    onGetPictures = nullptr;
+    onGetFiles = nullptr;
+    venues.clear();
+    searches.clear();
+    calls.clear();
+}
+
 ResultStatus ConnectorStub::FindVenueEntries(Filters filters, QList<Venue>& found)
 {
     searches.append(filters);

@@ -22,6 +22,9 @@ public:
     explicit ConnectorStub(QObject* parent = nullptr);
     ~ConnectorStub() override;
 
+    /// Forgets scripts, venues and calls.
+    void Reset();
+
     /// Scripts; one that is not set answers with Ok and \ref venues, or with an empty list.
     std::function<Data::VenueDatabase::ResultStatus(const Filters&, QList<Data::VenueDatabase::Venue>&)>
         onFindVenues;

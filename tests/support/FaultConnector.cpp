@@ -1,5 +1,7 @@
 #include <tests/support/FaultConnector.h>
 
+#include <tests/support/Records.h>
+
 #include <QNetworkAccessManager>
 
 namespace korvel::Test {
@@ -10,9 +12,7 @@ namespace {
 
 QList<Venue> OldVenues()
 {
-    Venue venue;
-    venue.SetComplexName(QStringLiteral("old"));
-    return {venue, venue};
+    return {MakeVenue(-1, QStringLiteral("old")), MakeVenue(-1, QStringLiteral("old"))};
 }
 
 } // namespace
@@ -39,7 +39,7 @@ ResultStatus FaultConnector::FindVenueEntries(Filters filters, QList<Venue>& res
     const ResultStatus status = ConnectorJsonRest::FindVenueEntries(filters, list);
     Note(timer);
     statuses.append(status);
-    found.append(ComplexNames(list));
+    found.append(NamesOf(list));
     if (status == Ok)
         result = list;
     return status;
@@ -74,15 +74,7 @@ void FaultConnector::Note(const QElapsedTimer& timer)
 
 QStringList OldNames()
 {
-    return ComplexNames(OldVenues());
-}
-
-QStringList ComplexNames(const QList<Venue>& venues)
-{
-    QStringList names;
-    for (const Venue& venue : venues)
-        names.append(venue.GetComplexName());
-    return names;
+    return NamesOf(OldVenues());
 }
 
 } // namespace korvel::Test

@@ -46,6 +46,5 @@ private:
 
 /// What stands in the caller's list before a search.
 QStringList OldNames();
-QStringList ComplexNames(const QList<Data::VenueDatabase::Venue>& venues);
 
 } // namespace korvel::Test

@@ -1,5 +1,8 @@
 #include <tests/support/FaultDialog.h>
 
+#include <tests/support/Records.h>
+#include <tests/support/Widgets.h>
+
 #include <ui/PictureSlider.h>
 #include <ui/TsFileOpener.h>
 #include <ui/VenueDbCentralWidget.h>
@@ -7,7 +10,6 @@
 
 #include <QComboBox>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 #include <QTableView>
 
@@ -16,39 +18,10 @@ namespace korvel::Test {
 using namespace Data::VenueDatabase;
 using namespace Ui::VenueDatabase;
 
-namespace {
-
-constexpr QSize c_sliderSize(500, 240);
-constexpr QColor c_darkBackground(49, 49, 49);
-
-QImage Background()
-{
-    QImage image(c_sliderSize, QImage::Format_RGB32);
-    image.fill(c_darkBackground);
-    return image;
-}
-
-/// The slider's look with \p text instead of a picture.
-QImage WithText(const QString& text)
-{
-    QImage image = Background();
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(128, 128, 128));
-    painter.setFont(QFont(QStringLiteral("Verdana"), 40));
-    painter.drawText(QRect(0, 0, 800, 300), Qt::AlignCenter, text);
-    return image;
-}
-
-} // namespace
-
 FaultDialog::FaultDialog()
     : boxes(QMessageBox::Close)
 {
-    Venue venue;
-    venue.SetId(c_venueId);
-    venue.SetComplexName(QStringLiteral("Complex"));
-    connector.venues = {venue};
+    connector.venues = {MakeVenue(c_venueId, QStringLiteral("Complex"))};
     auto* panel = dialog.findChild<VenueDbCentralWidget*>();
     panel->SetConnector(&connector);
     dialog.show();
@@ -79,7 +52,7 @@ TsFileOpener* FaultDialog::Opener() const
 
 QLabel* FaultDialog::Caption() const
 {
-    return Slider()->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    return Test::Caption(*Slider());
 }
 
 QComboBox* FaultDialog::FileBox() const
@@ -99,14 +72,12 @@ QPushButton* FaultDialog::ImportButton() const
 
 QString FaultDialog::Painted() const
 {
-    QImage image(c_sliderSize, QImage::Format_RGB32);
-    // Without its children.
-    Slider()->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    for (const QString& text : {QStringLiteral("No Image"), QStringLiteral("Image failure")}) {
-        if (image == WithText(text))
+    const QImage image = Test::Painted(*Slider());
+    for (const QString& text : {QStringLiteral("No Image"), QStringLiteral("Image failure"), QString()}) {
+        if (image == PaintedText(text))
             return text;
     }
-    return image == Background() ? QString() : QStringLiteral("picture");
+    return QStringLiteral("picture");
 }
 
 QString FaultDialog::Complaint() const

@@ -19,10 +19,10 @@ namespace korvel::Test {
 /// The one request that is to go wrong, and what its honest answer would be.
 struct FaultTarget
 {
-    QRegularExpression request; ///< of path and query as sent
-    QByteArray body; ///< longer than FaultRow::c_begin
-    QByteArray mediaType;
-    QString host; ///< faults of connections concern this host only; empty: every host
+    QRegularExpression request{}; ///< of path and query as sent
+    QByteArray body{}; ///< longer than FaultRow::c_begin
+    QByteArray mediaType{};
+    QString host{}; ///< faults of connections concern this host only; empty: every host
     /// How many requests, each on a connection of its own, go well before.
     int requestsBefore = 0;
     /// Sends those requests; not needed where there are none.

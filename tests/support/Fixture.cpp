@@ -27,4 +27,9 @@ QJsonObject JsonObject(const QByteArray& text)
     return document.object();
 }
 
+QJsonArray Included(const QByteArray& elements)
+{
+    return JsonObject(R"({"included": [)" + elements + "]}").value(QLatin1String("included")).toArray();
+}
+
 } // namespace korvel::Test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 
@@ -12,5 +13,7 @@ QByteArray Fixture(const QString& name);
 QJsonObject FixtureObject(const QString& name);
 /// The JSON object that \p text spells; aborts when it is none.
 QJsonObject JsonObject(const QByteArray& text);
+/// The "included" of a reply with these elements, joined by commas.
+QJsonArray Included(const QByteArray& elements);
 
 } // namespace korvel::Test

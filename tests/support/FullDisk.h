@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <csignal>
 
 #include <sys/resource.h>
@@ -13,8 +15,7 @@ class FullDisk
 public:
     FullDisk();
     ~FullDisk();
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
+    Q_DISABLE_COPY_MOVE(FullDisk)
 
 private:
     rlimit m_oldLimit{};

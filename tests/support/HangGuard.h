@@ -16,8 +16,7 @@ public:
     /// \p limit in milliseconds is what one Watch may last.
     explicit HangGuard(int limit);
     ~HangGuard();
-    HangGuard(const HangGuard&) = delete;
-    HangGuard& operator=(const HangGuard&) = delete;
+    Q_DISABLE_COPY_MOVE(HangGuard)
 
     /// Watches as long as it lives; \p what names it in the message. One at a time.
     class Watch
@@ -25,8 +24,7 @@ public:
     public:
         Watch(HangGuard& guard, const QString& what);
         ~Watch();
-        Watch(const Watch&) = delete;
-        Watch& operator=(const Watch&) = delete;
+        Q_DISABLE_COPY_MOVE(Watch)
 
     private:
         HangGuard& m_guard;

@@ -1,21 +1,25 @@
 #include <tests/support/PictureFixtures.h>
 
 #include <QBuffer>
-#include <QImage>
 
 #include <cstdlib>
 
 namespace korvel::Test {
 
-QByteArray EncodedPicture(const QSize& size, const QColor& color)
+QByteArray Png(const QImage& image)
 {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(color);
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return data;
+}
+
+QByteArray EncodedPicture(const QSize& size, const QColor& color)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    return Png(image);
 }
 
 QString DataUrl(const QByteArray& data, const QString& mediaType)

@@ -2,11 +2,14 @@
 
 #include <QByteArray>
 #include <QColor>
+#include <QImage>
 #include <QSize>
 #include <QString>
 
 namespace korvel::Test {
 
+/// \p image encoded as PNG.
+QByteArray Png(const QImage& image);
 /// A picture of one colour, encoded as PNG.
 QByteArray EncodedPicture(const QSize& size, const QColor& color);
 

@@ -9,6 +9,8 @@
 
 namespace korvel::Test {
 
+constexpr const char* c_jsonApi = "application/vnd.api+json";
+
 /// The local venue server as tests want it: no catalogue, every answer told beforehand, the whole application
 /// led to it. Real TLS on 127.0.0.1 under the module's own host name.
 ///

@@ -11,8 +11,7 @@ class VdbMessages
 public:
     VdbMessages();
     ~VdbMessages();
-    VdbMessages(const VdbMessages&) = delete;
-    VdbMessages& operator=(const VdbMessages&) = delete;
+    Q_DISABLE_COPY_MOVE(VdbMessages)
 
     /// The messages since the last call, in order. Critical ones as they are, others with their severity in
     /// front ("warning: ...").

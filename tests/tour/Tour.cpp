@@ -17,7 +17,8 @@ namespace korvel::Demo {
 
 namespace {
 
-constexpr int c_secondsAtMost = 300;
+/// How long a step may take, in milliseconds.
+constexpr int c_stepLimit = 120'000;
 
 void PrintLine(const QString& line)
 {
@@ -31,7 +32,7 @@ Tour::Tour(VenueServer& server, const QString& folder, const QList<bool>& dayMod
     : m_server(server)
     , m_folder(folder)
     , m_dayModes(dayModes)
-    , m_watchdog(c_secondsAtMost)
+    , m_hangGuard(c_stepLimit)
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     // The two runs close their main windows; the tour ends the application, not they.
@@ -85,7 +86,7 @@ bool Tour::RunStep(const TourStep& step, TourContext& context)
         isTaken = true;
         Require(TakePicture(file), QStringLiteral("the picture can be written"));
     };
-    m_watchdog.SetPlace(heading.toStdString());
+    const Test::HangGuard::Watch watch(m_hangGuard, heading);
     try {
         Hands::WaitUntil([] { return QApplication::activeWindow() != nullptr; },
                          QStringLiteral("a window is active"));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tests/tour/Watchdog.h>
+#include <tests/support/HangGuard.h>
 
 #include <QList>
 #include <QObject>
@@ -37,7 +37,7 @@ private:
     QString m_folder;
     QList<bool> m_dayModes;
     int m_number = 0;
-    Watchdog m_watchdog;
+    Test::HangGuard m_hangGuard;
 };
 
 } // namespace korvel::Demo

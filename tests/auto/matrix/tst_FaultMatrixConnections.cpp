@@ -1,9 +1,7 @@
-#include <data/ConnectorJsonRest.h>
 #include <data/DownloadManager.h>
 
-#include <tests/support/MessageGuard.h>
-#include <tests/support/ScriptedServer.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/ConnectorTest.h>
+#include <tests/support/Rows.h>
 
 #include <QElapsedTimer>
 #include <QHash>
@@ -12,22 +10,15 @@
 #include <QSemaphore>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTest>
 #include <QTimer>
 
-#include <functional>
-#include <memory>
-
-using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Demo::Fault;
-using korvel::Demo::NetworkFault;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
-constexpr const char* c_jsonApi = "application/vnd.api+json";
 const QByteArray c_bytes("\x89PNG\0bytes", 10);
 const QString c_failed = u"Request failed!"_s;
 const QString c_noImage = u"Cannot convert reply. Reply is not an image."_s;
@@ -118,21 +109,14 @@ extern "C" Q_DECL_EXPORT quint32 gss_acquire_cred(quint32*, void*, quint32, void
 
 /// Connections that went bad: what befell one request ends with it, and no request gets what another one
 /// asked for.
-class tst_FaultMatrixConnections : public QObject
+class tst_FaultMatrixConnections : public ConnectorTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_server = std::make_unique<ScriptedServer>();
-    }
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
-        m_connector = std::make_unique<ConnectorJsonRest>();
+        ConnectorTest::init();
         m_downloads = std::make_unique<DownloadManager>();
         m_outcomes.clear();
         connect(m_downloads.get(), &DownloadManager::PictureBinaryDataFinished, this,
@@ -145,20 +129,17 @@ private Q_SLOTS:
     {
         m_downloads.reset();
         m_connector.reset();
-        m_messages.reset();
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
+        VdbMessages::Take();
+        ConnectorTest::cleanup();
     }
 
     // A proxy, or what stands before it, drops a connection before it answers CONNECT.
 
     void SearchSucceedsAfterADrop_data()
     {
-        QTest::addColumn<bool>("isDeleted");
-        QTest::newRow("its wait timed out") << false;
-        QTest::newRow("its caller gave it up") << true;
+        const Rows<bool> row("isDeleted");
+        row("its wait timed out", false);
+        row("its caller gave it up", true);
     }
     void SearchSucceedsAfterADrop()
     {
@@ -205,11 +186,10 @@ private Q_SLOTS:
 
     void OtherDownloadsArriveAfterAFailure_data()
     {
-        QTest::addColumn<Fault>("fault");
-        QTest::newRow("reset before the header") << Fault(Fault::On(u"/lost"_s).WithReset());
-        QTest::newRow("reset in the body")
-            << Fault(Fault::On(u"/lost"_s).WithBody(QByteArray(9000, 'x')).WithResetAfter(500));
-        QTest::newRow("404") << Fault(Fault::On(u"/lost"_s).WithStatus(404).WithBody("x"));
+        const Rows<Fault> row("fault");
+        row("reset before the header", Fault::On(u"/lost"_s).WithReset());
+        row("reset in the body", Fault::On(u"/lost"_s).WithBody(QByteArray(9000, 'x')).WithResetAfter(500));
+        row("404", Fault::On(u"/lost"_s).WithStatus(404).WithBody("x"));
     }
     void OtherDownloadsArriveAfterAFailure()
     {
@@ -288,15 +268,13 @@ private Q_SLOTS:
 
     void Http2IsOffered_data()
     {
-        QTest::addColumn<std::function<void()>>("ask");
-        QTest::addColumn<bool>("isOffered");
-        QTest::newRow("not for a search")
-            << std::function<void()>([this]() { m_connector->SendGetJsonRequest(u"/api/venue"_s, {}); })
-            << false;
-        QTest::newRow("not for the connector's pictures")
-            << std::function<void()>([this]() { Send(u"/bytes"_s); }) << false;
-        QTest::newRow("for downloads side by side")
-            << std::function<void()>([this]() { Download(u"/bytes"_s); }) << true;
+        const Rows<std::function<void()>, bool> row("ask", "isOffered");
+        row(
+            "not for a search", [this]() { m_connector->SendGetJsonRequest(u"/api/venue"_s, {}); }, false);
+        row(
+            "not for the connector's pictures", [this]() { Send(u"/bytes"_s); }, false);
+        row(
+            "for downloads side by side", [this]() { Download(u"/bytes"_s); }, true);
     }
     void Http2IsOffered()
     {
@@ -319,15 +297,14 @@ private Q_SLOTS:
 
     void EarlyAnswer_data()
     {
-        QTest::addColumn<QByteArray>("early");
-        QTest::newRow("102 Processing") << Early("102 Processing");
-        QTest::newRow("103 Early Hints") << Early("103 Early Hints", "Link: </style.css>; rel=preload\r\n");
-        QTest::newRow("103 twice") << Early("103 Early Hints") + Early("103 Early Hints");
-        QTest::newRow("103 with the media type of a picture")
-            << Early("103 Early Hints", "Content-Type: image/png\r\n");
-        QTest::newRow("103 with the media type of a list")
-            << Early("103 Early Hints", "Content-Type: application/vnd.api+json\r\n");
-        QTest::newRow("199") << Early("199 Miscellaneous");
+        const Rows<QByteArray> row("early");
+        row("102 Processing", Early("102 Processing"));
+        row("103 Early Hints", Early("103 Early Hints", "Link: </style.css>; rel=preload\r\n"));
+        row("103 twice", Early("103 Early Hints") + Early("103 Early Hints"));
+        row("103 with the media type of a picture", Early("103 Early Hints", "Content-Type: image/png\r\n"));
+        row("103 with the media type of a list",
+            Early("103 Early Hints", "Content-Type: application/vnd.api+json\r\n"));
+        row("199", Early("199 Miscellaneous"));
     }
 
     void SearchAfterAnEarlyAnswerFindsItsOwn_data()
@@ -546,14 +523,10 @@ private:
     }
     void VerifyMessage(const QString& what, const QString& path)
     {
-        VdbMessages::Verify(
-            {QRegularExpression::escape(what + u" failed: "_s + m_server->Server().Host() + path)
-             + u" - HTTP status \\d+ - .+"_s});
+        VdbMessages::Verify({QRegularExpression::escape(what + u" failed: "_s + m_host + path)
+                             + u" - HTTP status \\d+ - .+"_s});
     }
 
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
-    std::unique_ptr<ConnectorJsonRest> m_connector;
     std::unique_ptr<DownloadManager> m_downloads;
     QHash<QUrl, Outcome> m_outcomes;
 };

@@ -7,10 +7,13 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/FaultDialog.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Files.h>
 #include <tests/support/PictureFixtures.h>
-#include <tests/support/ScriptedServer.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/Records.h>
+#include <tests/support/Replies.h>
+#include <tests/support/Rows.h>
+#include <tests/support/ServerTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QComboBox>
@@ -20,20 +23,12 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTextEdit>
 
-#include <memory>
-
-using namespace korvel::Data::VenueDatabase;
-using namespace korvel::Ui::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Test::DataUrl;
-using korvel::Test::EncodedPicture;
-using korvel::Test::FaultDialog;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
@@ -64,68 +59,36 @@ QByteArray ManyVenues()
 /// One picture of that name and description for each time; its bytes come in the address.
 QByteArray ListOfPictures(int count, const QByteArray& text)
 {
-    QByteArray included;
-    const QByteArray url = DataUrl(SmallPng()).toLatin1();
-    for (int index = 0; index < count; ++index) {
-        const QByteArray id = QByteArray::number(index);
-        included += R"({"type": "picture", "attributes": {"name": ")" + text
-            + R"("}, "relationships": {"file": {"data": {"id": ")" + id + R"(", "meta": {"alt": ")" + text
-            + R"("}}}}}, {"type": "file", "id": ")" + id + R"(", "links": {"small": {"href": ")" + url
-            + "\"}}},";
-    }
-    included.chop(1);
-    return R"({"included": [)" + included + "]}";
-}
-
-QByteArray FileList(const QByteArray& text)
-{
-    return R"({"included": [{"type": "tessra", "attributes": {"name": ")" + text + R"(", "file_version": ")"
-        + text
-        + R"("}, "relationships": {"file": {"data": {"id": "f"}}}},)"
-          R"({"type": "file", "id": "f", "attributes": {"url": "/files/hall.tessra"}}]})";
+    return PictureList(QByteArrayList(count, DataUrl(SmallPng()).toLatin1()), text);
 }
 
 } // namespace
 
 /// Replies that are far larger than any honest one.
-class tst_FaultMatrixLarge : public QObject
+class tst_FaultMatrixLarge : public ServerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_server = std::make_unique<ScriptedServer>();
-    }
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages.reset();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
+        ServerTest::init();
         m_dialog = std::make_unique<FaultDialog>();
     }
     void cleanup()
     {
         m_dialog.reset();
-        QCOMPARE(m_messages->Take(), QStringList());
-        m_messages.reset();
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
+        ServerTest::cleanup();
     }
 
     void SearchReply_data()
     {
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<int>("rows");
+        const Rows<QByteArray, int> row("body", "rows");
         const QByteArray one = R"({"data": [{"attributes": {"title": "A"}}]})";
-        QTest::newRow("100 MB, most of it blanks") << one + QByteArray(100 * c_megabyte, ' ') << 1;
-        QTest::newRow("100 MB, one text") << OneVenueWith(QByteArray(100 * c_megabyte, 'x')) << 1;
-        QTest::newRow("100 MB that are no JSON") << QByteArray(100 * c_megabyte, 'x') << 0;
-        QTest::newRow("100,000 venues") << ManyVenues() << c_manyVenues;
+        row("100 MB, most of it blanks", one + QByteArray(100 * c_megabyte, ' '), 1);
+        row("100 MB, one text", OneVenueWith(QByteArray(100 * c_megabyte, 'x')), 1);
+        row("100 MB that are no JSON", QByteArray(100 * c_megabyte, 'x'), 0);
+        row("100,000 venues", ManyVenues(), c_manyVenues);
     }
     void SearchReply()
     {
@@ -138,14 +101,14 @@ private Q_SLOTS:
         QCOMPARE(m_dialog->boxes.shown, QStringList());
         QCOMPARE(Table()->model()->rowCount(), rows);
         QVERIFY(Connector().longest <= 30'500);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        DeleteWhatIsDue();
     }
 
     void TextsOfOneMegabyte_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::newRow("one word") << QByteArray(c_megabyte, 'W');
-        QTest::newRow("many words") << QByteArray("Wall ").repeated(c_megabyte / 5);
+        const Rows<QByteArray> row("text");
+        row("one word", QByteArray(c_megabyte, 'W'));
+        row("many words", QByteArray("Wall ").repeated(c_megabyte / 5));
     }
     void TextsOfOneMegabyte()
     {
@@ -156,7 +119,7 @@ private Q_SLOTS:
         Connector().asksForFiles = true;
         m_server->AnswerJsonApi(u"from_the"_s, ListOfPictures(2, text));
         // No file system takes a name as long.
-        m_server->AnswerJsonApi(u"include=tessra"_s, FileList(text));
+        m_server->AnswerJsonApi(u"include=tessra"_s, ModelFileList(text, "/files/hall.tessra", text));
         m_server->Answer(u"/files/hall.tessra"_s, "model", "text/plain");
         m_server->AnswerJsonApi(
             u"/api/venue"_s,
@@ -185,7 +148,7 @@ private Q_SLOTS:
         auto* viewer = m_dialog->Slider()->findChild<PictureFullscreenDialog*>();
         m_dialog->Slider()->ShowFullScreen();
         QVERIFY(!viewer->grab().isNull());
-        QCOMPARE(viewer->findChild<PictureView*>()->findChild<QLabel*>()->text(), u"1/2 "_s + shown);
+        QCOMPARE(Caption(*viewer)->text(), u"1/2 "_s + shown);
         viewer->hide();
         // There is no large rendition.
         qsizetype failures = 0;
@@ -197,10 +160,9 @@ private Q_SLOTS:
 
     void PictureList_data()
     {
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<int>("count");
-        QTest::newRow("100 MB") << ListOfPictures(1, "A") + QByteArray(100 * c_megabyte, ' ') << 1;
-        QTest::newRow("40,000 pictures") << ListOfPictures(c_manyPictures, "A") << c_manyPictures;
+        const Rows<QByteArray, int> row("body", "count");
+        row("100 MB", ListOfPictures(1, "A") + QByteArray(100 * c_megabyte, ' '), 1);
+        row("40,000 pictures", ListOfPictures(c_manyPictures, "A"), c_manyPictures);
     }
     void PictureList()
     {
@@ -219,7 +181,7 @@ private Q_SLOTS:
         // The viewer opens on the same one, and steps round the end.
         auto* viewer = m_dialog->Slider()->findChild<PictureFullscreenDialog*>();
         m_dialog->Slider()->ShowFullScreen();
-        const auto* caption = viewer->findChild<PictureView*>()->findChild<QLabel*>();
+        const auto* caption = Caption(*viewer);
         QCOMPARE(caption->text(), u"%1/%1 A"_s.arg(count));
         viewer->OnPictureNavigationRequested(1);
         QCOMPARE(caption->text(), u"1/%1 A"_s.arg(count));
@@ -229,7 +191,7 @@ private Q_SLOTS:
         // None of the pictures has a large rendition: each attempt is logged, once it has failed.
         qsizetype failures = 0;
         QTRY_COMPARE(failures += m_messages->Take().size(), 3);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        DeleteWhatIsDue();
     }
 
     void PictureOf100Megabytes()
@@ -248,9 +210,8 @@ private Q_SLOTS:
 
     void ModelFileOf100Megabytes()
     {
-        const QTemporaryDir folder;
-        qputenv("TMPDIR", QFile::encodeName(folder.path()));
-        m_server->AnswerJsonApi(u"/api/venue"_s, FileList("hall.tessra"));
+        const TempFolder folder;
+        m_server->AnswerJsonApi(u"/api/venue"_s, ModelFileList("hall.tessra"));
         m_server->Answer(u"/files/hall.tessra"_s, QByteArray(100 * c_megabyte, 'm'), "text/plain");
         Connector().asksForFiles = true;
         m_dialog->SelectVenue();
@@ -260,7 +221,6 @@ private Q_SLOTS:
         QCOMPARE(requests.count(), 1);
         QCOMPARE(QFile(requests.first().first().toString()).size(), 100 * c_megabyte);
         QVERIFY(QFile::remove(requests.first().first().toString()));
-        qunsetenv("TMPDIR");
     }
 
     void LargeRenditionOf100Megabytes()
@@ -271,13 +231,9 @@ private Q_SLOTS:
         PictureFullscreenDialog viewer;
         QSignalSpy finished(viewer.findChild<DownloadManager*>(),
                             &DownloadManager::PictureBinaryDataFinished);
-        Picture picture;
-        picture.SetPictureDataSmall(SmallPng());
+        Picture picture = MakePicture(SmallPng());
         picture.SetPictureUrlLarge(ScriptedServer::Url(u"/large.png"_s));
-        QList<Picture> pictures{picture};
-        viewer.SetPictures(&pictures);
-        viewer.Open();
-        viewer.SetPicturesIndex(0);
+        OpenViewer(viewer, {picture});
         QVERIFY(finished.wait(30'000));
         QCOMPARE(finished.first().at(1).toByteArray().size(), bytes.size());
         QCOMPARE(viewer.GetStatusLabel()->text(), QString());
@@ -285,7 +241,7 @@ private Q_SLOTS:
     }
 
 private:
-    korvel::Test::FaultConnector& Connector() const
+    FaultConnector& Connector() const
     {
         return m_dialog->connector;
     }
@@ -298,8 +254,6 @@ private:
         return m_dialog->dialog.findChild<QTableView*>();
     }
 
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
     std::unique_ptr<FaultDialog> m_dialog;
 };
 

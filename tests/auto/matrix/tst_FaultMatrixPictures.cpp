@@ -3,89 +3,48 @@
 
 #include <tests/support/FaultDialog.h>
 #include <tests/support/FaultRows.h>
+#include <tests/support/Files.h>
 #include <tests/support/HostileData.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/Replies.h>
+#include <tests/support/Rows.h>
+#include <tests/support/ServerTest.h>
+#include <tests/support/Widgets.h>
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLabel>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <memory>
-
-using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Test::DataUrl;
-using korvel::Test::EncodedPicture;
-using korvel::Test::FaultDialog;
-using korvel::Test::FaultRow;
-using korvel::Test::FaultTarget;
-using korvel::Test::HostileUrl;
-using korvel::Test::Received;
-using korvel::Test::ScriptedServer;
-using korvel::Test::Signals;
-using korvel::Test::UndecodablePicture;
-using korvel::Test::VdbMessages;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 
 namespace {
 
-constexpr const char* c_jsonApi = "application/vnd.api+json";
 const QString c_secondHost = u"second.example"_s;
-const QString c_listPattern = u"^/api/venue\\?include=from_the"_s;
+const QByteArray c_oddPng = "https://second.example/pictures/odd.png";
 
 QByteArray SmallPng()
 {
     return EncodedPicture(QSize(60, 40), Qt::red);
 }
 
-/// A reply that lists one picture for each of \p urls, its small rendition; "Picture 1" and so on. Longer
-/// than what is cut off.
-QByteArray ListOf(const QStringList& urls)
+/// A reply that lists one picture, whose bytes come in its address.
+QByteArray OnePictureList()
 {
-    QJsonArray included;
-    for (const QString& url : urls) {
-        const QString id = u"f%1"_s.arg(included.size());
-        const QString name = u"Picture %1"_s.arg(included.size() / 2 + 1);
-        included.append(QJsonObject{
-            {u"type"_s, u"picture"_s},
-            {u"attributes"_s, QJsonObject{{u"name"_s, name}}},
-            {u"relationships"_s,
-             QJsonObject{
-                 {u"file"_s,
-                  QJsonObject{{u"data"_s,
-                               QJsonObject{{u"id"_s, id}, {u"meta"_s, QJsonObject{{u"alt"_s, name}}}}}}}}}});
-        included.append(QJsonObject{{u"type"_s, u"file"_s},
-                                    {u"id"_s, id},
-                                    {u"attributes"_s, QJsonObject{{u"url"_s, u"/pictures/odd.png"_s}}},
-                                    {u"links"_s, QJsonObject{{u"small"_s, QJsonObject{{u"href"_s, url}}}}}});
-    }
-    return QJsonDocument(QJsonObject{{u"included"_s, included}}).toJson() + QByteArray(12'000, ' ');
+    return PictureList({DataUrl(SmallPng()).toLatin1()});
 }
 
 } // namespace
 
 /// What becomes of a venue's pictures in the slider when server and network fail, or answer with what no
 /// honest server would.
-class tst_FaultMatrixPictures : public QObject
+class tst_FaultMatrixPictures : public ServerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_server = std::make_unique<ScriptedServer>();
-        m_host = m_server->Server().Host();
-    }
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages.reset();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
+        ServerTest::init();
         m_dialog = std::make_unique<FaultDialog>();
         m_dialog->connector.asksForPictures = true;
     }
@@ -93,28 +52,20 @@ private Q_SLOTS:
     {
         QCOMPARE(m_dialog->Complaint(), QString());
         m_dialog.reset();
-        QCOMPARE(m_messages->Take(), QStringList());
-        m_messages.reset();
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-        QVERIFY(!QApplication::overrideCursor());
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
+        ServerTest::cleanup();
     }
 
     void List_data()
     {
-        AddFaultRows(korvel::Test::FaultRows());
+        AddFaultRows(FaultRows());
     }
     void List()
     {
         QFETCH(FaultRow, fault);
-        FaultTarget target;
-        target.request = QRegularExpression(c_listPattern);
-        target.body = ListOf({DataUrl(SmallPng())});
-        target.mediaType = c_jsonApi;
-        fault.make(*m_server, target);
+        fault.make(*m_server,
+                   {.request = QRegularExpression(u"^/api/venue\\?include=from_the"_s),
+                    .body = OnePictureList(),
+                    .mediaType = c_jsonApi});
 
         m_dialog->SelectVenue();
 
@@ -124,7 +75,7 @@ private Q_SLOTS:
         } else {
             QCOMPARE(Sizes(), QList<qsizetype>());
             VerifySlider(u"-/0"_s, u"No Image"_s);
-            VerifyMessage(FailureMessage(fault, u"Picture query"_s, m_host + u"/api/venue"_s));
+            VdbMessages::Verify({FailureMessage(fault, u"Picture query"_s, m_host + u"/api/venue"_s)});
         }
         if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 0);
@@ -134,29 +85,29 @@ private Q_SLOTS:
 
     void Bytes_data()
     {
-        AddFaultRows(korvel::Test::FaultRows());
+        AddFaultRows(FaultRows());
     }
     void Bytes()
     {
         QFETCH(FaultRow, fault);
         // On a host of its own: the list comes through an unharmed connection.
-        FaultTarget target;
-        target.request = QRegularExpression(u"^/pictures/first\\.png$"_s);
-        target.body = korvel::Test::NoisePicture(QSize(64, 64));
-        target.mediaType = "image/png";
-        target.host = c_secondHost;
-        target.requestsBefore = 1;
-        target.manager = m_dialog->connector.Manager();
+        const FaultTarget target{.request = QRegularExpression(u"^/pictures/first\\.png$"_s),
+                                 .body = NoisePicture(QSize(64, 64)),
+                                 .mediaType = "image/png",
+                                 .host = c_secondHost,
+                                 .requestsBefore = 1,
+                                 .manager = m_dialog->connector.Manager()};
         fault.make(*m_server, target);
         m_server->AnswerJsonApi(
-            u"/api/venue"_s, ListOf({u"https://second.example/pictures/first.png"_s, DataUrl(SmallPng())}));
+            u"/api/venue"_s,
+            PictureList({"https://second.example/pictures/first.png", DataUrl(SmallPng()).toLatin1()}));
 
         m_dialog->SelectVenue();
 
         const QList<Picture>& pictures = m_dialog->connector.pictures;
         QCOMPARE(pictures.size(), 2);
         const QByteArray bytes = pictures.first().GetPictureDataSmall();
-        QCOMPARE(korvel::Test::ReceivedComplaint(fault.picture, fault, target, bytes), QString());
+        QCOMPARE(ReceivedComplaint(fault.picture, fault, target, bytes), QString());
         // Whole pictures are shown, others not; the next one comes and shows in any case.
         VerifySlider(u"1/2 Picture 1"_s,
                      fault.picture == Received::Whole ? u"picture"_s : u"Image failure"_s);
@@ -165,8 +116,8 @@ private Q_SLOTS:
         VerifySlider(u"2/2 Picture 2"_s, u"picture"_s);
 
         if (fault.isError || fault.viewer == Signals::NotAnImage) {
-            VerifyMessage(
-                FailureMessage(fault, u"Picture download"_s, c_secondHost + u"/pictures/first.png"_s));
+            VdbMessages::Verify(
+                {FailureMessage(fault, u"Picture download"_s, c_secondHost + u"/pictures/first.png"_s)});
         }
         if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 1);
@@ -177,7 +128,7 @@ private Q_SLOTS:
     void BodyThatIsNoList_data()
     {
         QTest::addColumn<QByteArray>("body");
-        for (const auto& [name, bytes] : korvel::Test::BrokenDocuments(ListOf({DataUrl(SmallPng())})))
+        for (const auto& [name, bytes] : BrokenDocuments(OnePictureList()))
             QTest::newRow(name.constData()) << bytes;
     }
     void BodyThatIsNoList()
@@ -188,17 +139,13 @@ private Q_SLOTS:
         QCOMPARE(Sizes(), QList<qsizetype>());
         VerifySlider(u"-/0"_s, u"No Image"_s);
         // An object that is nested too deeply has no more of an object than an array has.
-        VerifyMessage(u"^Picture query failed: "_s + m_host
-                      + u"/api/venue - HTTP status 200 - the reply is no JSON object$"_s);
+        VdbMessages::Verify({u"^Picture query failed: "_s + m_host
+                             + u"/api/venue - HTTP status 200 - the reply is no JSON object$"_s});
     }
 
     void ListOfWrongTypes_data()
     {
-        QTest::addColumn<QByteArray>("included");
-        QTest::addColumn<int>("count");
-        const auto row = [](const char* name, const char* included, int count) {
-            QTest::newRow(name) << QByteArray(included) << count;
-        };
+        const Rows<QByteArray, int> row("included", "count");
         row("null", "null", 0);
         row("object", R"({"type": "file"})", 0);
         row("text", "\"file\"", 0);
@@ -238,7 +185,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<HostileUrl>("address");
         const QString file = LocalPicture();
-        QList<HostileUrl> addresses = korvel::Test::HostileUrls(c_secondHost, file);
+        QList<HostileUrl> addresses = HostileUrls(c_secondHost, file);
         addresses.append({"empty: the picture's own", QString(), true});
         addresses.append({"backslashes", u"https:\\/\\/second.example\\/pictures\\/odd.png"_s, true});
         addresses.append(
@@ -251,7 +198,7 @@ private Q_SLOTS:
     void Address()
     {
         QFETCH(HostileUrl, address);
-        m_server->AnswerJsonApi(u"/api/venue"_s, ListOf({address.url}));
+        m_server->AnswerJsonApi(u"/api/venue"_s, PictureList({JsonText(address.url)}));
         m_server->Answer(u"/pictures/odd.png"_s, SmallPng(), "image/png");
         m_dialog->SelectVenue();
         QCOMPARE(Sizes(), QList({address.isFetched ? SmallPng().size() : 0}));
@@ -259,24 +206,23 @@ private Q_SLOTS:
         // What is not fetched is not asked for either, and nothing local is read.
         QCOMPARE(m_server->Log().RequestCount(), address.isFetched ? 2 : 1);
         if (!address.isFetched) {
-            VerifyMessage(u"^Picture download failed: .* - .+$"_s);
+            VdbMessages::Verify({u"^Picture download failed: .* - .+$"_s});
         }
     }
 
     void UndecodableBytes_data()
     {
-        QTest::addColumn<UndecodablePicture>("picture");
-        for (const UndecodablePicture& picture : korvel::Test::UndecodablePictures())
-            QTest::newRow(picture.name.constData()) << picture;
-        QTest::newRow("empty") << UndecodablePicture();
+        const Rows<UndecodablePicture> row("picture");
+        for (const UndecodablePicture& picture : UndecodablePictures())
+            row(picture.name.constData(), picture);
+        row("empty", {});
     }
     void UndecodableBytes()
     {
         QFETCH(UndecodablePicture, picture);
         const QByteArray bytes = picture.bytes;
-        Expect(picture.warnings);
-        m_server->AnswerJsonApi(u"/api/venue"_s,
-                                ListOf({u"https://second.example/pictures/odd.png"_s, DataUrl(SmallPng())}));
+        ExpectWarnings(picture.warnings);
+        m_server->AnswerJsonApi(u"/api/venue"_s, PictureList({c_oddPng, DataUrl(SmallPng()).toLatin1()}));
         m_server->Answer(u"/pictures/odd.png"_s, bytes, "image/png");
         m_dialog->SelectVenue();
         QCOMPARE(Sizes(), QList({bytes.size(), SmallPng().size()}));
@@ -287,17 +233,17 @@ private Q_SLOTS:
 
     void OddShape_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("1 x 1") << QSize(1, 1);
-        QTest::newRow("1 x 100,000") << QSize(1, 100'000);
-        QTest::newRow("100,000 x 1") << QSize(100'000, 1);
-        QTest::newRow("33 megapixels") << QSize(5700, 5700);
+        const Rows<QSize> row("size");
+        row("1 x 1", QSize(1, 1));
+        row("1 x 100,000", QSize(1, 100'000));
+        row("100,000 x 1", QSize(100'000, 1));
+        row("33 megapixels", QSize(5700, 5700));
     }
     void OddShape()
     {
         QFETCH(QSize, size);
-        m_server->AnswerJsonApi(u"/api/venue"_s, ListOf({u"https://second.example/pictures/odd.png"_s}));
-        m_server->Answer(u"/pictures/odd.png"_s, korvel::Test::BlankPng(size), "image/png");
+        m_server->AnswerJsonApi(u"/api/venue"_s, PictureList({c_oddPng}));
+        m_server->Answer(u"/pictures/odd.png"_s, BlankPng(size), "image/png");
         m_dialog->SelectVenue();
         VerifySlider(u"1/1 Picture 1"_s, u"picture"_s);
     }
@@ -311,16 +257,14 @@ private Q_SLOTS:
     void Count()
     {
         QFETCH(int, count);
-        m_server->AnswerJsonApi(u"/api/venue"_s, ListOf(QStringList(count, DataUrl(SmallPng()))));
+        m_server->AnswerJsonApi(u"/api/venue"_s,
+                                PictureList(QByteArrayList(count, DataUrl(SmallPng()).toLatin1())));
         m_dialog->SelectVenue();
         QCOMPARE(Sizes().size(), count);
         VerifySlider(count == 0 ? u"-/0"_s : u"1/%1 Picture 1"_s.arg(count),
                      count == 0 ? u"No Image"_s : u"picture"_s);
-        for (const auto* button :
-             m_dialog->Slider()->findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (qobject_cast<const korvel::Ui::VenueDatabase::PictureNavigationButton*>(button))
-                QCOMPARE(button->isVisible(), count > 1);
-        }
+        for (const int which : {0, 1})
+            QCOMPARE(NavigationButton(*m_dialog->Slider(), which)->isVisible(), count > 1);
         m_dialog->Slider()->ShowVenuePic(-1);
         VerifySlider(count == 0 ? u"-/0"_s : u"%1/%1 Picture %1"_s.arg(count),
                      count == 0 ? u"No Image"_s : u"picture"_s);
@@ -328,10 +272,9 @@ private Q_SLOTS:
 
     void CaptionIsPlain_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("json");
-        for (const auto& [name, text, json] : korvel::Test::HostileTexts())
-            QTest::newRow(name.constData()) << text << json;
+        const Rows<QString, QByteArray> row("text", "json");
+        for (const auto& [name, text, json] : HostileTexts())
+            row(name.constData(), text, json);
     }
     void CaptionIsPlain()
     {
@@ -365,32 +308,15 @@ private:
         QCOMPARE(m_dialog->Caption()->text(), caption);
         QCOMPARE(m_dialog->Painted(), painted);
     }
-    static void Expect(const QStringList& warnings)
-    {
-        for (const QString& warning : warnings)
-            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    }
-    void VerifyMessage(const QString& pattern)
-    {
-        const QStringList messages = m_messages->Take();
-        QCOMPARE(messages.size(), 1);
-        QVERIFY2(QRegularExpression(pattern).match(messages.first()).hasMatch(),
-                 qPrintable(messages.first() + u"\nis not like\n"_s + pattern));
-    }
     /// A real picture outside of the network, which would show if it were read.
     QString LocalPicture()
     {
         const QString path = m_folder.filePath(u"odd.png"_s);
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(SmallPng()) < 0)
-            qFatal("%s cannot be written", qPrintable(path));
+        WriteFile(path, SmallPng());
         return path;
     }
 
     QTemporaryDir m_folder;
-    QString m_host;
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
     std::unique_ptr<FaultDialog> m_dialog;
 };
 

@@ -6,31 +6,25 @@
 #include <tests/support/FaultConnector.h>
 #include <tests/support/FaultRows.h>
 #include <tests/support/HostileData.h>
-#include <tests/support/MessageGuard.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/Rows.h>
+#include <tests/support/ServerTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
 #include <memory>
 
-using namespace korvel::Data::VenueDatabase;
-using namespace korvel::Ui::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Test::ErrorBoxes;
-using korvel::Test::FaultConnector;
-using korvel::Test::FaultRow;
-using korvel::Test::FaultTarget;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
-constexpr const char* c_jsonApi = "application/vnd.api+json";
 /// The longest that a query may take: its time-out and half a second.
 constexpr qint64 c_longest = 30'500;
 const QString c_searchPattern = u"^/api/venue\\?filter"_s;
@@ -54,21 +48,14 @@ QByteArray OneAttribute(const QByteArray& attributes)
 
 /// What becomes of a venue search, and of the refresh of the countries behind it, when server and network
 /// fail: the query's own result, and what the user sees of it.
-class tst_FaultMatrixSearch : public QObject
+class tst_FaultMatrixSearch : public ServerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_server = std::make_unique<ScriptedServer>();
-    }
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages.reset();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
+        ServerTest::init();
         m_connector = std::make_unique<FaultConnector>();
         m_connector->asksForVenues = true;
         m_dialog = std::make_unique<VenueDbDialog>();
@@ -84,19 +71,12 @@ private Q_SLOTS:
         m_dialog.reset();
         m_connector.reset();
         // The box tells the user; nothing is logged besides.
-        QCOMPARE(m_messages->Take(), QStringList());
-        m_messages.reset();
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-        QVERIFY(!QApplication::overrideCursor());
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
+        ServerTest::cleanup();
     }
 
     void Search_data()
     {
-        AddFaultRows(korvel::Test::FaultRows());
+        AddFaultRows(FaultRows());
     }
     void Search()
     {
@@ -112,7 +92,7 @@ private Q_SLOTS:
             QVERIFY(m_server->ReceivedBytesAfter(0) > 0);
         } else {
             QCOMPARE(m_connector->statuses, QList({fault.search}));
-            QCOMPARE(m_connector->found, QList({korvel::Test::OldNames()}));
+            QCOMPARE(m_connector->found, QList({OldNames()}));
             VerifyRefused(0);
         }
         if (!fault.isRequestSent) {
@@ -123,14 +103,13 @@ private Q_SLOTS:
 
     void CountryRefresh_data()
     {
-        AddFaultRows(korvel::Test::FaultRows());
+        AddFaultRows(FaultRows());
     }
     void CountryRefresh()
     {
         QFETCH(FaultRow, fault);
         fault.make(*m_server, Target(c_refreshPattern, 1));
-        m_server->AddFault(
-            korvel::Test::Honest(Target(c_searchPattern, 0)).WithHeader("Connection", "close"));
+        m_server->AddFault(Honest(Target(c_searchPattern, 0)).WithHeader("Connection", "close"));
 
         Panel()->PerformQuery();
 
@@ -138,7 +117,7 @@ private Q_SLOTS:
         if (fault.search == Ok) {
             VerifyFound(2);
         } else {
-            QCOMPARE(m_connector->found.last(), korvel::Test::OldNames());
+            QCOMPARE(m_connector->found.last(), OldNames());
             // Whatever the search found stands in the table of the hidden dialog.
             VerifyRefused(2);
             QCOMPARE(Countries(), QStringList{u"--"_s});
@@ -152,7 +131,7 @@ private Q_SLOTS:
     void DialogSearchesAgainAfterAFault_data()
     {
         QTest::addColumn<FaultRow>("fault");
-        for (const FaultRow& row : korvel::Test::FaultRows()) {
+        for (const FaultRow& row : FaultRows()) {
             if (row.search != Ok)
                 QTest::newRow(row.name.constData()) << row;
         }
@@ -170,7 +149,7 @@ private Q_SLOTS:
         m_server->AnswerJsonApi(u"/api/venue"_s, TwoVenues());
         m_boxes = std::make_unique<ErrorBoxes>(QMessageBox::Retry);
         m_dialog->Open(nullptr);
-        QTRY_COMPARE(Rows(), 2);
+        QTRY_COMPARE(RowCount(Table()), 2);
         QVERIFY2(m_boxes->shown.isEmpty(), "The search did not recover");
         QVERIFY(m_dialog->isVisible());
         QCOMPARE(m_connector->statuses.last(), Ok);
@@ -178,17 +157,17 @@ private Q_SLOTS:
 
     void BodyThatIsNoVenueList_data()
     {
-        QTest::addColumn<QByteArray>("body");
-        for (const auto& [name, bytes] : korvel::Test::BrokenDocuments(TwoVenues()))
-            QTest::newRow(name.constData()) << bytes;
-        QTest::newRow("empty object") << QByteArray("{}");
-        QTest::newRow("data missing") << QByteArray(R"({"Data": [{}]})");
-        QTest::newRow("data null") << QByteArray(R"({"data": null})");
-        QTest::newRow("data object") << QByteArray(R"({"data": {"attributes": {"title": "A"}}})");
-        QTest::newRow("data text") << QByteArray(R"({"data": "A"})");
-        QTest::newRow("data number") << QByteArray(R"({"data": 2})");
-        QTest::newRow("data empty") << QByteArray(R"({"data": []})");
-        QTest::newRow("second data empty") << QByteArray(R"({"data": [{}], "data": []})");
+        const Rows<QByteArray> row("body");
+        for (const auto& [name, bytes] : BrokenDocuments(TwoVenues()))
+            row(name.constData(), bytes);
+        row("empty object", "{}");
+        row("data missing", R"({"Data": [{}]})");
+        row("data null", R"({"data": null})");
+        row("data object", R"({"data": {"attributes": {"title": "A"}}})");
+        row("data text", R"({"data": "A"})");
+        row("data number", R"({"data": 2})");
+        row("data empty", R"({"data": []})");
+        row("second data empty", R"({"data": [{}], "data": []})");
     }
     void BodyThatIsNoVenueList()
     {
@@ -203,16 +182,12 @@ private Q_SLOTS:
 
     void VenueOfWrongTypes_data()
     {
-        QTest::addColumn<QByteArray>("element");
-        QTest::addColumn<QString>("id");
-        QTest::addColumn<QString>("title");
+        const Rows<QByteArray, QString, QString> rows("element", "id", "title");
         const auto attributes
             = [](const char* json) { return R"({"attributes": )" + QByteArray(json) + "}"; };
         const QString none;
-        const auto row
-            = [](const char* name, const QByteArray& element, const char* id, const QString& title) {
-                  QTest::newRow(name) << element << QString::fromLatin1(id) << title;
-              };
+        const auto row = [&](const char* name, const QByteArray& element, const char* id,
+                             const QString& title) { rows(name, element, QString::fromLatin1(id), title); };
         row("element null", "null", "0", none);
         row("element number", "1", "0", none);
         row("element text", "\"A\"", "0", none);
@@ -276,10 +251,9 @@ private Q_SLOTS:
 
     void HostileText_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("json");
-        for (const auto& [name, text, json] : korvel::Test::HostileTexts())
-            QTest::newRow(name.constData()) << text << json;
+        const Rows<QString, QByteArray> row("text", "json");
+        for (const auto& [name, text, json] : HostileTexts())
+            row(name.constData(), text, json);
     }
     void HostileText()
     {
@@ -306,41 +280,34 @@ private Q_SLOTS:
 private:
     FaultTarget Target(const QString& request, int requestsBefore) const
     {
-        FaultTarget target;
-        target.request = QRegularExpression(request);
-        target.body = TwoVenues();
-        target.mediaType = c_jsonApi;
-        target.requestsBefore = requestsBefore;
-        target.manager = m_connector->Manager();
-        return target;
+        return {.request = QRegularExpression(request),
+                .body = TwoVenues(),
+                .mediaType = c_jsonApi,
+                .requestsBefore = requestsBefore,
+                .manager = m_connector->Manager()};
     }
 
     VenueDbCentralWidget* Panel() const
     {
         return m_dialog->findChild<VenueDbCentralWidget*>();
     }
-    int Rows() const
+    QTableView* Table() const
     {
-        const QAbstractItemModel* model = m_dialog->findChild<QTableView*>()->model();
-        return model ? model->rowCount() : -1;
+        return m_dialog->findChild<QTableView*>();
     }
     QString Cell(int row, int column) const
     {
-        return m_dialog->findChild<QTableView*>()->model()->index(row, column).data().toString();
+        return ColumnTexts(Table(), column).value(row);
     }
     QStringList Countries() const
     {
-        const auto* box = Panel()->findChild<QComboBox*>();
-        QStringList countries;
-        for (int index = 0; index < box->count(); ++index)
-            countries.append(box->itemText(index));
-        return countries;
+        return ItemTexts(Panel()->findChild<QComboBox*>());
     }
 
     /// Nothing waits any more, nothing is in the way.
     void VerifyIdle(int rows) const
     {
-        QCOMPARE(Rows(), rows);
+        QCOMPARE(RowCount(Table()), rows);
         QCOMPARE(m_dialog->GetStatusLabel()->text(), QString());
         QCOMPARE(Panel()->cursor().shape(), Qt::ArrowCursor);
         const auto* details = m_dialog->findChild<VenueDetailsWidget*>();
@@ -363,8 +330,6 @@ private:
         VerifyIdle(rows);
     }
 
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
     std::unique_ptr<FaultConnector> m_connector;
     std::unique_ptr<VenueDbDialog> m_dialog;
     std::unique_ptr<ErrorBoxes> m_boxes;

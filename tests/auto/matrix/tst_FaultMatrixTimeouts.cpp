@@ -6,14 +6,15 @@
 #include <tests/support/ErrorBoxes.h>
 #include <tests/support/FaultConnector.h>
 #include <tests/support/FaultRows.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/StrictTest.h>
 #include <tests/support/VdbMessages.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QLabel>
 #include <QNetworkAccessManager>
-#include <QTest>
 #include <QThread>
 #include <QTimer>
 
@@ -22,16 +23,11 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::Literals::StringLiterals;
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Ui::VenueDatabase;
-using namespace Qt::Literals::StringLiterals;
 namespace Demo = korvel::Demo;
-using korvel::Test::ErrorBoxes;
-using korvel::Test::FaultConnector;
-using korvel::Test::FaultRow;
-using korvel::Test::FaultTarget;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
+using namespace korvel::Test;
 
 namespace {
 
@@ -40,7 +36,6 @@ constexpr qint64 c_timeout = 30'000;
 constexpr qint64 c_longest = 30'500;
 /// A timer may fire a millisecond early, and clocks are rounded down.
 constexpr qint64 c_shortest = c_timeout - 10;
-constexpr const char* c_jsonApi = "application/vnd.api+json";
 /// Serves as every kind of reply: one venue, one file behind /bytes.
 const QByteArray c_reply = QByteArray(R"({"data": [{"attributes": {"title": "A"}}],)"
                                       R"("included": [{"type": "file", "attributes": {"url": "/bytes"},)"
@@ -74,7 +69,7 @@ QString SearchComplaint(FaultConnector& connector, ResultStatus expected)
     connector.asksForVenues = true;
     QList<Venue> venues;
     const ResultStatus status = connector.FindVenueEntries({}, venues);
-    const QStringList found = expected == Ok ? QStringList{u"A"_s} : korvel::Test::OldNames();
+    const QStringList found = expected == Ok ? QStringList{u"A"_s} : OldNames();
     return Complaint(status == expected && connector.found.last() == found, u"status %1"_s.arg(status));
 }
 
@@ -174,12 +169,11 @@ protected:
     {
         FaultConnector connector;
         connector.Manager()->setProxy(m_server.Server().Proxy());
-        FaultTarget target;
-        target.request = QRegularExpression(m_entry.request);
-        target.body = c_reply;
-        target.mediaType = MediaType();
-        target.requestsBefore = m_entry.isLater ? 1 : 0;
-        target.manager = connector.Manager();
+        const FaultTarget target{.request = QRegularExpression(m_entry.request),
+                                 .body = c_reply,
+                                 .mediaType = MediaType(),
+                                 .requestsBefore = m_entry.isLater ? 1 : 0,
+                                 .manager = connector.Manager()};
         // The request before comes on a connection of its own.
         if (m_entry.isLater) {
             m_server.AddFault(
@@ -223,7 +217,7 @@ private:
 
 /// Servers that never come to an end: every query gives up after 30 seconds, and not before. All of them
 /// wait at the same time, so that the whole program takes one time-out.
-class tst_FaultMatrixTimeouts : public QObject
+class tst_FaultMatrixTimeouts : public StrictTest
 {
     Q_OBJECT
 
@@ -232,8 +226,7 @@ private Q_SLOTS:
     {
         m_messages = std::make_unique<VdbMessages>();
         for (const EntryPoint& entry : EntryPoints()) {
-            for (const FaultRow& fault :
-                 korvel::Test::EndlessFaultRows() + QList{korvel::Test::JustInTimeRow()})
+            for (const FaultRow& fault : EndlessFaultRows() + QList{JustInTimeRow()})
                 m_waits.push_back(std::make_unique<Wait>(fault, entry));
         }
         // One more for what the user sees.
@@ -249,13 +242,9 @@ private Q_SLOTS:
             QVERIFY2(wait->wait(60'000), qPrintable(wait->Name()));
         m_logged = m_messages->Take();
     }
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
     void cleanupTestCase()
     {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
+        QVERIFY(NoWindowIsLeft());
         QCOMPARE(m_messages->Take(), QStringList());
         m_messages.reset();
         m_downloads.reset();
@@ -317,7 +306,7 @@ private Q_SLOTS:
 
     void ViewerWaitsOn_data()
     {
-        AddFaultRows(korvel::Test::EndlessViewerFaultRows());
+        AddFaultRows(EndlessViewerFaultRows());
     }
     void ViewerWaitsOn()
     {
@@ -334,7 +323,7 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
         viewer.hide();
         // The others go on waiting, and have cursors of their own.
-        const bool isLast = fault.name == korvel::Test::EndlessViewerFaultRows().last().name;
+        const bool isLast = fault.name == EndlessViewerFaultRows().last().name;
         QCOMPARE(QGuiApplication::overrideCursor() == nullptr, isLast);
     }
 
@@ -362,7 +351,7 @@ private:
 
     void ShowViewers()
     {
-        for (const FaultRow& fault : korvel::Test::EndlessViewerFaultRows()) {
+        for (const FaultRow& fault : EndlessViewerFaultRows()) {
             m_viewers.push_back(std::make_unique<ShownViewer>());
             ShownViewer& shown = *m_viewers.back();
             shown.fault = fault;
@@ -371,20 +360,15 @@ private:
             connect(downloads, &DownloadManager::PictureBinaryDataFinished, this,
                     [&shown]() { ++shown.outcomes; });
             connect(downloads, &DownloadManager::RequestFailed, this, [&shown]() { ++shown.outcomes; });
-            FaultTarget target;
-            target.request = QRegularExpression(u"^/large\\.png$"_s);
-            target.body = c_reply;
-            target.mediaType = "image/png";
-            fault.make(shown.server, target);
-            Picture picture;
-            picture.SetPictureDataSmall(korvel::Test::EncodedPicture(QSize(60, 40), Qt::red));
+            fault.make(shown.server,
+                       {.request = QRegularExpression(u"^/large\\.png$"_s),
+                        .body = c_reply,
+                        .mediaType = "image/png"});
+            Picture picture = MakePicture(EncodedPicture(QSize(60, 40), Qt::red));
             picture.SetPictureUrlLarge(ScriptedServer::Url(u"/large.png"_s));
-            QList<Picture> pictures{picture};
-            shown.viewer.SetPictures(&pictures);
             // Modal windows would stand in each other's way.
             shown.viewer.setModal(false);
-            shown.viewer.Open();
-            shown.viewer.SetPicturesIndex(0);
+            OpenViewer(shown.viewer, {picture});
         }
     }
 

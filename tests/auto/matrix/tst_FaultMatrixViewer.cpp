@@ -3,43 +3,31 @@
 #include <ui/PictureView.h>
 
 #include <tests/support/FaultRows.h>
+#include <tests/support/Files.h>
 #include <tests/support/FullDisk.h>
 #include <tests/support/HostileData.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
 #include <tests/support/SaveDriver.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/ServerTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QGraphicsPixmapItem>
-#include <QGraphicsScene>
 #include <QImageReader>
 #include <QLabel>
 #include <QNetworkAccessManager>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTest>
 
-#include <memory>
 #include <optional>
 
-using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Test::EncodedPicture;
-using korvel::Test::FaultRow;
-using korvel::Test::FaultTarget;
-using korvel::Test::FullDisk;
-using korvel::Test::HostileUrl;
-using korvel::Test::Received;
-using korvel::Test::SaveDriver;
-using korvel::Test::ScriptedServer;
-using korvel::Test::Signals;
-using korvel::Test::UndecodablePicture;
-using korvel::Test::VdbMessages;
-using korvel::Ui::VenueDatabase::PictureFullscreenDialog;
-using korvel::Ui::VenueDatabase::PictureView;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
@@ -70,7 +58,7 @@ QStringList ExpectedSignals(Signals sequence)
 } // namespace
 
 /// What the full-screen viewer makes of large renditions that do not come, come damaged, or cannot be saved.
-class tst_FaultMatrixViewer : public QObject
+class tst_FaultMatrixViewer : public ServerTest
 {
     Q_OBJECT
 
@@ -82,15 +70,11 @@ private Q_SLOTS:
         QVERIFY(m_home.isValid());
         qputenv("HOME", m_home.path().toLocal8Bit());
         qputenv("XDG_CONFIG_HOME", m_home.path().toLocal8Bit());
-        m_server = std::make_unique<ScriptedServer>();
-        m_host = m_server->Server().Host();
+        ServerTest::initTestCase();
     }
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages.reset();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
+        ServerTest::init();
         m_emitted.clear();
         m_buffer.clear();
         m_viewer = std::make_unique<PictureFullscreenDialog>();
@@ -118,42 +102,35 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
         QGuiApplication::restoreOverrideCursor();
         QVERIFY(!QGuiApplication::overrideCursor());
-        QCOMPARE(m_messages->Take(), QStringList());
-        m_messages.reset();
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
+        ServerTest::cleanup();
     }
 
     void LargeRendition_data()
     {
-        AddFaultRows(korvel::Test::ViewerFaultRows());
+        AddFaultRows(ViewerFaultRows());
     }
     void LargeRendition()
     {
         QFETCH(FaultRow, fault);
-        FaultTarget target;
-        target.request = QRegularExpression(u"^/pictures/odd\\.png$"_s);
-        target.body = korvel::Test::NoisePicture(c_largeSize);
-        target.mediaType = "image/png";
+        const FaultTarget target{.request = QRegularExpression(u"^/pictures/odd\\.png$"_s),
+                                 .body = NoisePicture(c_largeSize),
+                                 .mediaType = "image/png"};
         fault.make(*m_server, target);
 
         Show(ScriptedServer::Url(c_path));
         VerifyOutcome(fault.viewer);
 
         if (m_emitted.last() == u"image"_s) {
-            QCOMPARE(korvel::Test::ReceivedComplaint(fault.picture, fault, target, m_buffer), QString());
+            QCOMPARE(ReceivedComplaint(fault.picture, fault, target, m_buffer), QString());
             QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
             // What cannot be decoded leaves nothing to be seen.
-            QCOMPARE(ShownSize(), fault.picture == Received::Whole ? c_largeSize : QSize());
+            QCOMPARE(ShownSize(*m_viewer), fault.picture == Received::Whole ? c_largeSize : QSize(0, 0));
         } else {
             QCOMPARE(m_viewer->GetStatusLabel()->text(), c_loading);
-            QCOMPARE(ShownSize(), c_smallSize);
+            QCOMPARE(ShownSize(*m_viewer), c_smallSize);
         }
         if (fault.isError || fault.viewer == Signals::NotAnImage)
-            VerifyMessage(FailureMessage(fault, u"Picture download"_s, m_host + c_path));
+            VdbMessages::Verify({FailureMessage(fault, u"Picture download"_s, m_host + c_path)});
         if (!fault.isRequestSent) {
             QCOMPARE(m_server->Log().RequestCount(), 0);
             QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
@@ -164,7 +141,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<HostileUrl>("address");
         const QString file = m_home.filePath(u"odd.png"_s);
-        QList<HostileUrl> addresses = korvel::Test::HostileUrls(m_host, file);
+        QList<HostileUrl> addresses = HostileUrls(m_host, file);
         addresses.append({"empty", QString(), false});
         // Unlike small ones, addresses of large renditions are used as the server sent them.
         addresses.append({"backslashes", u"https:\\/\\/venues.korvel.example\\/pictures\\/odd.png"_s, false});
@@ -175,10 +152,7 @@ private Q_SLOTS:
     void Address()
     {
         QFETCH(HostileUrl, address);
-        QFile file(m_home.filePath(u"odd.png"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(EncodedPicture(c_largeSize, Qt::blue));
-        file.close();
+        WriteFile(m_home.filePath(u"odd.png"_s), EncodedPicture(c_largeSize, Qt::blue));
         m_server->Answer(c_path, EncodedPicture(c_largeSize, Qt::blue), "image/png");
 
         Show(address.url);
@@ -188,16 +162,16 @@ private Q_SLOTS:
                                         : Signals::TwoFailures);
 
         QCOMPARE(m_viewer->GetStatusLabel()->text(), address.isFetched ? QString() : c_loading);
-        QCOMPARE(ShownSize(), address.isFetched ? c_largeSize : c_smallSize);
+        QCOMPARE(ShownSize(*m_viewer), address.isFetched ? c_largeSize : c_smallSize);
         QCOMPARE(m_server->Log().RequestCount(), address.isFetched ? 1 : 0);
         if (!address.isFetched)
-            VerifyMessage(u"^Picture download failed: .* - .+$"_s);
+            VdbMessages::Verify({u"^Picture download failed: .* - .+$"_s});
     }
 
     void UndecodableRendition_data()
     {
         QTest::addColumn<UndecodablePicture>("picture");
-        for (const UndecodablePicture& picture : korvel::Test::UndecodablePictures())
+        for (const UndecodablePicture& picture : UndecodablePictures())
             QTest::newRow(picture.name.constData()) << picture;
     }
     void UndecodableRendition()
@@ -205,13 +179,13 @@ private Q_SLOTS:
         QFETCH(UndecodablePicture, picture);
         const QByteArray bytes = picture.bytes;
         // Once for the screen, once for the file.
-        Expect(picture.warnings + picture.warnings);
+        ExpectWarnings(picture.warnings + picture.warnings);
         m_server->Answer(c_path, bytes, "image/png");
         Show(ScriptedServer::Url(c_path));
         VerifyOutcome(Signals::Image);
         QCOMPARE(m_buffer, bytes);
         QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
-        QCOMPARE(ShownSize(), QSize());
+        QCOMPARE(ShownSize(*m_viewer), QSize(0, 0));
 
         SaveDriver user(SavePath());
         m_viewer->OnSaveImageAs();
@@ -234,24 +208,23 @@ private Q_SLOTS:
 
     void OddShape_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("isSaved");
-        QTest::newRow("1 x 1") << QSize(1, 1) << true;
-        QTest::newRow("1 x 65,000") << QSize(1, 65'000) << true;
+        const Rows<QSize, bool> row("size", "isSaved");
+        row("1 x 1", QSize(1, 1), true);
+        row("1 x 65,000", QSize(1, 65'000), true);
         // JPEG counts the pixels of a side in 16 bits.
-        QTest::newRow("1 x 65,536") << QSize(1, 65'536) << false;
-        QTest::newRow("65,536 x 1") << QSize(65'536, 1) << false;
-        QTest::newRow("1 x 100,000") << QSize(1, 100'000) << false;
-        QTest::newRow("100,000 x 1") << QSize(100'000, 1) << false;
+        row("1 x 65,536", QSize(1, 65'536), false);
+        row("65,536 x 1", QSize(65'536, 1), false);
+        row("1 x 100,000", QSize(1, 100'000), false);
+        row("100,000 x 1", QSize(100'000, 1), false);
     }
     void OddShape()
     {
         QFETCH(QSize, size);
         QFETCH(bool, isSaved);
-        m_server->Answer(c_path, korvel::Test::BlankPng(size), "image/png");
+        m_server->Answer(c_path, BlankPng(size), "image/png");
         Show(ScriptedServer::Url(c_path));
         VerifyOutcome(Signals::Image);
-        QCOMPARE(ShownSize(), size);
+        QCOMPARE(ShownSize(*m_viewer), size);
         for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Minus})
             QTest::keyClick(m_viewer.get(), key);
         QVERIFY(!m_viewer->grab().isNull());
@@ -260,7 +233,7 @@ private Q_SLOTS:
             QVERIFY(m_viewer->SaveImage(SavePath()));
             QCOMPARE(QImageReader(SavePath()).size(), size);
         } else {
-            Expect({u"Maximum supported image dimension is 65500 pixels"_s});
+            ExpectWarnings({u"Maximum supported image dimension is 65500 pixels"_s});
             VerifyCannotWrite(SavePath(), false);
             QVERIFY(!QFile::exists(SavePath()));
         }
@@ -287,18 +260,16 @@ private Q_SLOTS:
         QFETCH(QString, path);
         QFETCH(QSize, size);
         QFETCH(bool, isFull);
-        QFile file(m_home.filePath(u"file"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
+        WriteFile(m_home.filePath(u"file"_s));
         // Noise: as many bytes as a picture of that size can have.
-        m_server->Answer(c_path, korvel::Test::NoisePicture(size), "image/png");
+        m_server->Answer(c_path, NoisePicture(size), "image/png");
         Show(ScriptedServer::Url(c_path));
         VerifyOutcome(Signals::Image);
         const QString target = QDir(m_home.path()).absoluteFilePath(path);
         QVERIFY(!QFile::exists(target));
         // What does not fit into the buffers fails inside the encoder.
         if (isFull && size != c_largeSize)
-            Expect({c_encoderFailed});
+            ExpectWarnings({c_encoderFailed});
         VerifyCannotWrite(target, isFull);
         QVERIFY(!QFile::exists(target));
         QVERIFY(m_viewer->SaveImage(SavePath()));
@@ -308,28 +279,24 @@ private Q_SLOTS:
     void FullDiskLeavesTheOldFile()
     {
         const QString path = SavePath();
-        QFile old(path);
-        QVERIFY(old.open(QIODevice::WriteOnly));
-        old.write("old");
-        old.close();
-        m_server->Answer(c_path, korvel::Test::NoisePicture(QSize(700, 500)), "image/png");
+        WriteFile(path, "old");
+        m_server->Answer(c_path, NoisePicture(QSize(700, 500)), "image/png");
         Show(ScriptedServer::Url(c_path));
         VerifyOutcome(Signals::Image);
-        Expect({c_encoderFailed});
+        ExpectWarnings({c_encoderFailed});
         SaveDriver user(path);
         {
             const FullDisk fullDisk;
             QVERIFY(!m_viewer->SaveImage(path));
         }
         QCOMPARE(user.boxes, QStringList{u"Cannot write "_s + path});
-        QVERIFY(old.open(QIODevice::ReadOnly));
-        QCOMPARE(old.readAll(), QByteArray("old"));
+        QCOMPARE(ContentOf(path), QByteArray("old"));
     }
 
     void CaptionIsPlain_data()
     {
         QTest::addColumn<QString>("text");
-        for (const auto& [name, text, json] : korvel::Test::HostileTexts())
+        for (const auto& [name, text, json] : HostileTexts())
             QTest::newRow(name.constData()) << text;
     }
     void CaptionIsPlain()
@@ -338,7 +305,7 @@ private Q_SLOTS:
         m_server->Answer(c_path, EncodedPicture(c_largeSize, Qt::blue), "image/png");
         Show(ScriptedServer::Url(c_path), text);
         VerifyOutcome(Signals::Image);
-        const auto* caption = m_viewer->findChild<PictureView*>()->findChild<QLabel*>();
+        const auto* caption = Caption(*m_viewer);
         QCOMPARE(caption->text(), u"1/1 "_s + text);
         QCOMPARE(caption->textFormat(), Qt::PlainText);
         // However long it is, the caption stays in the view.
@@ -354,30 +321,16 @@ private:
                                + u".jpg"_s);
     }
 
-    /// The size of the only picture in the scene; a default one where there is none.
-    QSize ShownSize() const
-    {
-        const QList<QGraphicsItem*> items = m_viewer->findChild<PictureView*>()->scene()->items();
-        const auto* item
-            = items.size() == 1 ? qgraphicsitem_cast<QGraphicsPixmapItem*>(items.first()) : nullptr;
-        return item ? item->pixmap().size() : QSize();
-    }
-
     /// Opens the viewer on a picture whose large rendition is behind \p url.
     void Show(const QString& url, const QString& description = u"Hall"_s)
     {
         m_url = QUrl(url);
-        Picture picture;
+        Picture picture = MakePicture(EncodedPicture(c_smallSize, Qt::red), {}, description);
         picture.SetPictureName(u"hall.view.png"_s);
-        picture.SetAlternativeDescription(description);
-        picture.SetPictureDataSmall(EncodedPicture(c_smallSize, Qt::red));
         picture.SetPictureUrlLarge(url);
-        QList<Picture> pictures{picture};
-        m_viewer->SetPictures(&pictures);
-        m_viewer->Open();
-        m_viewer->SetPicturesIndex(0);
+        OpenViewer(*m_viewer, {picture});
         QCOMPARE(m_viewer->GetStatusLabel()->text(), c_loading);
-        QCOMPARE(ShownSize(), c_smallSize);
+        QCOMPARE(ShownSize(*m_viewer), c_smallSize);
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     }
 
@@ -390,7 +343,7 @@ private:
         QCOMPARE(m_emitted, expected);
         QVERIFY(m_viewer->isVisible());
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
-        QVERIFY(m_viewer->findChild<PictureView*>()->findChild<QLabel*>()->text().startsWith(u"1/1 "_s));
+        QVERIFY(Caption(*m_viewer)->text().startsWith(u"1/1 "_s));
     }
 
     /// Saving to \p path ends in the box, and the save dialog comes again.
@@ -408,26 +361,10 @@ private:
         QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
     }
 
-    static void Expect(const QStringList& warnings)
-    {
-        for (const QString& warning : warnings)
-            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    }
-    void VerifyMessage(const QString& pattern)
-    {
-        const QStringList messages = m_messages->Take();
-        QCOMPARE(messages.size(), 1);
-        QVERIFY2(QRegularExpression(pattern).match(messages.first()).hasMatch(),
-                 qPrintable(messages.first() + u"\nis not like\n"_s + pattern));
-    }
-
     QTemporaryDir m_home;
-    QString m_host;
     QUrl m_url;
     QStringList m_emitted;
     QByteArray m_buffer;
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
     std::unique_ptr<PictureFullscreenDialog> m_viewer;
 };
 

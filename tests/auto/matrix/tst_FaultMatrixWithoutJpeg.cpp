@@ -1,8 +1,10 @@
 #include <ui/PictureFullscreenDialog.h>
 
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
 #include <tests/support/SaveDriver.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QFile>
@@ -10,41 +12,25 @@
 #include <QLabel>
 #include <QLibraryInfo>
 #include <QTemporaryDir>
-#include <QTest>
 
+using namespace korvel::Test;
 using korvel::Data::VenueDatabase::Picture;
-using korvel::Test::EncodedPicture;
-using korvel::Test::SaveDriver;
 using korvel::Ui::VenueDatabase::PictureFullscreenDialog;
 
 /// A host that ships without Qt's image-format plug-ins.
-class tst_FaultMatrixWithoutJpeg : public QObject
+class tst_FaultMatrixWithoutJpeg : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void PictureCannotBeSaved()
     {
         QVERIFY(!QImageWriter::supportedImageFormats().contains("jpg"));
         const QTemporaryDir folder;
         qputenv("HOME", folder.path().toLocal8Bit());
         const QString path = folder.filePath(QStringLiteral("hall.jpg"));
-        Picture picture;
-        picture.SetPictureDataLarge(EncodedPicture(QSize(60, 40), Qt::red));
-        QList<Picture> pictures{picture};
         PictureFullscreenDialog viewer;
-        viewer.SetPictures(&pictures);
-        viewer.Open();
-        viewer.SetPicturesIndex(0);
+        OpenViewer(viewer, {MakePicture({}, EncodedPicture(QSize(60, 40), Qt::red))});
 
         const SaveDriver user(path);
         viewer.OnSaveImageAs();

@@ -8,8 +8,9 @@
 #include <tests/support/ConnectorStub.h>
 #include <tests/support/HangGuard.h>
 #include <tests/support/HostileData.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QApplication>
 #include <QClipboard>
@@ -19,17 +20,14 @@
 #include <QLocale>
 #include <QStyledItemDelegate>
 #include <QTableView>
-#include <QTest>
 #include <QTextEdit>
 
 #include <algorithm>
 
-using namespace korvel::Data::VenueDatabase;
-using namespace korvel::Ui::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Test::ConnectorStub;
-using korvel::Test::EncodedPicture;
-using korvel::Test::HangGuard;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
@@ -47,23 +45,14 @@ QString Beginning(const QString& shown)
 } // namespace
 
 /// Texts of a megabyte, which Qt would lay out for minutes, must not hold the application up.
-class tst_HugeTexts : public QObject
+class tst_HugeTexts : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void TableLaysOutNoMoreThanAScreenShows_data()
     {
-        HugeTexts();
+        AddTexts();
     }
     void TableLaysOutNoMoreThanAScreenShows()
     {
@@ -98,7 +87,7 @@ private Q_SLOTS:
 
     void DetailsShowTheBeginning_data()
     {
-        HugeTexts();
+        AddTexts();
     }
     void DetailsShowTheBeginning()
     {
@@ -126,10 +115,10 @@ private Q_SLOTS:
 
     void TextThatPeopleWriteIsShownInFull_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("prose") << u"A wall of stone. "_s.repeated(50'000);
-        QTest::newRow("lines") << u"The dock is behind the house, ask for the key.\n"_s.repeated(20'000);
-        QTest::newRow("one word") << QString(1'000'000, u'W');
+        const Rows<QString> row("text");
+        row("prose", u"A wall of stone. "_s.repeated(50'000));
+        row("lines", u"The dock is behind the house, ask for the key.\n"_s.repeated(20'000));
+        row("one word", QString(1'000'000, u'W'));
     }
     void TextThatPeopleWriteIsShownInFull()
     {
@@ -145,7 +134,7 @@ private Q_SLOTS:
 
     void CaptionsDrawNoMoreThanAScreenShows_data()
     {
-        HugeTexts();
+        AddTexts();
     }
     void CaptionsDrawNoMoreThanAScreenShows()
     {
@@ -172,7 +161,7 @@ private Q_SLOTS:
 
     void ModelFilesDrawNoMoreThanAScreenShows_data()
     {
-        HugeTexts();
+        AddTexts();
     }
     void ModelFilesDrawNoMoreThanAScreenShows()
     {
@@ -195,10 +184,10 @@ private Q_SLOTS:
     }
 
 private:
-    static void HugeTexts()
+    static void AddTexts()
     {
         QTest::addColumn<QString>("text");
-        for (const auto& [name, text, json] : korvel::Test::HugeTexts())
+        for (const auto& [name, text, json] : HugeTexts())
             QTest::newRow(name.constData()) << text;
     }
 

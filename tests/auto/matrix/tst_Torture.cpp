@@ -8,17 +8,20 @@
 #include <ui/VenueDbSignalHandler.h>
 #include <ui/VenueDetailsWidget.h>
 
+#include <tests/support/Files.h>
+#include <tests/support/HangGuard.h>
+#include <tests/support/HostileData.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/TurnCounter.h>
+#include <tests/support/VdbMessages.h>
+#include <tests/support/Widgets.h>
+
 #include <server/VenueServer.h>
 #include <server/catalogue/CatalogueGenerator.h>
 
-#include <tests/support/HangGuard.h>
-#include <tests/support/MessageGuard.h>
-#include <tests/support/TurnCounter.h>
-#include <tests/support/VdbMessages.h>
-
 #include <QAction>
 #include <QApplication>
-#include <QBuffer>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QFile>
@@ -35,7 +38,6 @@
 #include <QRandomGenerator>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThread>
 #include <QTimer>
 
@@ -45,15 +47,9 @@
 #include <memory>
 #include <optional>
 
+using namespace korvel::Demo;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Demo::CatalogueGenerator;
-using korvel::Demo::Fault;
-using korvel::Demo::NetworkFault;
-using korvel::Demo::VenueCatalogue;
-using korvel::Demo::VenueServer;
-using korvel::Test::HangGuard;
-using korvel::Test::TurnCounter;
-using korvel::Test::VdbMessages;
 
 namespace {
 
@@ -77,27 +73,11 @@ bool IsFull()
     return qEnvironmentVariable("VDB_TORTURE") == QStringLiteral("full");
 }
 
-QByteArray MakePicture(QSize size)
+QByteArray PictureBytes(const VenueRecord& /*venue*/, const PictureRecord& /*picture*/, QSize size)
 {
-    // Noise: it does not compress, so that a large rendition arrives in many pieces.
-    QImage image(size, QImage::Format_RGB32);
-    QRandomGenerator random(1);
-    for (int y = 0; y < image.height(); ++y) {
-        auto* line = reinterpret_cast<quint32*>(image.scanLine(y));
-        random.fillRange(line, image.width());
-    }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-QByteArray PictureBytes(const korvel::Demo::VenueRecord& /*venue*/,
-                        const korvel::Demo::PictureRecord& /*picture*/, QSize size)
-{
-    static const QByteArray small = MakePicture({24, 16});
-    static const QByteArray large = MakePicture({360, 240});
+    // Noise does not compress, so that a large rendition arrives in many pieces.
+    static const QByteArray small = NoisePicture({24, 16});
+    static const QByteArray large = NoisePicture({360, 240});
     return size.width() > 1000 ? large : small;
 }
 
@@ -223,7 +203,7 @@ private:
 /// the dialog in another turn of the event loop, until the scenario ends before that turn.
 ///
 /// Without further ado a part of the turns is tried; all of them with VDB_TORTURE=full in the environment.
-class tst_Torture : public QObject
+class tst_Torture : public StrictTest
 {
     Q_OBJECT
 
@@ -287,7 +267,7 @@ private:
 
     VenueServer m_server{ServerOptions()};
     VenueCatalogue m_catalogue;
-    std::unique_ptr<korvel::Demo::ApplicationNetworkGuard> m_network;
+    std::unique_ptr<ApplicationNetworkGuard> m_network;
     std::unique_ptr<TurnCounter> m_turns;
     std::unique_ptr<BoxAnswerer> m_answerer;
     std::unique_ptr<HangGuard> m_hangGuard;
@@ -334,17 +314,11 @@ private:
     }
     int Rows() const
     {
-        return Table() && Table()->model() ? Table()->model()->rowCount() : 0;
+        return m_dialog ? std::max(RowCount(Table()), 0) : 0;
     }
-    QPushButton* Button(const QString& text) const
+    QPushButton* ButtonOf(const QString& text) const
     {
-        if (!m_dialog)
-            return nullptr;
-        for (QPushButton* button : m_dialog->findChildren<QPushButton*>()) {
-            if (button->text() == text)
-                return button;
-        }
-        return nullptr;
+        return m_dialog ? Button(*m_dialog, text) : nullptr;
     }
 
     // --- the steps of the scenarios; where a deed has taken away what a step needs, it does nothing
@@ -356,8 +330,8 @@ private:
     }
     void StepSearch()
     {
-        if (CanBeClicked(Button(QStringLiteral("Search"))))
-            Click(Button(QStringLiteral("Search")));
+        if (CanBeClicked(ButtonOf(QStringLiteral("Search"))))
+            Click(ButtonOf(QStringLiteral("Search")));
     }
     /// Details load while Qt's view code selects a row, and at no other time.
     template <typename Select> void Selecting(Select select)
@@ -378,13 +352,9 @@ private:
         auto* slider = m_dialog ? m_dialog->findChild<PictureSlider*>() : nullptr;
         if (!CanBeClicked(slider))
             return;
-        for (QPushButton* button :
-             slider->findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (button->width() == 24 && button->isVisible()) {
-                Click(button);
-                return;
-            }
-        }
+        QPushButton* button = FullscreenButton(*slider);
+        if (button->isVisible())
+            Click(button);
     }
     void StepNextPicture()
     {
@@ -412,7 +382,7 @@ private:
     }
     void StepImport()
     {
-        QPushButton* button = Button(QStringLiteral("Import to Tessra"));
+        QPushButton* button = ButtonOf(QStringLiteral("Import to Tessra"));
         if (CanBeClicked(button))
             Click(button);
     }
@@ -765,7 +735,7 @@ void tst_Torture::cleanupTestCase()
 
 void tst_Torture::init()
 {
-    korvel::Test::FailOnUnexpectedWarnings();
+    StrictTest::init();
     QApplication::setOverrideCursor(Qt::CrossCursor);
 }
 
@@ -780,7 +750,7 @@ void tst_Torture::cleanup()
     while (QApplication::overrideCursor())
         QApplication::restoreOverrideCursor();
     QVERIFY(!isCursorLeft);
-    QVERIFY(korvel::Test::NoWindowIsLeft());
+    StrictTest::cleanup();
 }
 
 void tst_Torture::UndisturbedScenariosSucceed_data()
@@ -907,11 +877,11 @@ void tst_Torture::EveryWaitForASilentServerEnds()
                 NetworkFault fault;
                 fault.kind = NetworkFault::Kind::NeverAnswer;
                 m_server.AddFault(fault);
-                connect(&m_server.Log(), &korvel::Demo::RequestLog::ConnectReceived, &context, onArrival);
+                connect(&m_server.Log(), &RequestLog::ConnectReceived, &context, onArrival);
             } else {
                 arrived = 0;
                 m_server.AddFault(Fault::On(QString()).Skip(request).WithoutAnswer());
-                connect(&m_server.Log(), &korvel::Demo::RequestLog::RequestReceived, &context, onArrival);
+                connect(&m_server.Log(), &RequestLog::RequestReceived, &context, onArrival);
             }
         });
         m_server.ClearFaults();
@@ -947,10 +917,7 @@ void tst_Torture::ProcessEndsSoonAfterExit()
     QFETCH(int, scenario);
     QFETCH(Deed, deed);
     const QString authority = m_folder.filePath(QStringLiteral("authority.pem"));
-    QFile file(authority);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(m_server.CaPem());
-    file.close();
+    WriteFile(authority, m_server.CaPem());
 
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -989,7 +956,7 @@ int tst_Torture::RunAsChild(const QStringList& arguments)
         return c_scenarioHangs;
     const QNetworkProxy proxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"),
                               arguments.at(5).toUShort());
-    m_network = std::make_unique<korvel::Demo::ApplicationNetworkGuard>(proxy, QSslCertificate(&authority));
+    m_network = std::make_unique<ApplicationNetworkGuard>(proxy, QSslCertificate(&authority));
     m_turns = std::make_unique<TurnCounter>();
     m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
     m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);

@@ -1,5 +1,3 @@
-#include <data/Picture.h>
-#include <data/Venue.h>
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureSlider.h>
@@ -10,8 +8,11 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QAccessible>
 #include <QApplication>
@@ -23,13 +24,11 @@
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QTableView>
-#include <QTest>
 #include <QTextEdit>
 
 using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Test::ConnectorStub;
-using korvel::Test::EncodedPicture;
 
 namespace {
 
@@ -62,12 +61,8 @@ QList<Picture> TwoPictures()
     QList<Picture> pictures;
     for (const Qt::GlobalColor color : {Qt::darkCyan, Qt::darkRed}) {
         const QByteArray data = EncodedPicture(QSize(300, 240), color);
-        Picture picture;
-        picture.SetPictureDataSmall(data);
-        // So that the viewer fetches nothing.
-        picture.SetPictureDataLarge(data);
-        picture.SetAlternativeDescription(QStringLiteral("Stage"));
-        pictures.append(picture);
+        // With a large rendition the viewer fetches nothing.
+        pictures.append(MakePicture(data, data, QStringLiteral("Stage")));
     }
     return pictures;
 }
@@ -77,18 +72,9 @@ struct ShownDialog
 {
     ShownDialog()
     {
-        Venue venue;
-        venue.SetId(7);
-        venue.SetComplexName(QStringLiteral("Festspielhaus"));
-        venue.SetCountry(QStringLiteral("Germany"));
-        connector.venues = {venue};
+        connector.venues = {MakeVenue(7, QStringLiteral("Festspielhaus"), QStringLiteral("Germany"))};
         connector.onGetPictures = [](qint64) { return TwoPictures(); };
-        connector.onGetFiles = [](qint64) {
-            QString name = QStringLiteral("stage.tessra");
-            TsFile file;
-            file.SetFileName(name);
-            return QList<TsFile>({file});
-        };
+        connector.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(QStringLiteral("stage.tessra"))}; };
         dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
         dialog.Open(nullptr);
         table = dialog.findChild<QTableView*>();
@@ -100,30 +86,6 @@ struct ShownDialog
         isShown = QTest::qWaitFor([this] { return details->isVisible() && dialog.isActiveWindow(); });
     }
 
-    QList<PictureNavigationButton*> SliderButtons() const
-    {
-        return slider->findChildren<PictureNavigationButton*>(Qt::FindDirectChildrenOnly);
-    }
-
-    QPushButton* FullscreenButton() const
-    {
-        for (QPushButton* button : slider->findChildren<QPushButton*>(Qt::FindDirectChildrenOnly)) {
-            if (!qobject_cast<PictureNavigationButton*>(button))
-                return button;
-        }
-        return nullptr;
-    }
-
-    /// The icon is the only label in the panel that takes the focus by Tab.
-    QLabel* FoldIcon() const
-    {
-        for (QLabel* label : details->findChildren<QLabel*>()) {
-            if (label->focusPolicy() == Qt::TabFocus)
-                return label;
-        }
-        return nullptr;
-    }
-
     ConnectorStub connector;
     VenueDbDialog dialog{nullptr};
     QTableView* table = nullptr;
@@ -131,11 +93,6 @@ struct ShownDialog
     PictureSlider* slider = nullptr;
     bool isShown = false;
 };
-
-QString CaptionOf(const PictureSlider& slider)
-{
-    return slider.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->text();
-}
 
 /// What a user would call the focused widget: its kind and accessible name.
 QString FocusedName()
@@ -147,21 +104,11 @@ QString FocusedName()
 } // namespace
 
 /// What planners meet who work with the keyboard or a screen reader.
-class tst_Accessibility : public QObject
+class tst_Accessibility : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void EverythingThatTakesTheFocusHasAName()
     {
         const ShownDialog shown;
@@ -180,16 +127,16 @@ private Q_SLOTS:
     {
         const ShownDialog shown;
         QVERIFY(shown.isShown);
-        QCOMPARE(NameOf(shown.SliderButtons().value(0)), QStringLiteral("Previous picture"));
-        QCOMPARE(NameOf(shown.SliderButtons().value(1)), QStringLiteral("Next picture"));
-        QCOMPARE(NameOf(shown.FullscreenButton()), QStringLiteral("Show pictures full screen"));
+        QCOMPARE(NameOf(NavigationButton(*shown.slider, 0)), QStringLiteral("Previous picture"));
+        QCOMPARE(NameOf(NavigationButton(*shown.slider, 1)), QStringLiteral("Next picture"));
+        QCOMPARE(NameOf(FullscreenButton(*shown.slider)), QStringLiteral("Show pictures full screen"));
         QCOMPARE(NameOf(shown.slider), QStringLiteral("Venue pictures"));
         QCOMPARE(NameOf(shown.table), QStringLiteral("Venues"));
         QVERIFY(!DescriptionOf(shown.table).isEmpty());
         auto* view = shown.dialog.findChild<PictureView*>();
         QCOMPARE(NameOf(view), QStringLiteral("Picture"));
         QVERIFY(DescriptionOf(view).contains(QStringLiteral("Page Up shows the next picture")));
-        for (QPushButton* button : {shown.SliderButtons().value(0), shown.SliderButtons().value(1)})
+        for (QPushButton* button : {NavigationButton(*shown.slider, 0), NavigationButton(*shown.slider, 1)})
             QCOMPARE(Accessible(button)->role(), QAccessible::Button);
     }
 
@@ -269,9 +216,9 @@ private Q_SLOTS:
 
     void NavigationButtonsWorkWithoutAMouse_data()
     {
-        QTest::addColumn<bool>("byKey");
-        QTest::newRow("Space") << true;
-        QTest::newRow("a screen reader's press") << false;
+        const Rows<bool> row("byKey");
+        row("Space", true);
+        row("a screen reader's press", false);
     }
     void NavigationButtonsWorkWithoutAMouse()
     {
@@ -310,14 +257,14 @@ private Q_SLOTS:
     {
         const ShownDialog shown;
         QVERIFY(shown.isShown);
-        QCOMPARE(CaptionOf(*shown.slider), QStringLiteral("1/2 Stage"));
-        Press(shown.SliderButtons().value(1));
-        QTRY_COMPARE(CaptionOf(*shown.slider), QStringLiteral("2/2 Stage"));
-        QTest::keyClick(shown.SliderButtons().value(0), Qt::Key_Space);
-        QCOMPARE(CaptionOf(*shown.slider), QStringLiteral("1/2 Stage"));
+        QCOMPARE(Caption(*shown.slider)->text(), QStringLiteral("1/2 Stage"));
+        Press(NavigationButton(*shown.slider, 1));
+        QTRY_COMPARE(Caption(*shown.slider)->text(), QStringLiteral("2/2 Stage"));
+        QTest::keyClick(NavigationButton(*shown.slider, 0), Qt::Key_Space);
+        QCOMPARE(Caption(*shown.slider)->text(), QStringLiteral("1/2 Stage"));
 
         auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
-        Press(shown.FullscreenButton());
+        Press(FullscreenButton(*shown.slider));
         QTRY_VERIFY(viewer->isVisible());
         // Tab leads from the picture to its buttons, which the mouse leaves without the focus.
         QCOMPARE(FocusedName(), QStringLiteral("Picture"));
@@ -326,11 +273,10 @@ private Q_SLOTS:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(FocusedName(), QStringLiteral("Next picture"));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-        const auto* view = viewer->findChild<PictureView*>();
-        QTRY_COMPARE(view->findChild<QLabel*>()->text(), QStringLiteral("2/2 Stage"));
+        QTRY_COMPARE(Caption(*viewer)->text(), QStringLiteral("2/2 Stage"));
         // The viewer's own keys go on working there.
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
-        QCOMPARE(view->findChild<QLabel*>()->text(), QStringLiteral("1/2 Stage"));
+        QCOMPARE(Caption(*viewer)->text(), QStringLiteral("1/2 Stage"));
         viewer->hide();
     }
 
@@ -338,7 +284,7 @@ private Q_SLOTS:
     {
         const ShownDialog shown;
         QVERIFY(shown.isShown);
-        QLabel* icon = shown.FoldIcon();
+        QLabel* icon = FoldIcon(*shown.details);
         QVERIFY(icon);
         const auto* body = shown.details->findChild<QScrollArea*>();
         QCOMPARE(Accessible(icon)->role(), QAccessible::Button);
@@ -370,7 +316,7 @@ private Q_SLOTS:
         const ShownDialog shown;
         QVERIFY(shown.isShown);
         shown.details->setEnabled(false);
-        QLabel* icon = shown.FoldIcon();
+        QLabel* icon = FoldIcon(*shown.details);
         QVERIFY(!Accessible(icon)->actionInterface()->actionNames().contains(
             QAccessibleActionInterface::pressAction()));
         Press(icon);
@@ -395,13 +341,13 @@ private Q_SLOTS:
         ShownDialog shown;
         QVERIFY(shown.isShown);
         shown.dialog.SetDayMode(dayMode);
-        QWidget* widget = shown.FoldIcon();
+        QWidget* widget = FoldIcon(*shown.details);
         QWidget* shownIn = widget;
         if (target == QLatin1String("navigation button")) {
-            widget = shown.SliderButtons().value(0);
+            widget = NavigationButton(*shown.slider, 0);
             shownIn = shown.slider;
         } else if (target == QLatin1String("full-screen button")) {
-            widget = shown.FullscreenButton();
+            widget = FullscreenButton(*shown.slider);
             shownIn = shown.slider;
         }
         // Not over the buttons, which would light up.

@@ -1,10 +1,7 @@
-#include <data/ConnectorJsonRest.h>
-
 #include <data/CountryCodeTranslator.h>
 
-#include <tests/support/MessageGuard.h>
-#include <tests/support/ScriptedServer.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/ConnectorTest.h>
+#include <tests/support/Rows.h>
 
 #include <QElapsedTimer>
 #include <QMetaProperty>
@@ -13,7 +10,6 @@
 #include <QPointer>
 #include <QSet>
 #include <QSignalSpy>
-#include <QTest>
 #include <QThread>
 #include <QTimer>
 
@@ -21,12 +17,10 @@
 #include <memory>
 #include <type_traits>
 
-using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Demo::Fault;
-using korvel::Demo::RequestLog;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Demo;
+using namespace korvel::Test;
 
 // Exported by Qt for tools; declared in a header that is not installed.
 extern quintptr Q_CORE_EXPORT qtHookData[];
@@ -129,8 +123,7 @@ public:
         qtHookData[c_addObject] = 0;
         qtHookData[c_removeObject] = 0;
     }
-    LivingObjects(const LivingObjects&) = delete;
-    LivingObjects& operator=(const LivingObjects&) = delete;
+    Q_DISABLE_COPY_MOVE(LivingObjects)
 
     static QList<QObject*> All()
     {
@@ -155,41 +148,17 @@ private:
 
 } // namespace
 
-class tst_ConnectorRequestLayer : public QObject
+class tst_ConnectorRequestLayer : public ConnectorTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_server = std::make_unique<ScriptedServer>();
-        m_host = m_server->Server().Host();
-    }
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
-        m_connector = std::make_unique<ConnectorJsonRest>(nullptr);
-    }
-    void cleanup()
-    {
-        m_connector.reset();
-        QCOMPARE(m_messages->Take(), QStringList());
-        m_messages.reset();
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
-    }
-
     // The object.
 
     void AnswersToBothItsTypes()
     {
-        QCOMPARE(m_connector->metaObject()->className(), "korvel::Data::VenueDatabase::ConnectorJsonRest");
-        QCOMPARE(m_connector->qt_metacast("korvel::Data::VenueDatabase::ConnectorJsonRest"),
-                 m_connector.get());
+        QCOMPARE(m_connector->metaObject()->className(), "ConnectorJsonRest");
+        QCOMPARE(m_connector->qt_metacast("ConnectorJsonRest"), m_connector.get());
         Connector_Interface* const connector = m_connector.get();
         QCOMPARE(m_connector->qt_metacast("Connector_Interface"), static_cast<void*>(connector));
         QCOMPARE(dynamic_cast<QObject*>(connector), m_connector.get());
@@ -226,7 +195,7 @@ private Q_SLOTS:
             QVERIFY(living.All().size() > 2);
             QCOMPARE(connector.findChild<CountryCodeTranslator*>(), nullptr);
         }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        DeleteWhatIsDue();
         QCOMPARE(living.All().size(), 1);
         const auto* const translator = qobject_cast<CountryCodeTranslator*>(living.All().first());
         QVERIFY(translator);
@@ -277,31 +246,22 @@ private Q_SLOTS:
 
     void JsonRequestOnTheWire_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<Query>("query");
-        QTest::addColumn<QByteArray>("target");
+        const Rows<QString, Query, QByteArray> row("path", "query", "target");
         const QString path = u"/api/venue"_s;
-        QTest::newRow("no query") << path << Query() << QByteArray("/api/venue");
-        QTest::newRow("one pair") << path << Query{{u"a"_s, u"1"_s}} << QByteArray("/api/venue?a=1");
-        QTest::newRow("order is kept")
-            << path << Query{{u"b"_s, u"1"_s}, {u"a"_s, u"2"_s}} << QByteArray("/api/venue?b=1&a=2");
-        QTest::newRow("repeated names are all kept")
-            << path << Query{{u"a"_s, u"2"_s}, {u"b"_s, u"x"_s}, {u"a"_s, u"1"_s}, {u"a"_s, u"1"_s}}
-            << QByteArray("/api/venue?a=2&b=x&a=1&a=1");
-        QTest::newRow("brackets stay")
-            << path << Query{{u"filter[a][b]"_s, u"[c]"_s}} << QByteArray("/api/venue?filter[a][b]=[c]");
-        QTest::newRow("separators are encoded")
-            << path << Query{{u"a&b"_s, u"c=d#e&f"_s}} << QByteArray("/api/venue?a%26b=c%3Dd%23e%26f");
-        QTest::newRow("blank and accent")
-            << path << Query{{u"a"_s, u"\u00fc b"_s}} << QByteArray("/api/venue?a=%C3%BC%20b");
-        QTest::newRow("empty path") << QString() << Query{{u"a"_s, u"1"_s}} << QByteArray("/?a=1");
-        QTest::newRow("path with a question mark and a hash")
-            << u"/a?b#c"_s << Query{{u"a"_s, u"1"_s}} << QByteArray("/a%3Fb%23c?a=1");
-        QTest::newRow("path with a blank, an accent and a triplet")
-            << u"/a b/\u00fc%2Fc"_s << Query() << QByteArray("/a%20b/%C3%BC%2Fc");
+        row("no query", path, {}, "/api/venue");
+        row("one pair", path, {{u"a"_s, u"1"_s}}, "/api/venue?a=1");
+        row("order is kept", path, {{u"b"_s, u"1"_s}, {u"a"_s, u"2"_s}}, "/api/venue?b=1&a=2");
+        row("repeated names are all kept", path,
+            {{u"a"_s, u"2"_s}, {u"b"_s, u"x"_s}, {u"a"_s, u"1"_s}, {u"a"_s, u"1"_s}},
+            "/api/venue?a=2&b=x&a=1&a=1");
+        row("brackets stay", path, {{u"filter[a][b]"_s, u"[c]"_s}}, "/api/venue?filter[a][b]=[c]");
+        row("separators are encoded", path, {{u"a&b"_s, u"c=d#e&f"_s}}, "/api/venue?a%26b=c%3Dd%23e%26f");
+        row("blank and accent", path, {{u"a"_s, u"\u00fc b"_s}}, "/api/venue?a=%C3%BC%20b");
+        row("empty path", {}, {{u"a"_s, u"1"_s}}, "/?a=1");
+        row("path with a question mark and a hash", u"/a?b#c"_s, {{u"a"_s, u"1"_s}}, "/a%3Fb%23c?a=1");
+        row("path with a blank, an accent and a triplet", u"/a b/\u00fc%2Fc"_s, {}, "/a%20b/%C3%BC%2Fc");
         // Qt folds the slashes; what counts is that it remains a path.
-        QTest::newRow("path that looks like a host")
-            << u"//second.example/a"_s << Query() << QByteArray("/second.example/a");
+        row("path that looks like a host", u"//second.example/a"_s, {}, "/second.example/a");
     }
     void JsonRequestOnTheWire()
     {
@@ -325,12 +285,12 @@ private Q_SLOTS:
 
     void PathWithoutSlashStaysOnTheFixedHost_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("relative") << u"api/venue"_s;
-        QTest::newRow("whole URL") << u"https://second.example/a"_s;
-        QTest::newRow("file") << u"file:///etc/passwd"_s;
-        QTest::newRow("port and user") << u":8080@second.example/a"_s;
-        QTest::newRow("end of a host name") << u".second.example/a"_s;
+        const Rows<QString> row("path");
+        row("relative", u"api/venue"_s);
+        row("whole URL", u"https://second.example/a"_s);
+        row("file", u"file:///etc/passwd"_s);
+        row("port and user", u":8080@second.example/a"_s);
+        row("end of a host name", u".second.example/a"_s);
     }
     void PathWithoutSlashStaysOnTheFixedHost()
     {
@@ -345,23 +305,16 @@ private Q_SLOTS:
 
     void UrlRequestGoesWhereItsTextSays_data()
     {
-        QTest::addColumn<QString>("url");
-        QTest::addColumn<QString>("host");
-        QTest::addColumn<QByteArray>("target");
-        QTest::newRow("server's own host")
-            << ScriptedServer::Url(u"/a.jpg"_s) << m_host << QByteArray("/a.jpg");
-        QTest::newRow("other host") << u"https://second.example/a.jpg"_s << u"second.example"_s
-                                    << QByteArray("/a.jpg");
-        QTest::newRow("query") << u"https://second.example/a.jpg?itok=x%26y&b"_s << u"second.example"_s
-                               << QByteArray("/a.jpg?itok=x%26y&b");
-        QTest::newRow("scheme and host in capitals")
-            << u"HTTPS://SECOND.example/A.jpg"_s << u"second.example"_s << QByteArray("/A.jpg");
-        QTest::newRow("tolerant: blank, accent, stray per cent sign")
-            << u"https://second.example/gro\u00df 100%.jpg"_s << u"second.example"_s
-            << QByteArray("/gro%C3%9F%20100%25.jpg");
-        QTest::newRow("fragment stays here")
-            << u"https://second.example/a.jpg#part"_s << u"second.example"_s << QByteArray("/a.jpg");
-        QTest::newRow("no path") << u"https://second.example"_s << u"second.example"_s << QByteArray("/");
+        const Rows<QString, QString, QByteArray> row("url", "host", "target");
+        row("server's own host", ScriptedServer::Url(u"/a.jpg"_s), m_host, "/a.jpg");
+        row("other host", u"https://second.example/a.jpg"_s, u"second.example"_s, "/a.jpg");
+        row("query", u"https://second.example/a.jpg?itok=x%26y&b"_s, u"second.example"_s,
+            "/a.jpg?itok=x%26y&b");
+        row("scheme and host in capitals", u"HTTPS://SECOND.example/A.jpg"_s, u"second.example"_s, "/A.jpg");
+        row("tolerant: blank, accent, stray per cent sign", u"https://second.example/gro\u00df 100%.jpg"_s,
+            u"second.example"_s, "/gro%C3%9F%20100%25.jpg");
+        row("fragment stays here", u"https://second.example/a.jpg#part"_s, u"second.example"_s, "/a.jpg");
+        row("no path", u"https://second.example"_s, u"second.example"_s, "/");
     }
     void UrlRequestGoesWhereItsTextSays()
     {
@@ -379,9 +332,9 @@ private Q_SLOTS:
 
     void RequestHasNoHeadersOfItsOwn_data()
     {
-        QTest::addColumn<bool>("json");
-        QTest::newRow("JSON request") << true;
-        QTest::newRow("URL request") << false;
+        const Rows<bool> row("json");
+        row("JSON request", true);
+        row("URL request", false);
     }
     void RequestHasNoHeadersOfItsOwn()
     {
@@ -412,7 +365,7 @@ private Q_SLOTS:
         QVERIFY(m_connector->waitForFinished(json, 20'000));
         QVERIFY(m_connector->waitForFinished(url, 20'000));
         QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        DeleteWhatIsDue();
         QVERIFY(json && url);
         QCOMPARE(json->readAll(), QByteArray("body"));
         QCOMPARE(url->readAll(), QByteArray("body"));
@@ -424,9 +377,9 @@ private Q_SLOTS:
 
     void WaitIsTrueWhenTheReplyFinishes_data()
     {
-        QTest::addColumn<int>("status");
-        QTest::newRow("success") << 200;
-        QTest::newRow("error page") << 500;
+        const Rows<int> row("status");
+        row("success", 200);
+        row("error page", 500);
     }
     void WaitIsTrueWhenTheReplyFinishes()
     {
@@ -465,11 +418,10 @@ private Q_SLOTS:
 
     void TimeoutAbortsTheReply_data()
     {
-        QTest::addColumn<Fault>("fault");
-        QTest::newRow("no answer") << Fault(Fault::On(u"/a"_s).WithoutAnswer());
-        QTest::newRow("header only") << Fault(Fault::On(u"/a"_s).WithBody("body").WithSilenceAfterHeader());
-        QTest::newRow("drips") << Fault(
-            Fault::On(u"/a"_s).WithBody(QByteArray(100'000, 'x')).WithDrip(10, 50));
+        const Rows<Fault> row("fault");
+        row("no answer", Fault::On(u"/a"_s).WithoutAnswer());
+        row("header only", Fault::On(u"/a"_s).WithBody("body").WithSilenceAfterHeader());
+        row("drips", Fault::On(u"/a"_s).WithBody(QByteArray(100'000, 'x')).WithDrip(10, 50));
     }
     void TimeoutAbortsTheReply()
     {
@@ -486,7 +438,7 @@ private Q_SLOTS:
         QCOMPARE(reply->error(), QNetworkReply::OperationCanceledError);
         QCOMPARE(finished.size(), 1);
         // The reply belongs to the caller all the same.
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        DeleteWhatIsDue();
         QCOMPARE(m_connector->findChild<QNetworkReply*>(), reply);
     }
 
@@ -538,8 +490,7 @@ private Q_SLOTS:
     {
         QFETCH(std::function<void()>, happening);
         m_server->Withhold(u"/a"_s);
-        const QObject context;
-        connect(&m_server->Log(), &RequestLog::RequestReceived, &context, happening);
+        OnRequest({}, happening);
         m_reply = m_connector->SendGetJsonRequest(u"/a"_s, {});
         ConnectorJsonRest* const connector = m_connector.get();
         QElapsedTimer timer;
@@ -561,17 +512,11 @@ private Q_SLOTS:
     void QuittingEndsTheWait()
     {
         m_server->Withhold(u"/a"_s);
-        const QObject context;
-        connect(&m_server->Log(), &RequestLog::RequestReceived, &context, []() { QCoreApplication::quit(); });
         bool finished = true;
-        QTimer::singleShot(0, &context, [&]() {
+        QVERIFY(QuittingEnds({}, [&]() {
             finished = m_connector->waitForFinished(m_connector->SendGetJsonRequest(u"/a"_s, {}), 20'000);
-        });
-        QElapsedTimer timer;
-        timer.start();
-        QCoreApplication::exec();
+        }));
         QVERIFY(!finished);
-        QVERIFY(timer.elapsed() < 15'000);
         // The request has not been aborted: nothing timed out.
         QVERIFY(!m_connector->findChild<QNetworkReply*>()->isFinished());
     }
@@ -593,11 +538,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString m_host;
     QPointer<QNetworkReply> m_reply;
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
-    std::unique_ptr<ConnectorJsonRest> m_connector;
 };
 
 QTEST_GUILESS_MAIN(tst_ConnectorRequestLayer)

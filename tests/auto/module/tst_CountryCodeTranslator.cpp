@@ -1,62 +1,49 @@
 #include <data/CountryCodeTranslator.h>
 
-#include <tests/support/MessageGuard.h>
-
-#include <QTest>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <algorithm>
 
+using namespace korvel::Test;
 using korvel::Data::VenueDatabase::CountryCodeTranslator;
 
-class tst_CountryCodeTranslator : public QObject
+class tst_CountryCodeTranslator : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void CodeTranslatesToName_data()
     {
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QString>("name");
+        const Rows<QString, QString> row("code", "name");
         const QString unknown = QStringLiteral("unknown");
-        QTest::newRow("upper case") << QStringLiteral("DE") << QStringLiteral("Germany");
-        QTest::newRow("lower case is unknown") << QStringLiteral("de") << unknown;
-        QTest::newRow("empty is unknown") << QString() << unknown;
-        QTest::newRow("blank around is unknown") << QStringLiteral(" DE") << unknown;
-        QTest::newRow("withdrawn code stays")
-            << QStringLiteral("AN") << QStringLiteral("Netherlands Antilles");
+        row("upper case", QStringLiteral("DE"), QStringLiteral("Germany"));
+        row("lower case is unknown", QStringLiteral("de"), unknown);
+        row("empty is unknown", {}, unknown);
+        row("blank around is unknown", QStringLiteral(" DE"), unknown);
+        row("withdrawn code stays", QStringLiteral("AN"), QStringLiteral("Netherlands Antilles"));
         for (const char* gap : {"UA", "AQ", "BV", "GS", "HM"})
             QTest::addRow("gap %s", gap) << QString::fromLatin1(gap) << unknown;
-        QTest::newRow("accent in BL") << QStringLiteral("BL") << QStringLiteral(u"Saint Barth\u00e9lemy");
-        QTest::newRow("cedilla in CW") << QStringLiteral("CW") << QStringLiteral(u"Cura\u00e7ao");
-        QTest::newRow("plain ASCII: AX") << QStringLiteral("AX") << QStringLiteral("Aland Islands");
-        QTest::newRow("plain ASCII: CI") << QStringLiteral("CI") << QStringLiteral("Cote d'Ivoire");
-        QTest::newRow("plain ASCII: RE") << QStringLiteral("RE") << QStringLiteral("Reunion");
-        QTest::newRow("plain ASCII: ST") << QStringLiteral("ST") << QStringLiteral("Sao Tome and Principe");
-        QTest::newRow("older name: SZ") << QStringLiteral("SZ") << QStringLiteral("Swaziland");
-        QTest::newRow("older name: CV") << QStringLiteral("CV") << QStringLiteral("Cape Verde");
-        QTest::newRow("older name: CZ") << QStringLiteral("CZ") << QStringLiteral("Czech Republic");
-        QTest::newRow("older name: MK")
-            << QStringLiteral("MK") << QStringLiteral("Macedonia, the former Yugoslav Republic of");
-        QTest::newRow("older name: TR") << QStringLiteral("TR") << QStringLiteral("Turkey");
-        QTest::newRow("older name: VA")
-            << QStringLiteral("VA") << QStringLiteral("Holy See (Vatican City State)");
-        QTest::newRow("punctuation: US")
-            << QStringLiteral("US") << QStringLiteral("United States of America (the)");
-        QTest::newRow("punctuation: MF")
-            << QStringLiteral("MF") << QStringLiteral("Saint Martin (French Part)");
-        QTest::newRow("punctuation: SX")
-            << QStringLiteral("SX") << QStringLiteral("Sint Maarten (Dutch Part)");
-        QTest::newRow("punctuation: VI") << QStringLiteral("VI") << QStringLiteral("Virgin Islands (U.S.)");
-        QTest::newRow("punctuation: VG") << QStringLiteral("VG") << QStringLiteral("Virgin Islands, British");
-        QTest::newRow("punctuation: CD")
-            << QStringLiteral("CD") << QStringLiteral("Congo, the Democratic Republic of the");
-        QTest::newRow("punctuation: BO")
-            << QStringLiteral("BO") << QStringLiteral("Bolivia, Plurinational State of");
+        row("accent in BL", QStringLiteral("BL"), QStringLiteral(u"Saint Barth\u00e9lemy"));
+        row("cedilla in CW", QStringLiteral("CW"), QStringLiteral(u"Cura\u00e7ao"));
+        row("plain ASCII: AX", QStringLiteral("AX"), QStringLiteral("Aland Islands"));
+        row("plain ASCII: CI", QStringLiteral("CI"), QStringLiteral("Cote d'Ivoire"));
+        row("plain ASCII: RE", QStringLiteral("RE"), QStringLiteral("Reunion"));
+        row("plain ASCII: ST", QStringLiteral("ST"), QStringLiteral("Sao Tome and Principe"));
+        row("older name: SZ", QStringLiteral("SZ"), QStringLiteral("Swaziland"));
+        row("older name: CV", QStringLiteral("CV"), QStringLiteral("Cape Verde"));
+        row("older name: CZ", QStringLiteral("CZ"), QStringLiteral("Czech Republic"));
+        row("older name: MK", QStringLiteral("MK"),
+            QStringLiteral("Macedonia, the former Yugoslav Republic of"));
+        row("older name: TR", QStringLiteral("TR"), QStringLiteral("Turkey"));
+        row("older name: VA", QStringLiteral("VA"), QStringLiteral("Holy See (Vatican City State)"));
+        row("punctuation: US", QStringLiteral("US"), QStringLiteral("United States of America (the)"));
+        row("punctuation: MF", QStringLiteral("MF"), QStringLiteral("Saint Martin (French Part)"));
+        row("punctuation: SX", QStringLiteral("SX"), QStringLiteral("Sint Maarten (Dutch Part)"));
+        row("punctuation: VI", QStringLiteral("VI"), QStringLiteral("Virgin Islands (U.S.)"));
+        row("punctuation: VG", QStringLiteral("VG"), QStringLiteral("Virgin Islands, British"));
+        row("punctuation: CD", QStringLiteral("CD"), QStringLiteral("Congo, the Democratic Republic of the"));
+        row("punctuation: BO", QStringLiteral("BO"), QStringLiteral("Bolivia, Plurinational State of"));
     }
     void CodeTranslatesToName()
     {
@@ -65,31 +52,16 @@ private Q_SLOTS:
         QCOMPARE(CountryCodeTranslator().GetCountry(code), name);
     }
 
-    void FilledPatternsHaveTheAccentInPlace()
-    {
-        const CountryCodeTranslator translator;
-        const QString barthelemy = translator.GetCountry(QStringLiteral("BL"));
-        QCOMPARE(barthelemy.size(), 16);
-        QCOMPARE(barthelemy.at(11), QChar(0xe9));
-        const QString curacao = translator.GetCountry(QStringLiteral("CW"));
-        QCOMPARE(curacao.size(), 7);
-        QCOMPARE(curacao.at(4), QChar(0xe7));
-    }
-
     void NameTranslatesToCode_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("code");
-        QTest::newRow("exact") << QStringLiteral("Germany") << QStringLiteral("DE");
-        QTest::newRow("lower case is unknown") << QStringLiteral("germany") << QStringLiteral("-");
-        QTest::newRow("empty is unknown") << QString() << QStringLiteral("-");
-        QTest::newRow("unfilled pattern is unknown")
-            << QStringLiteral("Saint Barth%1lemy") << QStringLiteral("-");
-        QTest::newRow("filled pattern") << QStringLiteral(u"Saint Barth\u00e9lemy") << QStringLiteral("BL");
-        QTest::newRow("with its article")
-            << QStringLiteral("United States of America (the)") << QStringLiteral("US");
-        QTest::newRow("without its article")
-            << QStringLiteral("United States of America") << QStringLiteral("-");
+        const Rows<QString, QString> row("name", "code");
+        row("exact", QStringLiteral("Germany"), QStringLiteral("DE"));
+        row("lower case is unknown", QStringLiteral("germany"), QStringLiteral("-"));
+        row("empty is unknown", {}, QStringLiteral("-"));
+        row("unfilled pattern is unknown", QStringLiteral("Saint Barth%1lemy"), QStringLiteral("-"));
+        row("filled pattern", QStringLiteral(u"Saint Barth\u00e9lemy"), QStringLiteral("BL"));
+        row("with its article", QStringLiteral("United States of America (the)"), QStringLiteral("US"));
+        row("without its article", QStringLiteral("United States of America"), QStringLiteral("-"));
     }
     void NameTranslatesToCode()
     {
@@ -116,15 +88,13 @@ private Q_SLOTS:
 
     void NeighboursFollowCodeUnitOrder_data()
     {
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("second");
-        QTest::newRow("no accent") << QStringLiteral("Afghanistan") << QStringLiteral("Aland Islands");
-        QTest::newRow("prefix first")
-            << QStringLiteral("Congo") << QStringLiteral("Congo, the Democratic Republic of the");
-        QTest::newRow("upper case first") << QStringLiteral("United States Minor Outlying Islands")
-                                          << QStringLiteral("United States of America (the)");
-        QTest::newRow("bracket before comma")
-            << QStringLiteral("Virgin Islands (U.S.)") << QStringLiteral("Virgin Islands, British");
+        const Rows<QString, QString> row("first", "second");
+        row("no accent", QStringLiteral("Afghanistan"), QStringLiteral("Aland Islands"));
+        row("prefix first", QStringLiteral("Congo"), QStringLiteral("Congo, the Democratic Republic of the"));
+        row("upper case first", QStringLiteral("United States Minor Outlying Islands"),
+            QStringLiteral("United States of America (the)"));
+        row("bracket before comma", QStringLiteral("Virgin Islands (U.S.)"),
+            QStringLiteral("Virgin Islands, British"));
     }
     void NeighboursFollowCodeUnitOrder()
     {
@@ -148,13 +118,6 @@ private Q_SLOTS:
         const QList<QString> before = translator.GetCountryList();
         translator.InitTranslationMaps();
         QCOMPARE(translator.GetCountryList(), before);
-    }
-
-    void HasItsOwnMetaObjectAndNoParent()
-    {
-        const CountryCodeTranslator translator;
-        QCOMPARE(translator.parent(), nullptr);
-        QCOMPARE(translator.metaObject()->className(), "korvel::Data::VenueDatabase::CountryCodeTranslator");
     }
 };
 

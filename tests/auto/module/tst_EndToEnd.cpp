@@ -5,19 +5,18 @@
 #include <ui/VenueDbSignalHandler.h>
 #include <ui/VenueDetailsWidget.h>
 
-#include <server/VenueServer.h>
-#include <server/catalogue/CatalogueGenerator.h>
-
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Files.h>
+#include <tests/support/GeneratedServer.h>
 #include <tests/support/ModalDriver.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QBuffer>
 #include <QComboBox>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -26,54 +25,31 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTableView>
-#include <QTest>
 #include <QTextEdit>
 #include <QTimer>
 
 #include <memory>
 
+using namespace korvel::Demo;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Demo::CatalogueGenerator;
-using korvel::Demo::Fault;
-using korvel::Demo::VenueCatalogue;
-using korvel::Demo::VenueServer;
-using korvel::Test::ModalDriver;
 
 namespace {
 
 /// Far less than the 30 s that a query may wait: what ends within it was ended, not waited out.
 constexpr int c_promptly = 5000;
 
-QByteArray SmallPicture(const korvel::Demo::VenueRecord& /*venue*/,
-                        const korvel::Demo::PictureRecord& /*picture*/, QSize /*size*/)
-{
-    QImage image(60, 40, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-VenueServer::Options ServerOptions()
-{
-    VenueServer::Options options;
-    options.pictureSource = SmallPicture;
-    return options;
-}
-
 } // namespace
 
 /// The whole module against a real server: over TLS, through the proxy, under the built-in host name.
-class tst_EndToEnd : public QObject
+class tst_EndToEnd : public StrictTest
 {
     Q_OBJECT
 
 private:
-    VenueServer m_server{ServerOptions()};
+    std::unique_ptr<VenueServer> m_server;
     VenueCatalogue m_catalogue;
-    std::unique_ptr<korvel::Demo::ApplicationNetworkGuard> m_network;
+    std::unique_ptr<ApplicationNetworkGuard> m_network;
     QPointer<VenueDbDialog> m_dialog;
 
     QTableView* Table() const
@@ -88,41 +64,15 @@ private:
     {
         return m_dialog->findChild<VenueDbCentralWidget*>();
     }
-    int Rows() const
-    {
-        return Table()->model() ? Table()->model()->rowCount() : -1;
-    }
     qint64 IdOfRow(int row) const
     {
         return Table()->model()->index(row, 0).data().toLongLong();
     }
 
-    QPushButton* Button(const QString& text) const
-    {
-        for (QPushButton* button : m_dialog->findChildren<QPushButton*>()) {
-            if (button->text() == text)
-                return button;
-        }
-        return nullptr;
-    }
-
-    void ClickRow(int row) const
-    {
-        QTest::mouseClick(Table()->viewport(), Qt::LeftButton, {},
-                          Table()->visualRect(Table()->model()->index(row, 1)).center());
-    }
-
     void OpenAndWait()
     {
         m_dialog->Open(nullptr);
-        QTRY_COMPARE(Rows(), int(m_catalogue.Venues().size()));
-    }
-
-    /// Clicks the error box's button \p button once it opens.
-    static std::unique_ptr<ModalDriver<QMessageBox>> AnswerErrorBox(QMessageBox::StandardButton button)
-    {
-        return std::make_unique<ModalDriver<QMessageBox>>(
-            [button](QMessageBox* box) { QTest::mouseClick(box->button(button), Qt::LeftButton); });
+        QTRY_COMPARE(RowCount(Table()), int(m_catalogue.Venues().size()));
     }
 
     /// Runs \p action as soon as the server has received a request whose target contains \p text.
@@ -130,7 +80,7 @@ private:
     {
         auto* poll = new QTimer(this);
         connect(poll, &QTimer::timeout, this, [this, poll, text, action]() {
-            if (m_server.Log().RequestCount(text) == 0)
+            if (m_server->Log().RequestCount(text) == 0)
                 return;
             poll->deleteLater();
             poll->stop();
@@ -142,11 +92,10 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        m_catalogue = CatalogueGenerator({.venueCount = 25, .picturesPerVenue = 3, .modelFilesPerVenue = 2})
-                          .Catalogue();
-        m_server.SetCatalogue(m_catalogue);
-        QVERIFY2(m_server.Start(), qPrintable(m_server.ErrorText()));
-        m_network = m_server.InstallInApplication();
+        m_server = GeneratedServer({.venueCount = 25, .picturesPerVenue = 3, .modelFilesPerVenue = 2},
+                                   EncodedPicture(QSize(60, 40), Qt::darkCyan));
+        m_catalogue = *m_server->Catalogue();
+        m_network = m_server->InstallInApplication();
     }
 
     void cleanupTestCase()
@@ -156,9 +105,9 @@ private Q_SLOTS:
 
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_server.ClearFaults();
-        m_server.Log().Clear();
+        StrictTest::init();
+        m_server->ClearFaults();
+        m_server->Log().Clear();
         m_dialog = new VenueDbDialog;
         QVERIFY(m_dialog->ConnectVdb(QStringLiteral("JSONREST")));
     }
@@ -166,30 +115,29 @@ private Q_SLOTS:
     void cleanup()
     {
         delete m_dialog;
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-        QVERIFY(!QApplication::overrideCursor());
-        if (!m_server.IsRunning())
-            QVERIFY(m_server.Start());
+        StrictTest::cleanup();
+        if (!m_server->IsRunning())
+            QVERIFY(m_server->Start());
     }
 
     void NothingIsSentBeforeOpen()
     {
         QTest::qWait(0);
-        QCOMPARE(m_server.Log().ConnectCount(), 0);
+        QCOMPARE(m_server->Log().ConnectCount(), 0);
     }
 
     void OpenListsAllVenuesAndTheirCountries()
     {
         OpenAndWait();
-        QCOMPARE(m_server.Log().RequestCount(), 2);
+        QCOMPARE(m_server->Log().RequestCount(), 2);
         // The reverse of the server's order.
         QCOMPARE(IdOfRow(0), m_catalogue.Venues().last().entityId);
-        QCOMPARE(IdOfRow(Rows() - 1), m_catalogue.Venues().first().entityId);
+        QCOMPARE(IdOfRow(RowCount(Table()) - 1), m_catalogue.Venues().first().entityId);
         QSet<QString> codes;
         for (const auto& venue : m_catalogue.Venues())
             codes.insert(venue.countryCode);
         QCOMPARE(Panel()->findChild<QComboBox*>()->count(), codes.size() + 1);
-        QCOMPARE(m_server.Log().TlsConnectionCount(), 1);
+        QCOMPARE(m_server->Log().TlsConnectionCount(), 1);
     }
 
     void FilteredSearchFindsWhatContainsTheText()
@@ -203,20 +151,20 @@ private Q_SLOTS:
         field->setFocus();
         QTest::keyClicks(field, city.toUpper());
         QTest::keyClick(field, Qt::Key_Return);
-        QCOMPARE(Rows(), int(expected));
-        for (int row = 0; row < Rows(); ++row)
+        QCOMPARE(RowCount(Table()), int(expected));
+        for (int row = 0; row < RowCount(Table()); ++row)
             QVERIFY(Table()->model()->index(row, 3).data().toString().contains(city, Qt::CaseInsensitive));
     }
 
     void SelectedVenueShowsDetailsPicturesAndFiles()
     {
         OpenAndWait();
-        ClickRow(4);
+        ClickRow(Table(), 4);
         const qint64 id = IdOfRow(4);
         QVERIFY(Details()->isVisible());
         // Both lists, then every picture and file at once.
-        QCOMPARE(m_server.Log().RequestCount(QStringLiteral("filter[entity_id]=%1").arg(id)), 2);
-        QCOMPARE(m_server.Log().RequestCount(), 2 + 2 + 3 + 2);
+        QCOMPARE(m_server->Log().RequestCount(QStringLiteral("filter[entity_id]=%1").arg(id)), 2);
+        QCOMPARE(m_server->Log().RequestCount(), 2 + 2 + 3 + 2);
         const auto labels = Details()->findChildren<QLabel*>();
         QVERIFY(std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
             return label->text().startsWith(QStringLiteral("1/3 "));
@@ -235,15 +183,14 @@ private Q_SLOTS:
     void ImportHandsTheFileToTheHost()
     {
         OpenAndWait();
-        ClickRow(0);
+        ClickRow(Table(), 0);
         QSignalSpy requests(VenueDbSignalHandler::GetInstance(),
                             &VenueDbSignalHandler::ImportVenueFromTempFileRequest);
         auto* opener = Details()->findChild<TsFileOpener*>();
-        QTest::mouseClick(Button(QStringLiteral("Import to Tessra")), Qt::LeftButton);
+        QTest::mouseClick(Button(*m_dialog, QStringLiteral("Import to Tessra")), Qt::LeftButton);
         QCOMPARE(requests.count(), 1);
-        QFile file(requests.first().first().toString());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), m_catalogue.Venues().last().modelFiles.first().content);
+        QCOMPARE(ContentOf(requests.first().first().toString()),
+                 m_catalogue.Venues().last().modelFiles.first().content);
         QVERIFY(!opener->isEnabled());
         m_dialog->SetVenueLoaded(false);
         QVERIFY(!opener->isEnabled());
@@ -257,64 +204,62 @@ private Q_SLOTS:
         m_dialog->hide();
         m_dialog->Open(nullptr);
         QCoreApplication::processEvents();
-        QCOMPARE(m_server.Log().RequestCount(), 2);
-        QCOMPARE(Rows(), int(m_catalogue.Venues().size()));
+        QCOMPARE(m_server->Log().RequestCount(), 2);
+        QCOMPARE(RowCount(Table()), int(m_catalogue.Venues().size()));
     }
 
     void RetryWorksWhenTheServerIsBack()
     {
-        m_server.Stop();
-        const ModalDriver<QMessageBox> driver([this](QMessageBox* box) {
+        m_server->Stop();
+        const BoxDriver driver([this](QMessageBox* box) {
             QCOMPARE(box->text(),
                      QStringLiteral("Unable to connect to server. \nPlease check your internet connection."));
-            QVERIFY(m_server.Start());
+            QVERIFY(m_server->Start());
             QTest::mouseClick(box->button(QMessageBox::Retry), Qt::LeftButton);
         });
         m_dialog->Open(nullptr);
-        QTRY_COMPARE(Rows(), int(m_catalogue.Venues().size()));
+        QTRY_COMPARE(RowCount(Table()), int(m_catalogue.Venues().size()));
         QCOMPARE(driver.Count(), 1);
         QVERIFY(m_dialog->isVisible());
     }
 
     void FailingServerLeadsToTheErrorBox_data()
     {
-        QTest::addColumn<Fault>("fault");
+        const Rows<Fault> row("fault");
         const QString venues = QStringLiteral("/api/venue");
-        QTest::newRow("error status, right media type") << Fault::On(venues).WithStatus(500);
-        QTest::newRow("media type with charset")
-            << Fault::On(venues).WithMediaType("application/vnd.api+json; charset=utf-8");
-        QTest::newRow("cut body") << Fault::On(venues).WithCutAfter(100);
-        QTest::newRow("country refresh fails") << Fault::On(venues).Skip(1).WithStatus(503);
+        row("error status, right media type", Fault::On(venues).WithStatus(500));
+        row("media type with charset",
+            Fault::On(venues).WithMediaType("application/vnd.api+json; charset=utf-8"));
+        row("cut body", Fault::On(venues).WithCutAfter(100));
+        row("country refresh fails", Fault::On(venues).Skip(1).WithStatus(503));
     }
     void FailingServerLeadsToTheErrorBox()
     {
         QFETCH(Fault, fault);
-        m_server.AddFault(fault);
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        m_server->AddFault(fault);
+        const auto driver = AnswerBox(QMessageBox::Close);
         m_dialog->Open(nullptr);
         QTRY_VERIFY(m_dialog->isHidden());
         QCOMPARE(driver->Count(), 1);
     }
 
-    // --- what may happen at any moment of a wait
-    // ------------------------------------------------------------
+    // What may happen at any moment of a wait.
 
     void SearchEndsWhenTheHostInterferes_data()
     {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<bool>("survives");
-        QTest::newRow("disconnect") << QStringLiteral("disconnect") << true;
-        QTest::newRow("connect anew") << QStringLiteral("connect") << true;
-        QTest::newRow("delete") << QStringLiteral("delete") << false;
-        QTest::newRow("delete later") << QStringLiteral("deleteLater") << false;
+        const Rows<QString, bool> row("action", "survives");
+        row("disconnect", QStringLiteral("disconnect"), true);
+        row("connect anew", QStringLiteral("connect"), true);
+        row("delete", QStringLiteral("delete"), false);
+        row("delete later", QStringLiteral("deleteLater"), false);
     }
     void SearchEndsWhenTheHostInterferes()
     {
         QFETCH(QString, action);
         QFETCH(bool, survives);
-        m_server.AddFault(Fault::On(QStringLiteral("/api/venue")).WithoutAnswer());
+        m_server->AddFault(Fault::On(QStringLiteral("/api/venue")).WithoutAnswer());
         OnRequest(QStringLiteral("/api/venue"), [this, action]() { Interfere(action); });
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        const auto driver = AnswerBox(QMessageBox::Close);
         m_dialog->Open(nullptr);
         if (survives)
             QTRY_VERIFY_WITH_TIMEOUT(m_dialog->isHidden(), c_promptly);
@@ -346,13 +291,13 @@ private Q_SLOTS:
             || action == QStringLiteral("deleteLater");
         // What does not end the wait itself is answered a little later.
         if (endsTheWait)
-            m_server.AddFault(Fault::On(request).WithoutAnswer());
+            m_server->AddFault(Fault::On(request).WithoutAnswer());
         else
-            m_server.AddFault(Fault::On(request).WithDelay(200));
+            m_server->AddFault(Fault::On(request).WithDelay(200));
         OnRequest(request, [this, action]() { Interfere(action); });
         QElapsedTimer elapsed;
         elapsed.start();
-        ClickRow(2);
+        ClickRow(Table(), 2);
         QVERIFY(elapsed.elapsed() < c_promptly);
         if (survives) {
             QVERIFY(Details()->isEnabled());
@@ -363,12 +308,12 @@ private Q_SLOTS:
 
     void QuittingEndsEveryWait_data()
     {
-        QTest::addColumn<QString>("request");
-        QTest::newRow("search") << QStringLiteral("include=editor");
-        QTest::newRow("picture list") << QStringLiteral("from_the_auditorium");
-        QTest::newRow("picture bytes") << QStringLiteral("-small.");
-        QTest::newRow("model-file list") << QStringLiteral("tessra.file");
-        QTest::newRow("model-file bytes") << QStringLiteral("/files/models");
+        const Rows<QString> row("request");
+        row("search", QStringLiteral("include=editor"));
+        row("picture list", QStringLiteral("from_the_auditorium"));
+        row("picture bytes", QStringLiteral("-small."));
+        row("model-file list", QStringLiteral("tessra.file"));
+        row("model-file bytes", QStringLiteral("/files/models"));
     }
     void QuittingEndsEveryWait()
     {
@@ -376,14 +321,14 @@ private Q_SLOTS:
         const bool isSearch = request == QStringLiteral("include=editor");
         if (!isSearch)
             OpenAndWait();
-        m_server.Log().Clear();
-        m_server.AddFault(Fault::On(request).WithoutAnswer());
+        m_server->Log().Clear();
+        m_server->AddFault(Fault::On(request).WithoutAnswer());
         OnRequest(request, []() { QCoreApplication::quit(); });
         QTimer::singleShot(0, m_dialog, [this, isSearch]() {
             if (isSearch)
                 m_dialog->Open(nullptr);
             else
-                ClickRow(2);
+                ClickRow(Table(), 2);
         });
         QTimer::singleShot(c_promptly, m_dialog, []() { QCoreApplication::exit(99); });
         QCOMPARE(QCoreApplication::exec(), 0);

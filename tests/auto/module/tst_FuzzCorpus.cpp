@@ -1,12 +1,12 @@
 #include <fuzz/FuzzTargets.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/StrictTest.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QTest>
 
+using namespace korvel::Test;
 using korvel::Fuzz::Target;
 
 namespace {
@@ -20,7 +20,7 @@ QString CorpusFolder(const Target& target)
 
 /// Feeds every input of the fuzzers' corpus, findings of the past among them, to its target once. A broken
 /// promise ends the program.
-class tst_FuzzCorpus : public QObject
+class tst_FuzzCorpus : public StrictTest
 {
     Q_OBJECT
 
@@ -34,12 +34,6 @@ private Q_SLOTS:
         korvel::Fuzz::ReleaseKept();
     }
     // Deliberate: warnings do not fail. Qt's decoders report broken pictures, and the corpus is full of them.
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-        QVERIFY(!QApplication::overrideCursor());
-    }
-
     void EveryTargetHasCorpusAndDictionary_data()
     {
         QTest::addColumn<QString>("name");

@@ -1,10 +1,10 @@
 #include <data/Picture.h>
 
-#include <tests/support/MessageGuard.h>
-
-#include <QTest>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Test;
 using korvel::Data::VenueDatabase::Picture;
 
 namespace {
@@ -38,16 +38,11 @@ Q_DECLARE_METATYPE(TextSetter)
 Q_DECLARE_METATYPE(BytesGetter)
 Q_DECLARE_METATYPE(BytesSetter)
 
-class tst_Picture : public QObject
+class tst_Picture : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void DefaultPictureHasNoIdAndFiveColumns()
     {
         const Picture picture;
@@ -59,10 +54,9 @@ private Q_SLOTS:
 
     void TextIsKeptAndTouchesNoOther_data()
     {
-        QTest::addColumn<TextGetter>("getter");
-        QTest::addColumn<TextSetter>("setter");
+        const Rows<TextGetter, TextSetter> row("getter", "setter");
         for (const TextField& field : c_textFields)
-            QTest::newRow(field.name) << field.getter << field.setter;
+            row(field.name, field.getter, field.setter);
     }
     void TextIsKeptAndTouchesNoOther()
     {
@@ -80,10 +74,9 @@ private Q_SLOTS:
 
     void BytesAreKeptAndTouchNoOther_data()
     {
-        QTest::addColumn<BytesGetter>("getter");
-        QTest::addColumn<BytesSetter>("setter");
+        const Rows<BytesGetter, BytesSetter> row("getter", "setter");
         for (const BytesField& field : c_bytesFields)
-            QTest::newRow(field.name) << field.getter << field.setter;
+            row(field.name, field.getter, field.setter);
     }
     void BytesAreKeptAndTouchNoOther()
     {
@@ -102,23 +95,20 @@ private Q_SLOTS:
 
     void BestDataAtHand_data()
     {
-        QTest::addColumn<QByteArray>("small");
-        QTest::addColumn<QByteArray>("medium");
-        QTest::addColumn<QByteArray>("large");
-        QTest::addColumn<QByteArray>("largest");
-        QTest::addColumn<QByteArray>("smallest");
+        const Rows<QByteArray, QByteArray, QByteArray, QByteArray, QByteArray> row("small", "medium", "large",
+                                                                                   "largest", "smallest");
         const QByteArray none;
         const QByteArray s("s");
         const QByteArray m("m");
         const QByteArray l("l");
-        QTest::newRow("none") << none << none << none << none << none;
-        QTest::newRow("small") << s << none << none << s << s;
-        QTest::newRow("medium") << none << m << none << m << m;
-        QTest::newRow("large") << none << none << l << l << l;
-        QTest::newRow("small and medium") << s << m << none << m << s;
-        QTest::newRow("small and large") << s << none << l << l << s;
-        QTest::newRow("medium and large") << none << m << l << l << m;
-        QTest::newRow("all") << s << m << l << l << s;
+        row("none", none, none, none, none, none);
+        row("small", s, none, none, s, s);
+        row("medium", none, m, none, m, m);
+        row("large", none, none, l, l, l);
+        row("small and medium", s, m, none, m, s);
+        row("small and large", s, none, l, l, s);
+        row("medium and large", none, m, l, l, m);
+        row("all", s, m, l, l, s);
     }
     void BestDataAtHand()
     {
@@ -137,19 +127,15 @@ private Q_SLOTS:
 
     void ColumnHoldsItsValue_data()
     {
-        QTest::addColumn<qint64>("index");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("label");
-        QTest::newRow("0: id") << 0LL << QVariant(qint64(7)) << u"ID"_s;
-        QTest::newRow("1: name") << 1LL << QVariant(u"name"_s) << u"PictureName"_s;
-        QTest::newRow("2: small data, although there is larger")
-            << 2LL << QVariant(QByteArray("small")) << u"PictureData"_s;
-        QTest::newRow("3: alternative description")
-            << 3LL << QVariant(u"alt"_s) << u"AlternativeDescription"_s;
-        QTest::newRow("4: upload date as text") << 4LL << QVariant(u"2024-03-01"_s) << u"UploadDate"_s;
-        QTest::newRow("5: none") << 5LL << QVariant() << QString();
-        QTest::newRow("-1: none") << -1LL << QVariant() << QString();
-        QTest::newRow("no 32 bit number: none") << (1LL << 32) << QVariant() << QString();
+        const Rows<qint64, QVariant, QString> row("index", "value", "label");
+        row("0: id", 0, qint64(7), u"ID"_s);
+        row("1: name", 1, u"name"_s, u"PictureName"_s);
+        row("2: small data, although there is larger", 2, QByteArray("small"), u"PictureData"_s);
+        row("3: alternative description", 3, u"alt"_s, u"AlternativeDescription"_s);
+        row("4: upload date as text", 4, u"2024-03-01"_s, u"UploadDate"_s);
+        row("5: none", 5, {}, {});
+        row("-1: none", -1, {}, {});
+        row("no 32 bit number: none", (1LL << 32), {}, {});
     }
     void ColumnHoldsItsValue()
     {

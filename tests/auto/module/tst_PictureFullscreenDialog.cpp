@@ -5,16 +5,18 @@
 #include <ui/PictureView.h>
 #include <ui/VenueDbSignalHandler.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/ModalDriver.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
-#include <QBuffer>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
 #include <QImage>
 #include <QLabel>
@@ -30,34 +32,28 @@
 #include <QStyle>
 #include <QTcpServer>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <functional>
 #include <limits>
 #include <memory>
 
-using korvel::Data::VenueDatabase::DownloadManager;
-using korvel::Data::VenueDatabase::Picture;
-using korvel::Test::DataUrl;
-using korvel::Test::EncodedPicture;
-using korvel::Test::IsNear;
-using korvel::Ui::VenueDatabase::PictureFullscreenDialog;
-using korvel::Ui::VenueDatabase::PictureNavigationButton;
-using korvel::Ui::VenueDatabase::PictureView;
-using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
+using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
 constexpr QSize c_mediumSize(120, 80);
 constexpr QSize c_largeSize(300, 200);
-const QString c_loading = QStringLiteral("Loading large image...");
+const QString c_loading = u"Loading large image..."_s;
 
 /// Only a medium rendition is at hand; the large one is to be fetched from \p largeUrl.
 Picture PictureToFetch(const QString& description, const QString& largeUrl)
 {
     Picture picture;
-    picture.SetPictureName(description + QStringLiteral(".view.jpeg"));
+    picture.SetPictureName(description + u".view.jpeg"_s);
     picture.SetAlternativeDescription(description);
     picture.SetPictureDataMedium(EncodedPicture(c_mediumSize, Qt::red));
     picture.SetPictureUrlLarge(largeUrl);
@@ -67,14 +63,14 @@ Picture PictureToFetch(const QString& description, const QString& largeUrl)
 /// The large rendition is at hand.
 Picture CompletePicture(const QString& description)
 {
-    Picture picture = PictureToFetch(description, QStringLiteral("https://127.0.0.1:1/none.jpg"));
+    Picture picture = PictureToFetch(description, u"https://127.0.0.1:1/none.jpg"_s);
     picture.SetPictureDataLarge(EncodedPicture(c_largeSize, Qt::blue));
     return picture;
 }
 
 QList<Picture> CompletePictures(qsizetype count)
 {
-    return QList<Picture>(count, CompletePicture(QStringLiteral("Hall")));
+    return QList<Picture>(count, CompletePicture(u"Hall"_s));
 }
 
 PictureView* View(const PictureFullscreenDialog& dialog)
@@ -82,29 +78,9 @@ PictureView* View(const PictureFullscreenDialog& dialog)
     return dialog.findChild<PictureView*>();
 }
 
-QLabel* Caption(const PictureFullscreenDialog& dialog)
-{
-    const auto labels = View(dialog)->findChildren<QLabel*>();
-    return labels.size() == 1 ? labels.first() : nullptr;
-}
-
-/// The previous (0) or next (1) button.
-PictureNavigationButton* Button(const PictureFullscreenDialog& dialog, int which)
-{
-    return View(dialog)->findChildren<PictureNavigationButton*>().value(which);
-}
-
 QString Status(const PictureFullscreenDialog& dialog)
 {
     return dialog.GetStatusLabel()->text();
-}
-
-/// The size of the only item in the scene; empty where there is none.
-QSize ShownSize(const PictureFullscreenDialog& dialog)
-{
-    const QList<QGraphicsItem*> items = View(dialog)->scene()->items();
-    const auto* item = items.size() == 1 ? qgraphicsitem_cast<QGraphicsPixmapItem*>(items.first()) : nullptr;
-    return item ? item->pixmap().size() : QSize(0, 0);
 }
 
 Qt::CursorShape OverrideShape()
@@ -115,7 +91,7 @@ Qt::CursorShape OverrideShape()
 
 void IgnoreDownloadFailure()
 {
-    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("^Picture download")));
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"^Picture download"_s));
 }
 
 /// Accepts connections and never answers.
@@ -128,41 +104,41 @@ public:
     }
     QString Url(const QString& path) const
     {
-        return QStringLiteral("http://127.0.0.1:%1/%2").arg(serverPort()).arg(path);
+        return u"http://127.0.0.1:%1/%2"_s.arg(serverPort()).arg(path);
     }
 };
 
-/// Runs \p act with the window of type T that \p current gives, as soon as it is visible.
-template <typename T>
-void OnceVisible(const std::function<QWidget*()>& current, const std::function<void(T*)>& act)
+/// The viewer with \p pictures.
+struct Viewer : PictureFullscreenDialog
 {
-    auto* timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, current, act] {
-        auto* window = qobject_cast<T*>(current());
-        if (!window || !window->isVisible())
-            return;
-        timer->stop();
-        timer->deleteLater();
-        act(window);
-    });
-    timer->start(0);
-}
+    explicit Viewer(QList<Picture> pictures, int index = 0)
+    {
+        SetPictures(&pictures);
+        SetPicturesIndex(static_cast<short>(index));
+    }
+};
 
-template <typename T> void OnceModal(const std::function<void(T*)>& act)
+/// The same on the screen.
+struct ShownViewer : PictureFullscreenDialog
 {
-    OnceVisible<T>(&QApplication::activeModalWidget, act);
-}
+    explicit ShownViewer(QList<Picture> pictures, int index = 0)
+    {
+        SetPictures(&pictures);
+        Open();
+        SetPicturesIndex(static_cast<short>(index));
+    }
+};
 
 /// Answers the save dialog with \p path, as a user who types it and presses "Save".
 void AnswerFileDialog(QFileDialog* fileDialog, const QString& path)
 {
-    fileDialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+    fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
     static_cast<QDialog*>(fileDialog)->accept();
 }
 
 } // namespace
 
-class tst_PictureFullscreenDialog : public QObject
+class tst_PictureFullscreenDialog : public StrictTest
 {
     Q_OBJECT
 
@@ -171,22 +147,17 @@ private Q_SLOTS:
     {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         QStandardPaths::setTestModeEnabled(true);
-        QGuiApplication::setApplicationDisplayName(QStringLiteral("Stage planner"));
+        QGuiApplication::setApplicationDisplayName(u"Stage planner"_s);
         QGuiApplication::setQuitOnLastWindowClosed(false);
         QVERIFY(m_home.isValid());
         qputenv("HOME", m_home.path().toLocal8Bit());
         qputenv("XDG_CONFIG_HOME", m_home.path().toLocal8Bit());
-        QVERIFY(QDir(m_home.path()).mkdir(QStringLiteral("Pictures")));
-        QVERIFY(QDir(m_home.path()).mkdir(QStringLiteral("Elsewhere")));
-    }
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
+        QVERIFY(QDir(m_home.path()).mkdir(u"Pictures"_s));
+        QVERIFY(QDir(m_home.path()).mkdir(u"Elsewhere"_s));
     }
     void cleanup()
     {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-        QVERIFY(!QGuiApplication::overrideCursor());
+        StrictTest::cleanup();
         for (const QWidget* widget : QApplication::allWidgets())
             QVERIFY(!qobject_cast<const QMenu*>(widget));
     }
@@ -194,22 +165,17 @@ private Q_SLOTS:
     // The first test: what the first file dialog of a process does can be seen once.
     void OnlyTheFirstFileDialogStartsInThePicturesFolder()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
+        Viewer dialog(CompletePictures(1));
         QStringList folders;
         for (int run = 0; run < 2; ++run) {
-            OnceModal<QFileDialog>([&](QFileDialog* fileDialog) {
+            const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
                 folders.append(fileDialog->directory().absolutePath());
-                fileDialog->setDirectory(m_home.filePath(QStringLiteral("Elsewhere")));
+                fileDialog->setDirectory(m_home.filePath(u"Elsewhere"_s));
                 fileDialog->reject();
             });
             dialog.OnSaveImageAs();
         }
-        QCOMPARE(folders,
-                 QStringList({m_home.filePath(QStringLiteral("Pictures")),
-                              m_home.filePath(QStringLiteral("Elsewhere"))}));
+        QCOMPARE(folders, QStringList({m_home.filePath(u"Pictures"_s), m_home.filePath(u"Elsewhere"_s)}));
     }
 
     void IsAModalDialogWithItsOwnNames()
@@ -217,17 +183,16 @@ private Q_SLOTS:
         const PictureFullscreenDialog dialog;
         QVERIFY(dialog.isModal());
         QVERIFY(dialog.testAttribute(Qt::WA_MouseTracking));
-        QCOMPARE(dialog.objectName(), QStringLiteral("PictureFullscreenDialog"));
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Venue database pictures"));
-        QCOMPARE(dialog.property("customStyle").toString(), QStringLiteral("dialogKorvelDefault"));
+        QCOMPARE(dialog.objectName(), u"PictureFullscreenDialog"_s);
+        QCOMPARE(dialog.windowTitle(), u"Venue database pictures"_s);
+        QCOMPARE(StyleOf(&dialog), u"dialogKorvelDefault"_s);
         QVERIFY(dialog.windowFlags().testFlags(Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint));
         QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
         QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
         QCOMPARE(dialog.windowType(), Qt::Dialog);
         QCOMPARE(View(dialog)->contextMenuPolicy(), Qt::CustomContextMenu);
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("-/0"));
-        QCOMPARE(Caption(dialog)->property("customStyle").toString(),
-                 QStringLiteral("labelKorvelCaptionSmall"));
+        QCOMPARE(Caption(dialog)->text(), u"-/0"_s);
+        QCOMPARE(StyleOf(Caption(dialog)), u"labelKorvelCaptionSmall"_s);
     }
 
     void HasItsOwnSignalAndSlots()
@@ -271,7 +236,7 @@ private Q_SLOTS:
             QVERIFY2(offCenter.manhattanLength() <= 2, "not in the middle of the screen");
             QCOMPARE(dialog.focusWidget(), View(dialog));
             // Each opening gives the view the focus, wherever it has been.
-            Button(dialog, 0)->setFocus();
+            NavigationButton(dialog, 0)->setFocus();
             dialog.hide();
         }
         QCOMPARE(fits.count(), 0);
@@ -279,35 +244,30 @@ private Q_SLOTS:
 
     void CaptionCountsFromOne_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QString>("caption");
-        QTest::newRow("first of one") << 1 << 0 << QStringLiteral("1/1 Hall");
-        QTest::newRow("second of five") << 5 << 1 << QStringLiteral("2/5 Hall");
-        QTest::newRow("last of five") << 5 << 4 << QStringLiteral("5/5 Hall");
-        QTest::newRow("behind the last: nothing") << 5 << 5 << QStringLiteral("-/0");
-        QTest::newRow("before the first: nothing") << 5 << -1 << QStringLiteral("-/0");
+        const Rows<int, int, QString> row("count", "index", "caption");
+        row("first of one", 1, 0, u"1/1 Hall"_s);
+        row("second of five", 5, 1, u"2/5 Hall"_s);
+        row("last of five", 5, 4, u"5/5 Hall"_s);
+        row("behind the last: nothing", 5, 5, u"-/0"_s);
+        row("before the first: nothing", 5, -1, u"-/0"_s);
     }
     void CaptionCountsFromOne()
     {
         QFETCH(int, count);
         QFETCH(int, index);
         QFETCH(QString, caption);
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(count);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(static_cast<short>(index));
+        Viewer dialog(CompletePictures(count), index);
         QCOMPARE(Caption(dialog)->text(), caption);
     }
 
     void CaptionShowsMarkupLiterally()
     {
         PictureFullscreenDialog dialog;
-        const QString markup = QStringLiteral("<img src='/etc/x.png' width=30000> & %1");
+        const QString markup = u"<img src='/etc/x.png' width=30000> & %1"_s;
         QList<Picture> pictures = {CompletePicture(markup)};
         dialog.SetPictures(&pictures);
         dialog.SetPicturesIndex(0);
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("1/1 ") + markup);
+        QCOMPARE(Caption(dialog)->text(), u"1/1 "_s + markup);
         QCOMPARE(Caption(dialog)->textFormat(), Qt::PlainText);
     }
 
@@ -319,28 +279,25 @@ private Q_SLOTS:
         dialog.SetPicturesIndex(2);
         dialog.SetPictures(&pictures);
         dialog.SetDescriptionLabelText();
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("1/3 "));
+        QCOMPARE(Caption(dialog)->text(), u"1/3 "_s);
     }
 
     void StepsGoRoundTheEnds_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<int>("delta");
-        QTest::addColumn<QString>("position");
-        QTest::newRow("next") << 3 << 0 << 1 << QStringLiteral("2/3");
-        QTest::newRow("previous") << 3 << 1 << -1 << QStringLiteral("1/3");
-        QTest::newRow("before the first") << 3 << 0 << -1 << QStringLiteral("3/3");
-        QTest::newRow("behind the last") << 3 << 2 << 1 << QStringLiteral("1/3");
-        QTest::newRow("the only one, next") << 1 << 0 << 1 << QStringLiteral("1/1");
-        QTest::newRow("the only one, previous") << 1 << 0 << -1 << QStringLiteral("1/1");
-        QTest::newRow("far ahead") << 3 << 1 << 7 << QStringLiteral("3/3");
-        QTest::newRow("back by the count") << 3 << 1 << -3 << QStringLiteral("2/3");
-        QTest::newRow("too far back: nothing") << 3 << 1 << -5 << QStringLiteral("2/3");
-        QTest::newRow("40000, before the first") << 40000 << 0 << -1 << QStringLiteral("40000/40000");
-        QTest::newRow("40000, over 32767") << 40000 << 32767 << 1 << QStringLiteral("32769/40000");
-        QTest::newRow("40000, behind the last") << 40000 << 39999 << 1 << QStringLiteral("1/40000");
-        QTest::newRow("40000, far ahead") << 40000 << 32766 << 32767 << QStringLiteral("25534/40000");
+        const Rows<int, int, int, QString> row("count", "start", "delta", "position");
+        row("next", 3, 0, 1, u"2/3"_s);
+        row("previous", 3, 1, -1, u"1/3"_s);
+        row("before the first", 3, 0, -1, u"3/3"_s);
+        row("behind the last", 3, 2, 1, u"1/3"_s);
+        row("the only one, next", 1, 0, 1, u"1/1"_s);
+        row("the only one, previous", 1, 0, -1, u"1/1"_s);
+        row("far ahead", 3, 1, 7, u"3/3"_s);
+        row("back by the count", 3, 1, -3, u"2/3"_s);
+        row("too far back: nothing", 3, 1, -5, u"2/3"_s);
+        row("40000, before the first", 40000, 0, -1, u"40000/40000"_s);
+        row("40000, over 32767", 40000, 32767, 1, u"32769/40000"_s);
+        row("40000, behind the last", 40000, 39999, 1, u"1/40000"_s);
+        row("40000, far ahead", 40000, 32766, 32767, u"25534/40000"_s);
     }
     void StepsGoRoundTheEnds()
     {
@@ -348,24 +305,20 @@ private Q_SLOTS:
         QFETCH(int, start);
         QFETCH(int, delta);
         QFETCH(QString, position);
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(count);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
+        Viewer dialog(CompletePictures(count));
         for (int left = start; left > 0; left -= std::numeric_limits<short>::max())
             dialog.ModifyPicturesIndex(
                 static_cast<short>(qMin<int>(left, std::numeric_limits<short>::max())));
         dialog.ModifyPicturesIndex(static_cast<short>(delta));
-        QCOMPARE(Caption(dialog)->text(), position + QStringLiteral(" Hall"));
+        QCOMPARE(Caption(dialog)->text(), position + u" Hall"_s);
     }
 
     void NavigationButtonsShowOnlyForSeveralPictures_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<bool>("hidden");
-        QTest::newRow("none") << 0 << true;
-        QTest::newRow("one") << 1 << true;
-        QTest::newRow("two") << 2 << false;
+        const Rows<int, bool> row("count", "hidden");
+        row("none", 0, true);
+        row("one", 1, true);
+        row("two", 2, false);
     }
     void NavigationButtonsShowOnlyForSeveralPictures()
     {
@@ -377,31 +330,27 @@ private Q_SLOTS:
         QList<Picture> pictures = CompletePictures(count);
         dialog.SetPictures(&pictures);
         dialog.SetPictures(nullptr);
-        QCOMPARE(Button(dialog, 0)->isHidden(), hidden);
-        QCOMPARE(Button(dialog, 1)->isHidden(), hidden);
+        QCOMPARE(NavigationButton(dialog, 0)->isHidden(), hidden);
+        QCOMPARE(NavigationButton(dialog, 1)->isHidden(), hidden);
     }
 
     void NavigationButtonsStep()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(3);
-        dialog.SetPictures(&pictures);
-        dialog.Open();
-        dialog.SetPicturesIndex(0);
-        QTest::mousePress(Button(dialog, 1), Qt::LeftButton);
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("2/3 Hall"));
-        QTest::mousePress(Button(dialog, 0), Qt::LeftButton);
-        QTest::mousePress(Button(dialog, 0), Qt::LeftButton);
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("3/3 Hall"));
-        QVERIFY(View(dialog)->hasFocus() || !dialog.isActiveWindow());
-        dialog.hide();
+        ShownViewer dialog(CompletePictures(3));
+        QTest::mousePress(NavigationButton(dialog, 1), Qt::LeftButton);
+        QCOMPARE(Caption(dialog)->text(), u"2/3 Hall"_s);
+        QTest::mousePress(NavigationButton(dialog, 0), Qt::LeftButton);
+        QTest::mousePress(NavigationButton(dialog, 0), Qt::LeftButton);
+        QCOMPARE(Caption(dialog)->text(), u"3/3 Hall"_s);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QVERIFY(View(dialog)->hasFocus());
     }
 
     void OverlaysStandOnTheEdges_data()
     {
-        QTest::addColumn<bool>("listComesLate");
-        QTest::newRow("list before opening") << false;
-        QTest::newRow("list while open") << true;
+        const Rows<bool> row("listComesLate");
+        row("list before opening", false);
+        row("list while open", true);
     }
     void OverlaysStandOnTheEdges()
     {
@@ -418,8 +367,8 @@ private Q_SLOTS:
             const QSize view = View(dialog)->size();
             const int bar = QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
             const int width = std::clamp(view.width() / 12, 32, 80);
-            QCOMPARE(Button(dialog, 0)->geometry(), QRect(0, 0, width, view.height()));
-            QCOMPARE(Button(dialog, 1)->geometry(),
+            QCOMPARE(NavigationButton(dialog, 0)->geometry(), QRect(0, 0, width, view.height()));
+            QCOMPARE(NavigationButton(dialog, 1)->geometry(),
                      QRect(view.width() - bar - width, 0, width, view.height()));
             const QRect label = Caption(dialog)->geometry();
             QCOMPARE(label.left(), 2);
@@ -433,21 +382,16 @@ private Q_SLOTS:
         dialog.hide();
         dialog.show();
         verifyPlaces();
-        pictures[1].SetAlternativeDescription(QStringLiteral("A long description. ").repeated(30));
+        pictures[1].SetAlternativeDescription(u"A long description. "_s.repeated(30));
         dialog.SetPictures(&pictures);
         dialog.SetPicturesIndex(1);
         verifyPlaces();
         QVERIFY(Caption(dialog)->height() > 2 * Caption(dialog)->fontMetrics().height());
-        dialog.hide();
     }
 
     void MaximisedResizeFitsAgain()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.Open();
-        dialog.SetPicturesIndex(0);
+        ShownViewer dialog(CompletePictures(1));
         View(dialog)->ZoomBy(2.0);
         QCOMPARE(View(dialog)->transform().m11(), 2.0);
         // Asked to resize, Qt would end the maximised state: this is what the window system says.
@@ -459,20 +403,17 @@ private Q_SLOTS:
         View(dialog)->ZoomBy(2.0);
         dialog.resize(dialog.size() - QSize(10, 10));
         QCOMPARE(View(dialog)->transform().m11(), 2.0);
-        dialog.hide();
     }
 
     void ThemeReachesViewButtonsAndCaption_data()
     {
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<QColor>("background");
-        QTest::addColumn<QString>("captionStyle");
-        QTest::newRow("light") << true << QColor(255, 255, 255)
-                               << QStringLiteral("QLabel { background: hsla( 0, 0, 255, 0.75); color: black; "
-                                                 "padding: 6px 4px; }");
-        QTest::newRow("dark") << false << QColor(49, 49, 49)
-                              << QStringLiteral("QLabel { background: hsla( 0, 0, 0, 0.5); color: white; "
-                                                "padding: 6px 4px; }");
+        const Rows<bool, QColor, QString> row("dayMode", "background", "captionStyle");
+        row("light", true, QColor(255, 255, 255),
+            u"QLabel { background: hsla( 0, 0, 255, 0.75); color: black; "
+            "padding: 6px 4px; }"_s);
+        row("dark", false, QColor(49, 49, 49),
+            u"QLabel { background: hsla( 0, 0, 0, 0.5); color: white; "
+            "padding: 6px 4px; }"_s);
     }
     void ThemeReachesViewButtonsAndCaption()
     {
@@ -491,21 +432,18 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(image.width() / 2, 20), background);
         for (const int which : {0, 1}) {
             // Right of the chevron's tip or left of it, on the half transparent disc.
-            const QPoint onDisc = Button(dialog, which)->geometry().center() + QPoint(0, 9);
+            const QPoint onDisc = NavigationButton(dialog, which)->geometry().center() + QPoint(0, 9);
             const int expected = dayMode ? 128 : 152;
             QVERIFY(IsNear(image.pixelColor(onDisc), QColor(expected, expected, expected), 3));
         }
-        dialog.hide();
     }
 
     void ShowsTheBestRenditionAtHand_data()
     {
-        QTest::addColumn<bool>("hasMedium");
-        QTest::addColumn<bool>("hasLarge");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("large") << true << true << c_largeSize;
-        QTest::newRow("medium") << true << false << c_mediumSize;
-        QTest::newRow("small") << false << false << QSize(40, 30);
+        const Rows<bool, bool, QSize> row("hasMedium", "hasLarge", "size");
+        row("large", true, true, c_largeSize);
+        row("medium", true, false, c_mediumSize);
+        row("small", false, false, QSize(40, 30));
     }
     void ShowsTheBestRenditionAtHand()
     {
@@ -514,7 +452,7 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         const SilentServer server;
         Picture picture;
-        picture.SetPictureUrlLarge(server.Url(QStringLiteral("large")));
+        picture.SetPictureUrlLarge(server.Url(u"large"_s));
         picture.SetPictureDataSmall(EncodedPicture(QSize(40, 30), Qt::green));
         if (hasMedium)
             picture.SetPictureDataMedium(EncodedPicture(c_mediumSize, Qt::red));
@@ -523,21 +461,17 @@ private Q_SLOTS:
         PictureFullscreenDialog dialog;
         QList<Picture> pictures = {picture};
         dialog.SetPictures(&pictures);
-        dialog.SetStatusLabelText(QStringLiteral("before"));
+        dialog.SetStatusLabelText(u"before"_s);
         dialog.SetPicturesIndex(0);
         QCOMPARE(ShownSize(dialog), size);
         // Only a missing large rendition is fetched.
-        QCOMPARE(Status(dialog), hasLarge ? QStringLiteral("before") : c_loading);
+        QCOMPARE(Status(dialog), hasLarge ? u"before"_s : c_loading);
         QCOMPARE(OverrideShape(), hasLarge ? Qt::ArrowCursor : Qt::WaitCursor);
     }
 
     void PictureIsDrawnAtItsNaturalSize()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.Open();
-        dialog.SetPicturesIndex(0);
+        ShownViewer dialog(CompletePictures(1));
         QCOMPARE(View(dialog)->transform(), QTransform());
         const QImage image = View(dialog)->viewport()->grab().toImage();
         const QPoint topLeft = View(dialog)->mapFromScene(QPointF(0, 0));
@@ -546,14 +480,13 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(topLeft + QPoint(-1, 0)), QColor(49, 49, 49));
         QCOMPARE(image.pixelColor(topLeft + QPoint(0, -1)), QColor(49, 49, 49));
         QCOMPARE(image.pixelColor(topLeft + QPoint(300, 0)), QColor(49, 49, 49));
-        dialog.hide();
     }
 
     void ThinLinesStayVisibleInAPictureShownSmall_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("below half its size") << QSize(2400, 1200);
-        QTest::newRow("below an eighth of its size") << QSize(9000, 1200);
+        const Rows<QSize> row("size");
+        row("below half its size", QSize(2400, 1200));
+        row("below an eighth of its size", QSize(9000, 1200));
     }
 
     void ThinLinesStayVisibleInAPictureShownSmall()
@@ -568,16 +501,7 @@ private Q_SLOTS:
             for (int y = 0; y < size.height(); ++y)
                 lines.setPixelColor(line * distance + distance / 2, y, Qt::black);
         }
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        QVERIFY(buffer.open(QIODevice::WriteOnly) && lines.save(&buffer, "PNG"));
-        QList<Picture> pictures = CompletePictures(1);
-        pictures.first().SetPictureDataLarge(bytes);
-
-        PictureFullscreenDialog dialog;
-        dialog.SetPictures(&pictures);
-        dialog.Open();
-        dialog.SetPicturesIndex(0);
+        ShownViewer dialog({MakePicture({}, Png(lines))});
         QVERIFY(View(dialog)->transform().m11() < 0.5);
         const QImage shown = View(dialog)->viewport()->grab().toImage();
         // Beside the caption and the buttons.
@@ -591,17 +515,15 @@ private Q_SLOTS:
             // neighbour.
             const double darkening = 255 * View(dialog)->transform().m11() / 3;
             QVERIFY2(darkest < 255 - darkening,
-                     qPrintable(QStringLiteral("line %1 has lightness %2").arg(line).arg(darkest)));
+                     qPrintable(u"line %1 has lightness %2"_s.arg(line).arg(darkest)));
         }
-        dialog.hide();
     }
 
     void LargeRenditionIsSwappedInAndKept()
     {
         const QByteArray large = EncodedPicture(c_largeSize, Qt::blue);
         PictureFullscreenDialog dialog;
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), DataUrl(large)),
-                                   CompletePicture(QStringLiteral("Foyer"))};
+        QList<Picture> pictures = {PictureToFetch(u"Hall"_s, DataUrl(large)), CompletePicture(u"Foyer"_s)};
         dialog.SetPictures(&pictures);
         const auto* manager = dialog.findChild<DownloadManager*>();
         QSignalSpy finished(manager, &DownloadManager::PictureBinaryDataFinished);
@@ -617,10 +539,10 @@ private Q_SLOTS:
 
         // Back again: no second download, the status stays.
         dialog.SetPicturesIndex(1);
-        dialog.SetStatusLabelText(QStringLiteral("kept"));
+        dialog.SetStatusLabelText(u"kept"_s);
         dialog.SetPicturesIndex(0);
         QCOMPARE(ShownSize(dialog), c_largeSize);
-        QCOMPARE(Status(dialog), QStringLiteral("kept"));
+        QCOMPARE(Status(dialog), u"kept"_s);
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
         // The list that was handed in is somebody else's.
         QVERIFY(pictures.at(0).GetPictureDataLarge().isEmpty());
@@ -628,12 +550,11 @@ private Q_SLOTS:
 
     void FailedDownloadKeepsTheSmallerRendition_data()
     {
-        QTest::addColumn<QString>("url");
-        QTest::addColumn<int>("failures");
-        QTest::newRow("unreachable reports twice") << QStringLiteral("https://127.0.0.1:1/large.jpg") << 2;
-        QTest::newRow("foreign scheme reports twice") << QStringLiteral("file:///etc/passwd") << 2;
-        QTest::newRow("no URL reports twice") << QString() << 2;
-        QTest::newRow("no image reports once") << QStringLiteral("data:text/html,<p>Hello</p>") << 1;
+        const Rows<QString, int> row("url", "failures");
+        row("unreachable reports twice", u"https://127.0.0.1:1/large.jpg"_s, 2);
+        row("foreign scheme reports twice", u"file:///etc/passwd"_s, 2);
+        row("no URL reports twice", {}, 2);
+        row("no image reports once", u"data:text/html,<p>Hello</p>"_s, 1);
     }
     void FailedDownloadKeepsTheSmallerRendition()
     {
@@ -641,7 +562,7 @@ private Q_SLOTS:
         QFETCH(int, failures);
         QGuiApplication::setOverrideCursor(Qt::CrossCursor);
         PictureFullscreenDialog dialog;
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), url)};
+        QList<Picture> pictures = {PictureToFetch(u"Hall"_s, url)};
         dialog.SetPictures(&pictures);
         QSignalSpy failed(dialog.findChild<DownloadManager*>(), &DownloadManager::RequestFailed);
         IgnoreDownloadFailure();
@@ -660,9 +581,8 @@ private Q_SLOTS:
     {
         const SilentServer server;
         PictureFullscreenDialog dialog;
-        QList<Picture> pictures
-            = {PictureToFetch(QStringLiteral("Hall"), QStringLiteral("https://127.0.0.1:1/large.jpg")),
-               PictureToFetch(QStringLiteral("Foyer"), server.Url(QStringLiteral("foyer")))};
+        QList<Picture> pictures = {PictureToFetch(u"Hall"_s, u"https://127.0.0.1:1/large.jpg"_s),
+                                   PictureToFetch(u"Foyer"_s, server.Url(u"foyer"_s))};
         dialog.SetPictures(&pictures);
         QSignalSpy failed(dialog.findChild<DownloadManager*>(), &DownloadManager::RequestFailed);
         IgnoreDownloadFailure();
@@ -677,16 +597,12 @@ private Q_SLOTS:
     void OnlyItsOwnFailureEndsTheWaitOfADownloadThatWasStartedTwice()
     {
         const SilentServer server;
-        PictureFullscreenDialog dialog;
-        const QUrl url(server.Url(QStringLiteral("hall")));
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), url.toString())};
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
+        const QUrl url(server.Url(u"hall"_s));
+        Viewer dialog({PictureToFetch(u"Hall"_s, url.toString())});
         dialog.ModifyPicturesIndex(1);
         for (const Qt::CursorShape left : {Qt::WaitCursor, Qt::ArrowCursor}) {
-            dialog.OnPictureBinaryDataRequestFailed(url, QStringLiteral("Request failed!"));
-            dialog.OnPictureBinaryDataRequestFailed(
-                url, QStringLiteral("Cannot convert reply. Reply is not an image."));
+            dialog.OnPictureBinaryDataRequestFailed(url, u"Request failed!"_s);
+            dialog.OnPictureBinaryDataRequestFailed(url, u"Cannot convert reply. Reply is not an image."_s);
             QCOMPARE(OverrideShape(), left);
         }
     }
@@ -694,12 +610,8 @@ private Q_SLOTS:
     void LateReplyIsDropped()
     {
         const SilentServer server;
-        PictureFullscreenDialog dialog;
-        const QUrl left(server.Url(QStringLiteral("left")));
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), left.toString()),
-                                   CompletePicture(QStringLiteral("Foyer"))};
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
+        const QUrl left(server.Url(u"left"_s));
+        Viewer dialog({PictureToFetch(u"Hall"_s, left.toString()), CompletePicture(u"Foyer"_s)});
         dialog.SetPicturesIndex(1);
         QCOMPARE(OverrideShape(), Qt::WaitCursor);
         dialog.OnPictureBinaryDataFinished(left, EncodedPicture(QSize(10, 10), Qt::green));
@@ -718,13 +630,13 @@ private Q_SLOTS:
         const SilentServer server;
         PictureFullscreenDialog dialog;
         QList<Picture> pictures;
-        for (const QString& name : {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")})
+        for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
             pictures.append(PictureToFetch(name, server.Url(name)));
         dialog.SetPictures(&pictures);
         dialog.SetPicturesIndex(0);
         QTest::keyClick(&dialog, Qt::Key_D);
         QTest::keyClick(&dialog, Qt::Key_D);
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("3/3 c"));
+        QCOMPARE(Caption(dialog)->text(), u"3/3 c"_s);
         for (const Picture& picture : std::as_const(pictures)) {
             QCOMPARE(OverrideShape(), Qt::WaitCursor);
             dialog.OnPictureBinaryDataFinished(QUrl(picture.GetPictureUrlLarge()),
@@ -736,23 +648,20 @@ private Q_SLOTS:
 
     void SecondReplyIsShownAndFittedLikeTheFirst_data()
     {
-        QTest::addColumn<QByteArray>("second");
-        QTest::newRow("same bytes") << EncodedPicture(c_largeSize, Qt::blue);
-        QTest::newRow("other bytes") << EncodedPicture(c_largeSize, Qt::green);
+        const Rows<QByteArray> row("second");
+        row("same bytes", EncodedPicture(c_largeSize, Qt::blue));
+        row("other bytes", EncodedPicture(c_largeSize, Qt::green));
     }
     void SecondReplyIsShownAndFittedLikeTheFirst()
     {
         QFETCH(QByteArray, second);
         const SilentServer server;
-        PictureFullscreenDialog dialog;
-        const QUrl url(server.Url(QStringLiteral("hall")));
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), url.toString())};
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
+        const QUrl url(server.Url(u"hall"_s));
+        Viewer dialog({PictureToFetch(u"Hall"_s, url.toString())});
         dialog.ModifyPicturesIndex(1);
         dialog.OnPictureBinaryDataFinished(url, EncodedPicture(c_largeSize, Qt::blue));
         View(dialog)->ZoomBy(2.0);
-        dialog.SetStatusLabelText(QStringLiteral("before"));
+        dialog.SetStatusLabelText(u"before"_s);
         dialog.OnPictureBinaryDataFinished(url, second);
         QCOMPARE(ShownSize(dialog), c_largeSize);
         QCOMPARE(View(dialog)->transform().m11(), 1.0);
@@ -762,12 +671,11 @@ private Q_SLOTS:
 
     void ReplyFromBeforeTheViewerWasClosedTakesNoCursor_data()
     {
-        QTest::addColumn<bool>("samePicture");
-        QTest::addColumn<bool>("fails");
-        QTest::newRow("another venue, the old picture arrives") << false << false;
-        QTest::newRow("another venue, the old download fails") << false << true;
-        QTest::newRow("same picture again, the old reply arrives") << true << false;
-        QTest::newRow("same picture again, the old download fails") << true << true;
+        const Rows<bool, bool> row("samePicture", "fails");
+        row("another venue, the old picture arrives", false, false);
+        row("another venue, the old download fails", false, true);
+        row("same picture again, the old reply arrives", true, false);
+        row("same picture again, the old download fails", true, true);
     }
     void ReplyFromBeforeTheViewerWasClosedTakesNoCursor()
     {
@@ -775,12 +683,12 @@ private Q_SLOTS:
         QFETCH(bool, fails);
         const SilentServer server;
         PictureFullscreenDialog dialog;
-        const QUrl oldUrl(server.Url(QStringLiteral("old")));
-        const QUrl newUrl = samePicture ? oldUrl : QUrl(server.Url(QStringLiteral("new")));
+        const QUrl oldUrl(server.Url(u"old"_s));
+        const QUrl newUrl = samePicture ? oldUrl : QUrl(server.Url(u"new"_s));
         for (const QUrl& url : {oldUrl, newUrl}) {
             dialog.hide();
             QCOMPARE(OverrideShape(), Qt::ArrowCursor);
-            QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), url.toString())};
+            QList<Picture> pictures = {PictureToFetch(u"Hall"_s, url.toString())};
             dialog.SetPictures(&pictures);
             dialog.Open();
             dialog.SetPicturesIndex(0);
@@ -789,36 +697,32 @@ private Q_SLOTS:
         const QByteArray bytes = EncodedPicture(c_largeSize, Qt::blue);
         if (fails) {
             // As the downloader says it: twice for one request.
-            dialog.OnPictureBinaryDataRequestFailed(oldUrl, QStringLiteral("Request failed!"));
+            dialog.OnPictureBinaryDataRequestFailed(oldUrl, u"Request failed!"_s);
             QCOMPARE(OverrideShape(), Qt::WaitCursor);
-            dialog.OnPictureBinaryDataRequestFailed(
-                oldUrl, QStringLiteral("Cannot convert reply. Reply is not an image."));
+            dialog.OnPictureBinaryDataRequestFailed(oldUrl,
+                                                    u"Cannot convert reply. Reply is not an image."_s);
         } else {
             dialog.OnPictureBinaryDataFinished(oldUrl, bytes);
         }
         QCOMPARE(OverrideShape(), Qt::WaitCursor);
         dialog.OnPictureBinaryDataFinished(newUrl, bytes);
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
-        dialog.hide();
     }
 
     void ReplyOfUnknownOriginEndsOneWait()
     {
         const SilentServer server;
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), server.Url(QStringLiteral("a")))};
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
-        dialog.OnPictureBinaryDataFinished(QUrl(QStringLiteral("https://elsewhere.example/")), QByteArray());
+        Viewer dialog({PictureToFetch(u"Hall"_s, server.Url(u"a"_s))});
+        dialog.OnPictureBinaryDataFinished(QUrl(u"https://elsewhere.example/"_s), QByteArray());
         QCOMPARE(ShownSize(dialog), c_mediumSize);
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
     }
 
     void HidingTakesAllWaitCursorsBack_data()
     {
-        QTest::addColumn<bool>("dies");
-        QTest::newRow("hides") << false;
-        QTest::newRow("dies") << true;
+        const Rows<bool> row("dies");
+        row("hides", false);
+        row("dies", true);
     }
     void HidingTakesAllWaitCursorsBack()
     {
@@ -826,8 +730,8 @@ private Q_SLOTS:
         const SilentServer server;
         QGuiApplication::setOverrideCursor(Qt::CrossCursor);
         auto dialog = std::make_unique<PictureFullscreenDialog>();
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("a"), server.Url(QStringLiteral("a"))),
-                                   PictureToFetch(QStringLiteral("b"), server.Url(QStringLiteral("b")))};
+        QList<Picture> pictures
+            = {PictureToFetch(u"a"_s, server.Url(u"a"_s)), PictureToFetch(u"b"_s, server.Url(u"b"_s))};
         dialog->SetPictures(&pictures);
         dialog->Open();
         dialog->SetPicturesIndex(0);
@@ -849,15 +753,15 @@ private Q_SLOTS:
     {
         const SilentServer server;
         PictureFullscreenDialog dialog;
-        const QUrl url(server.Url(QStringLiteral("a")));
-        QList<Picture> pictures = {PictureToFetch(QStringLiteral("Hall"), url.toString())};
+        const QUrl url(server.Url(u"a"_s));
+        QList<Picture> pictures = {PictureToFetch(u"Hall"_s, url.toString())};
         dialog.SetPictures(&pictures);
         dialog.SetPicturesIndex(0);
         dialog.SetPictures(&pictures);
         dialog.OnPictureBinaryDataFinished(url, EncodedPicture(c_largeSize, Qt::blue));
         QCOMPARE(ShownSize(dialog), c_mediumSize);
-        QVERIFY(!dialog.SaveImage(m_home.filePath(QStringLiteral("none.jpg"))));
-        QCOMPARE(Status(dialog), QStringLiteral("Could not save file. Sorry."));
+        QVERIFY(!dialog.SaveImage(m_home.filePath(u"none.jpg"_s)));
+        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
         // Returns at once, without a file dialog.
         dialog.OnSaveImageAs();
         QVERIFY(dialog.findChildren<QFileDialog*>().isEmpty());
@@ -865,34 +769,31 @@ private Q_SLOTS:
 
     void EmptyListClearsSceneAndCaption()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(2);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(1);
+        Viewer dialog(CompletePictures(2), 1);
         QList<Picture> none;
         dialog.SetPictures(&none);
         QVERIFY(View(dialog)->scene()->items().isEmpty());
         QVERIFY(View(dialog)->scene()->sceneRect().isEmpty());
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("-/0"));
+        QCOMPARE(Caption(dialog)->text(), u"-/0"_s);
         dialog.ModifyPicturesIndex(1);
         dialog.SetPicturesIndex(0);
         View(dialog)->ZoomBy(1.2);
-        QCOMPARE(Caption(dialog)->text(), QStringLiteral("-/0"));
-        QVERIFY(!dialog.SaveImage(m_home.filePath(QStringLiteral("none.jpg"))));
+        QCOMPARE(Caption(dialog)->text(), u"-/0"_s);
+        QVERIFY(!dialog.SaveImage(m_home.filePath(u"none.jpg"_s)));
     }
 
     void PictureFromOutsideMayDie()
     {
         const SilentServer server;
         PictureFullscreenDialog dialog;
-        const QUrl url(server.Url(QStringLiteral("outside")));
-        auto picture = std::make_unique<Picture>(PictureToFetch(QStringLiteral("Hall"), url.toString()));
+        const QUrl url(server.Url(u"outside"_s));
+        auto picture = std::make_unique<Picture>(PictureToFetch(u"Hall"_s, url.toString()));
         dialog.SetPicture(picture.get());
         picture.reset();
         QCOMPARE(ShownSize(dialog), c_mediumSize);
         dialog.OnPictureBinaryDataFinished(url, EncodedPicture(c_largeSize, Qt::blue));
         QCOMPARE(ShownSize(dialog), c_largeSize);
-        const QString path = m_home.filePath(QStringLiteral("outside.jpg"));
+        const QString path = m_home.filePath(u"outside.jpg"_s);
         QVERIFY(dialog.SaveImage(path));
         QCOMPARE(QImage(path).size(), c_largeSize);
 
@@ -903,20 +804,18 @@ private Q_SLOTS:
 
     void UndecodableBytesShowNothing_data()
     {
-        QTest::addColumn<QByteArray>("data");
-        QTest::addColumn<QByteArray>("warning");
+        const Rows<QByteArray, QByteArray> row("data", "warning");
         const QByteArray svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"20\" height=\"20\"></svg>";
         QByteArray bomb = EncodedPicture(QSize(1, 1), Qt::red);
         // Width and height of the header, with its checksum; 100000 x 100000.
         bomb.replace(16, 8, QByteArray::fromHex("000186a0000186a0"));
-        QTest::newRow("none") << QByteArray() << QByteArray();
-        QTest::newRow("no picture") << QByteArray("hello") << QByteArray();
-        QTest::newRow("cut short") << EncodedPicture(c_largeSize, Qt::red).left(30) << QByteArray();
-        QTest::newRow("a drawing, which could name local files") << svg << QByteArray();
-        QTest::newRow("a drawing with prologue") << ("<?xml version=\"1.0\"?>" + svg) << QByteArray();
-        QTest::newRow("wrong checksum and huge") << bomb << QByteArray();
-        QTest::newRow("more pixels than allowed")
-            << QByteArray("P5 30000 30000 255\n") << QByteArray("allocation limit");
+        row("none", {}, {});
+        row("no picture", "hello", {});
+        row("cut short", EncodedPicture(c_largeSize, Qt::red).left(30), {});
+        row("a drawing, which could name local files", svg, {});
+        row("a drawing with prologue", ("<?xml version=\"1.0\"?>" + svg), {});
+        row("wrong checksum and huge", bomb, {});
+        row("more pixels than allowed", "P5 30000 30000 255\n", "allocation limit");
     }
     void UndecodableBytesShowNothing()
     {
@@ -937,28 +836,24 @@ private Q_SLOTS:
 
     void KeysDoWhatTheyAreFor_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<QString>("position");
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<bool>("visible");
+        const Rows<int, Qt::KeyboardModifiers, QString, double, bool> row("key", "modifiers", "position",
+                                                                          "scale", "visible");
         const Qt::KeyboardModifiers none;
-        const QString same = QStringLiteral("3/4");
-        const QString next = QStringLiteral("4/4");
-        const QString previous = QStringLiteral("2/4");
-        QTest::newRow("A") << int(Qt::Key_A) << none << previous << 1.0 << true;
-        QTest::newRow("D") << int(Qt::Key_D) << none << next << 1.0 << true;
-        QTest::newRow("Page Up is forward") << int(Qt::Key_PageUp) << none << next << 1.0 << true;
-        QTest::newRow("Page Down is back") << int(Qt::Key_PageDown) << none << previous << 1.0 << true;
-        QTest::newRow("Home") << int(Qt::Key_Home) << none << QStringLiteral("1/4") << 1.0 << true;
-        QTest::newRow("+") << int(Qt::Key_Plus) << none << same << 2.4 << true;
-        QTest::newRow("-") << int(Qt::Key_Minus) << none << same << 2.0 / 1.2 << true;
-        QTest::newRow("Q") << int(Qt::Key_Q) << none << same << 2.0 << false;
-        QTest::newRow("Escape") << int(Qt::Key_Escape) << none << same << 2.0 << false;
-        QTest::newRow("S alone") << int(Qt::Key_S) << none << same << 2.0 << true;
-        QTest::newRow("Right") << int(Qt::Key_Right) << none << same << 2.0 << true;
-        QTest::newRow("Ctrl+B") << int(Qt::Key_B) << Qt::KeyboardModifiers(Qt::ControlModifier) << same << 2.0
-                                << true;
+        const QString same = u"3/4"_s;
+        const QString next = u"4/4"_s;
+        const QString previous = u"2/4"_s;
+        row("A", Qt::Key_A, none, previous, 1.0, true);
+        row("D", Qt::Key_D, none, next, 1.0, true);
+        row("Page Up is forward", Qt::Key_PageUp, none, next, 1.0, true);
+        row("Page Down is back", Qt::Key_PageDown, none, previous, 1.0, true);
+        row("Home", Qt::Key_Home, none, u"1/4"_s, 1.0, true);
+        row("+", Qt::Key_Plus, none, same, 2.4, true);
+        row("-", Qt::Key_Minus, none, same, 2.0 / 1.2, true);
+        row("Q", Qt::Key_Q, none, same, 2.0, false);
+        row("Escape", Qt::Key_Escape, none, same, 2.0, false);
+        row("S alone", Qt::Key_S, none, same, 2.0, true);
+        row("Right", Qt::Key_Right, none, same, 2.0, true);
+        row("Ctrl+B", Qt::Key_B, Qt::ControlModifier, same, 2.0, true);
     }
     void KeysDoWhatTheyAreFor()
     {
@@ -968,18 +863,14 @@ private Q_SLOTS:
         QFETCH(double, scale);
         QFETCH(bool, visible);
         for (const bool throughView : {false, true}) {
-            PictureFullscreenDialog dialog;
-            QList<Picture> pictures = CompletePictures(4);
-            dialog.SetPictures(&pictures);
-            dialog.Open();
-            dialog.SetPicturesIndex(2);
+            ShownViewer dialog(CompletePictures(4), 2);
             View(dialog)->ZoomBy(2.0);
             QSignalSpy rejections(&dialog, &QDialog::rejected);
             if (throughView)
                 QTest::keyClick(View(dialog), Qt::Key(key), modifiers);
             else
                 QTest::keyClick(&dialog, Qt::Key(key), modifiers);
-            QCOMPARE(Caption(dialog)->text(), position + QStringLiteral(" Hall"));
+            QCOMPARE(Caption(dialog)->text(), position + u" Hall"_s);
             QCOMPARE(View(dialog)->transform().m11(), scale);
             QCOMPARE(dialog.isVisible(), visible);
             QCOMPARE(rejections.count(), key == Qt::Key_Escape ? 1 : 0);
@@ -1028,14 +919,11 @@ private Q_SLOTS:
 
     void SavesTheLargestRenditionAsJpeg()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
-        const QString path = m_home.filePath(QStringLiteral("<b>saved</b> %1.jpg"));
+        Viewer dialog(CompletePictures(1));
+        const QString path = m_home.filePath(u"<b>saved</b> %1.jpg"_s);
         QVERIFY(QDir(m_home.path()).mkpath(QFileInfo(path).path()));
         QVERIFY(dialog.SaveImage(path));
-        QCOMPARE(Status(dialog), QStringLiteral("Saved \"") + path + QStringLiteral("\""));
+        QCOMPARE(Status(dialog), u"Saved \""_s + path + u"\""_s);
         QCOMPARE(dialog.GetStatusLabel()->textFormat(), Qt::PlainText);
         const QImage saved(path, "JPG");
         QCOMPARE(saved.size(), c_largeSize);
@@ -1045,28 +933,25 @@ private Q_SLOTS:
     void UndecodablePictureIsNotSaved()
     {
         PictureFullscreenDialog dialog;
-        Picture broken = CompletePicture(QStringLiteral("Hall"));
+        Picture broken = CompletePicture(u"Hall"_s);
         broken.SetPictureDataLarge("no picture");
         dialog.SetPicture(&broken);
-        const QString path = m_home.filePath(QStringLiteral("broken.jpg"));
+        const QString path = m_home.filePath(u"broken.jpg"_s);
         QVERIFY(!dialog.SaveImage(path));
-        QCOMPARE(Status(dialog), QStringLiteral("Could not save file. Sorry."));
+        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
         QVERIFY(!QFileInfo::exists(path));
     }
 
     void UnwritableFileIsReportedInABox()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
-        const QString path = m_home.filePath(QStringLiteral("missing/<b>folder/a.jpg"));
+        Viewer dialog(CompletePictures(1));
+        const QString path = m_home.filePath(u"missing/<b>folder/a.jpg"_s);
         int boxes = 0;
-        OnceModal<QMessageBox>([&](QMessageBox* box) {
+        const ModalDriver<QMessageBox> boxDriver([&](QMessageBox* box) {
             ++boxes;
-            QCOMPARE(box->text(), QStringLiteral("Cannot write ") + path);
+            QCOMPARE(box->text(), u"Cannot write "_s + path);
             QCOMPARE(box->textFormat(), Qt::PlainText);
-            QCOMPARE(box->windowTitle(), QStringLiteral("Stage planner"));
+            QCOMPARE(box->windowTitle(), u"Stage planner"_s);
             QCOMPARE(box->icon(), QMessageBox::Information);
             QCOMPARE(box->standardButtons(), QMessageBox::StandardButtons(QMessageBox::Ok));
             QCOMPARE(box->parent(), &dialog);
@@ -1080,102 +965,91 @@ private Q_SLOTS:
 
     void FileDialogIsSetUpForAJpegFile_data()
     {
-        QTest::addColumn<QString>("pictureName");
-        QTest::addColumn<QString>("fileName");
-        QTest::newRow("up to the first dot") << QStringLiteral("hall.view.png") << QStringLiteral("hall");
-        QTest::newRow("without folders") << QStringLiteral("../../etc/passwd") << QStringLiteral("passwd");
-        QTest::newRow("empty") << QString() << QString();
+        const Rows<QString, QString> row("pictureName", "fileName");
+        row("up to the first dot", u"hall.view.png"_s, u"hall"_s);
+        row("without folders", u"../../etc/passwd"_s, u"passwd"_s);
+        row("empty", {}, {});
     }
     void FileDialogIsSetUpForAJpegFile()
     {
         QFETCH(QString, pictureName);
         QFETCH(QString, fileName);
         PictureFullscreenDialog dialog;
-        Picture picture = CompletePicture(QStringLiteral("Hall"));
+        Picture picture = CompletePicture(u"Hall"_s);
         picture.SetPictureName(pictureName);
         dialog.SetPicture(&picture);
         int fileDialogs = 0;
-        OnceModal<QFileDialog>([&](QFileDialog* fileDialog) {
+        const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
             ++fileDialogs;
             QCOMPARE(fileDialog->parent(), &dialog);
-            QCOMPARE(fileDialog->windowTitle(), QStringLiteral("Save Image As"));
-            QCOMPARE(fileDialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(), fileName);
-            QCOMPARE(fileDialog->mimeTypeFilters(), QStringList(QStringLiteral("image/jpeg")));
-            QCOMPARE(fileDialog->selectedMimeTypeFilter(), QStringLiteral("image/jpeg"));
+            QCOMPARE(fileDialog->windowTitle(), u"Save Image As"_s);
+            QCOMPARE(fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->text(), fileName);
+            QCOMPARE(fileDialog->mimeTypeFilters(), QStringList(u"image/jpeg"_s));
+            QCOMPARE(fileDialog->selectedMimeTypeFilter(), u"image/jpeg"_s);
             QCOMPARE(fileDialog->acceptMode(), QFileDialog::AcceptSave);
-            QCOMPARE(fileDialog->defaultSuffix(), QStringLiteral("jpg"));
+            QCOMPARE(fileDialog->defaultSuffix(), u"jpg"_s);
             fileDialog->reject();
         });
-        dialog.SetStatusLabelText(QStringLiteral("before"));
+        dialog.SetStatusLabelText(u"before"_s);
         dialog.OnSaveImageAs();
         QCOMPARE(fileDialogs, 1);
         // Cancelled: nothing saved, no message, no dialog left.
-        QCOMPARE(Status(dialog), QStringLiteral("before"));
+        QCOMPARE(Status(dialog), u"before"_s);
         QVERIFY(dialog.findChildren<QFileDialog*>().isEmpty());
     }
 
     void CtrlSSavesUnderTheChosenName()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.Open();
-        dialog.SetPicturesIndex(0);
-        const QString path = m_home.filePath(QStringLiteral("chosen"));
-        OnceModal<QFileDialog>([&](QFileDialog* fileDialog) { AnswerFileDialog(fileDialog, path); });
+        ShownViewer dialog(CompletePictures(1));
+        const QString path = m_home.filePath(u"chosen"_s);
+        const ModalDriver<QFileDialog> fileDriver(
+            [&](QFileDialog* fileDialog) { AnswerFileDialog(fileDialog, path); });
         QTest::keyClick(View(dialog), Qt::Key_S, Qt::ControlModifier);
-        QCOMPARE(QImage(path + QStringLiteral(".jpg")).size(), c_largeSize);
-        QCOMPARE(Status(dialog), QStringLiteral("Saved \"%1.jpg\"").arg(path));
-        dialog.hide();
+        QCOMPARE(QImage(path + u".jpg"_s).size(), c_largeSize);
+        QCOMPARE(Status(dialog), u"Saved \"%1.jpg\""_s.arg(path));
     }
 
     void FileDialogComesBackAfterAFailure()
     {
         PictureFullscreenDialog dialog;
-        Picture broken = CompletePicture(QStringLiteral("Hall"));
+        Picture broken = CompletePicture(u"Hall"_s);
         broken.SetPictureDataLarge("no picture");
         dialog.SetPicture(&broken);
         QList<QFileDialog*> fileDialogs;
-        OnceModal<QFileDialog>([&](QFileDialog* fileDialog) {
+        std::unique_ptr<ModalDriver<QFileDialog>> secondDriver;
+        const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
             fileDialogs.append(fileDialog);
-            OnceVisible<QFileDialog>(
-                [&dialog, fileDialog]() -> QWidget* {
-                    return Status(dialog).isEmpty() ? nullptr : fileDialog;
-                },
-                [&](QFileDialog* again) {
-                    fileDialogs.append(again);
-                    again->reject();
-                });
-            AnswerFileDialog(fileDialog, m_home.filePath(QStringLiteral("never.jpg")));
+            secondDriver = std::make_unique<ModalDriver<QFileDialog>>([&](QFileDialog* again) {
+                fileDialogs.append(again);
+                again->reject();
+            });
+            AnswerFileDialog(fileDialog, m_home.filePath(u"never.jpg"_s));
         });
         dialog.OnSaveImageAs();
         QCOMPARE(fileDialogs.size(), 2);
         QCOMPARE(fileDialogs.at(0), fileDialogs.at(1));
-        QCOMPARE(Status(dialog), QStringLiteral("Could not save file. Sorry."));
+        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
     }
 
     void FileDialogDoesNotComeBackWithoutPicture()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
-        OnceModal<QFileDialog>([&](QFileDialog* fileDialog) {
+        Viewer dialog(CompletePictures(1));
+        const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
             QList<Picture> none;
             dialog.SetPictures(&none);
-            AnswerFileDialog(fileDialog, m_home.filePath(QStringLiteral("never.jpg")));
+            AnswerFileDialog(fileDialog, m_home.filePath(u"never.jpg"_s));
         });
         dialog.OnSaveImageAs();
-        QCOMPARE(Status(dialog), QStringLiteral("Could not save file. Sorry."));
+        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
     }
 
     void ViewerMayDieUnderItsWindows_data()
     {
-        QTest::addColumn<QString>("window");
-        QTest::newRow("file dialog") << QStringLiteral("file dialog");
-        QTest::newRow("message box") << QStringLiteral("message box");
-        QTest::newRow("message box over the file dialog") << QStringLiteral("both");
-        QTest::newRow("menu") << QStringLiteral("menu");
+        const Rows<QString> row("window");
+        row("file dialog", u"file dialog"_s);
+        row("message box", u"message box"_s);
+        row("message box over the file dialog", u"both"_s);
+        row("menu", u"menu"_s);
     }
     void ViewerMayDieUnderItsWindows()
     {
@@ -1186,20 +1060,20 @@ private Q_SLOTS:
         dialog->SetPictures(&pictures);
         dialog->Open();
         dialog->SetPicturesIndex(0);
-        const QString unwritable = QStringLiteral("/proc/none.jpg");
-        if (window == QLatin1String("file dialog")) {
-            OnceModal<QFileDialog>([dialog](QFileDialog*) { delete dialog; });
+        const QString unwritable = u"/proc/none.jpg"_s;
+        if (window == "file dialog"_L1) {
+            const ModalDriver<QFileDialog> fileDriver([dialog](QFileDialog*) { delete dialog; });
             dialog->OnSaveImageAs();
-        } else if (window == QLatin1String("message box")) {
-            OnceModal<QMessageBox>([dialog](QMessageBox*) { delete dialog; });
+        } else if (window == "message box"_L1) {
+            const ModalDriver<QMessageBox> boxDriver([dialog](QMessageBox*) { delete dialog; });
             QVERIFY(!dialog->SaveImage(unwritable));
-        } else if (window == QLatin1String("both")) {
-            OnceModal<QMessageBox>([dialog](QMessageBox*) { delete dialog; });
-            OnceModal<QFileDialog>(
+        } else if (window == "both"_L1) {
+            const ModalDriver<QMessageBox> boxDriver([dialog](QMessageBox*) { delete dialog; });
+            const ModalDriver<QFileDialog> fileDriver(
                 [&unwritable](QFileDialog* fileDialog) { AnswerFileDialog(fileDialog, unwritable); });
             dialog->OnSaveImageAs();
         } else {
-            OnceVisible<QMenu>(&QApplication::activePopupWidget, [dialog](QMenu* menu) {
+            const ModalDriver<QMenu> menuDriver([dialog](QMenu* menu) {
                 delete dialog;
                 const bool isOpen = menu->isVisible();
                 menu->close();
@@ -1212,21 +1086,17 @@ private Q_SLOTS:
 
     void ContextMenuOffersToSave()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(1);
-        dialog.SetPictures(&pictures);
-        dialog.Open();
-        dialog.SetPicturesIndex(0);
+        ShownViewer dialog(CompletePictures(1));
         QPoint menuPosition;
         int fileDialogs = 0;
-        OnceVisible<QMenu>(&QApplication::activePopupWidget, [&](QMenu* menu) {
+        const ModalDriver<QMenu> menuDriver([&](QMenu* menu) {
             menuPosition = menu->pos();
             QCOMPARE(menu->actions().size(), 1);
-            QCOMPARE(menu->actions().first()->text(), QStringLiteral("Save Image As..."));
+            QCOMPARE(menu->actions().first()->text(), u"Save Image As..."_s);
             QTest::keyClick(menu, Qt::Key_Down);
             QTest::keyClick(menu, Qt::Key_Return);
         });
-        OnceModal<QFileDialog>([&](QFileDialog* fileDialog) {
+        const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
             ++fileDialogs;
             fileDialog->reject();
         });
@@ -1237,7 +1107,6 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(viewport, &event);
         QTRY_COMPARE(fileDialogs, 1);
         QCOMPARE(menuPosition, expected);
-        dialog.hide();
     }
 
 private:

@@ -1,15 +1,15 @@
 #include <ui/PictureNavigationButton.h>
 
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QHoverEvent>
 #include <QImage>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTest>
 
-using korvel::Test::IsNear;
+using namespace korvel::Test;
 using korvel::Ui::VenueDatabase::PictureNavigationButton;
 
 namespace {
@@ -47,20 +47,11 @@ int CountNear(const QImage& image, const QRect& area, QRgb color)
 
 } // namespace
 
-class tst_PictureNavigationButton : public QObject
+class tst_PictureNavigationButton : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void IsAFlatHandButtonWithoutTextAndIcon()
     {
         QWidget parent;
@@ -75,10 +66,10 @@ private Q_SLOTS:
 
     void PressAsksForItsDirectionAtOnce_data()
     {
-        QTest::addColumn<int>("direction");
-        QTest::newRow("previous") << -1;
-        QTest::newRow("next") << 1;
-        QTest::newRow("any other") << 7;
+        const Rows<int> row("direction");
+        row("previous", -1);
+        row("next", 1);
+        row("any other", 7);
     }
     void PressAsksForItsDirectionAtOnce()
     {
@@ -128,16 +119,14 @@ private Q_SLOTS:
 
     void StandsOnItsEdgeAsSoonAsItIsShown_data()
     {
-        QTest::addColumn<int>("direction");
-        QTest::addColumn<QSize>("parentSize");
-        QTest::addColumn<QRect>("geometry");
-        QTest::newRow("slider, previous") << -1 << QSize(500, 240) << QRect(0, 0, 41, 240);
-        QTest::newRow("slider, next") << 1 << QSize(500, 240) << QRect(459, 0, 41, 240);
-        QTest::newRow("at least 32 wide") << 1 << QSize(383, 50) << QRect(351, 0, 32, 50);
-        QTest::newRow("32 is a twelfth of 384") << 1 << QSize(384, 50) << QRect(352, 0, 32, 50);
-        QTest::newRow("33 is a twelfth of 396") << 1 << QSize(396, 50) << QRect(363, 0, 33, 50);
-        QTest::newRow("79 is a twelfth of 959") << -1 << QSize(959, 700) << QRect(0, 0, 79, 700);
-        QTest::newRow("at most 80 wide") << 1 << QSize(1600, 900) << QRect(1520, 0, 80, 900);
+        const Rows<int, QSize, QRect> row("direction", "parentSize", "geometry");
+        row("slider, previous", -1, QSize(500, 240), QRect(0, 0, 41, 240));
+        row("slider, next", 1, QSize(500, 240), QRect(459, 0, 41, 240));
+        row("at least 32 wide", 1, QSize(383, 50), QRect(351, 0, 32, 50));
+        row("32 is a twelfth of 384", 1, QSize(384, 50), QRect(352, 0, 32, 50));
+        row("33 is a twelfth of 396", 1, QSize(396, 50), QRect(363, 0, 33, 50));
+        row("79 is a twelfth of 959", -1, QSize(959, 700), QRect(0, 0, 79, 700));
+        row("at most 80 wide", 1, QSize(1600, 900), QRect(1520, 0, 80, 900));
     }
     void StandsOnItsEdgeAsSoonAsItIsShown()
     {
@@ -165,13 +154,11 @@ private Q_SLOTS:
 
     void OffsetMovesItFromItsEdge_data()
     {
-        QTest::addColumn<int>("direction");
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<QRect>("geometry");
-        QTest::newRow("previous, none") << -1 << 0 << QRect(0, 0, 50, 300);
-        QTest::newRow("previous, right") << -1 << 10 << QRect(10, 0, 50, 300);
-        QTest::newRow("next, none") << 1 << 0 << QRect(550, 0, 50, 300);
-        QTest::newRow("next, left of a scroll bar") << 1 << -14 << QRect(536, 0, 50, 300);
+        const Rows<int, int, QRect> row("direction", "offset", "geometry");
+        row("previous, none", -1, 0, QRect(0, 0, 50, 300));
+        row("previous, right", -1, 10, QRect(10, 0, 50, 300));
+        row("next, none", 1, 0, QRect(550, 0, 50, 300));
+        row("next, left of a scroll bar", 1, -14, QRect(536, 0, 50, 300));
     }
     void OffsetMovesItFromItsEdge()
     {
@@ -196,14 +183,12 @@ private Q_SLOTS:
 
     void DiscTellsThemeAndHover_data()
     {
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<bool>("hovered");
-        QTest::addColumn<QRgb>("disc");
+        const Rows<bool, bool, QRgb> row("dayMode", "hovered", "disc");
         // The background (0, 200, 0) under black or white at alpha 0.5 or 1.0.
-        QTest::newRow("dark theme") << false << false << qRgb(127, 227, 127);
-        QTest::newRow("dark theme, hovered") << false << true << qRgb(255, 255, 255);
-        QTest::newRow("light theme") << true << false << qRgb(0, 100, 0);
-        QTest::newRow("light theme, hovered") << true << true << qRgb(0, 0, 0);
+        row("dark theme", false, false, qRgb(127, 227, 127));
+        row("dark theme, hovered", false, true, qRgb(255, 255, 255));
+        row("light theme", true, false, qRgb(0, 100, 0));
+        row("light theme, hovered", true, true, qRgb(0, 0, 0));
     }
     void DiscTellsThemeAndHover()
     {
@@ -241,13 +226,11 @@ private Q_SLOTS:
 
     void ChevronPointsItsWay_data()
     {
-        QTest::addColumn<int>("direction");
-        QTest::addColumn<bool>("leftOfCenter");
-        QTest::addColumn<bool>("rightOfCenter");
-        QTest::newRow("previous") << -1 << true << false;
-        QTest::newRow("next") << 1 << false << true;
-        QTest::newRow("none") << 0 << false << false;
-        QTest::newRow("two is none") << 2 << false << false;
+        const Rows<int, bool, bool> row("direction", "leftOfCenter", "rightOfCenter");
+        row("previous", -1, true, false);
+        row("next", 1, false, true);
+        row("none", 0, false, false);
+        row("two is none", 2, false, false);
     }
     void ChevronPointsItsWay()
     {
@@ -281,10 +264,9 @@ private Q_SLOTS:
 
     void ChevronIsTheInverseOfTheDisc_data()
     {
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<QRgb>("chevron");
-        QTest::newRow("light theme") << true << qRgb(255, 255, 255);
-        QTest::newRow("dark theme") << false << qRgb(0, 0, 0);
+        const Rows<bool, QRgb> row("dayMode", "chevron");
+        row("light theme", true, qRgb(255, 255, 255));
+        row("dark theme", false, qRgb(0, 0, 0));
     }
     void ChevronIsTheInverseOfTheDisc()
     {

@@ -4,10 +4,12 @@
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureView.h>
 
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
-#include <QBuffer>
 #include <QFile>
 #include <QIcon>
 #include <QImage>
@@ -15,17 +17,13 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
+using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 using korvel::Data::VenueDatabase::Picture;
-using korvel::Test::EncodedPicture;
-using korvel::Test::IsNear;
-using korvel::Ui::VenueDatabase::PictureFullscreenDialog;
-using korvel::Ui::VenueDatabase::PictureNavigationButton;
-using korvel::Ui::VenueDatabase::PictureSlider;
-using korvel::Ui::VenueDatabase::PictureView;
 
 namespace {
 
@@ -34,17 +32,13 @@ const QColor c_green(0, 200, 0);
 
 Picture SmallPicture(const QString& description, const QColor& color, const QSize& size = QSize(160, 48))
 {
-    Picture picture;
-    picture.SetAlternativeDescription(description);
-    picture.SetPictureDataSmall(EncodedPicture(size, color));
-    // The viewer has nothing to fetch.
-    picture.SetPictureDataLarge(EncodedPicture(QSize(20, 10), color));
-    return picture;
+    // With a large rendition the viewer has nothing to fetch.
+    return MakePicture(EncodedPicture(size, color), EncodedPicture(QSize(20, 10), color), description);
 }
 
 QList<Picture> SmallPictures(qsizetype count)
 {
-    return QList<Picture>(count, SmallPicture(QStringLiteral("Hall"), c_green));
+    return QList<Picture>(count, SmallPicture(u"Hall"_s, c_green));
 }
 
 /// The left half is red and the right half blue.
@@ -55,31 +49,7 @@ QByteArray TwoColored(const QSize& size)
     QPainter painter(&image);
     painter.fillRect(size.width() / 2, 0, size.width(), size.height(), Qt::blue);
     painter.end();
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return data;
-}
-
-QLabel* Caption(const PictureSlider& slider)
-{
-    return slider.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
-}
-
-PictureNavigationButton* Button(const PictureSlider& slider, int which)
-{
-    return slider.findChildren<PictureNavigationButton*>(QString(), Qt::FindDirectChildrenOnly).value(which);
-}
-
-QPushButton* FullscreenButton(const PictureSlider& slider)
-{
-    const auto buttons = slider.findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
-    for (QPushButton* button : buttons) {
-        if (!qobject_cast<PictureNavigationButton*>(button))
-            return button;
-    }
-    return nullptr;
+    return Png(image);
 }
 
 PictureFullscreenDialog* Viewer(const PictureSlider& slider)
@@ -89,17 +59,17 @@ PictureFullscreenDialog* Viewer(const PictureSlider& slider)
 
 QString ViewerCaption(const PictureSlider& slider)
 {
-    return Viewer(slider)->findChild<PictureView*>()->findChild<QLabel*>()->text();
+    return Caption(*Viewer(slider))->text();
 }
 
-/// What the slider itself paints, without its children.
-QImage Painted(PictureSlider& slider)
+/// A slider that has been given pictures.
+struct FilledSlider : PictureSlider
 {
-    QImage image(slider.size(), QImage::Format_RGB32);
-    image.fill(Qt::magenta);
-    slider.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    return image;
-}
+    explicit FilledSlider(const QList<Picture>& pictures)
+    {
+        Show(*this, pictures);
+    }
+};
 
 /// The rectangle around all pixels that are neither the background nor the border's.
 QRect Inked(const QImage& image, const QColor& background)
@@ -112,13 +82,6 @@ QRect Inked(const QImage& image, const QColor& background)
         }
     }
     return inked;
-}
-
-void MoveMouse(QWidget* widget, const QPoint& position)
-{
-    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, Qt::NoButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(widget, &event);
 }
 
 /// Counts the paint events and style changes of a widget.
@@ -145,30 +108,19 @@ private:
 
 } // namespace
 
-class tst_PictureSlider : public QObject
+class tst_PictureSlider : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-        QVERIFY(!QGuiApplication::overrideCursor());
-    }
-
     void IsBuiltAtItsFixedPlaces()
     {
         PictureSlider slider;
         QCOMPARE(slider.minimumSize(), QSize(500, 240));
         QCOMPARE(slider.maximumSize(), QSize(500, 240));
         QVERIFY(slider.testAttribute(Qt::WA_MouseTracking));
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("-/0"));
-        QCOMPARE(Caption(slider)->property("customStyle").toString(),
-                 QStringLiteral("labelKorvelCaptionSmall"));
+        QCOMPARE(Caption(slider)->text(), u"-/0"_s);
+        QCOMPARE(StyleOf(Caption(slider)), u"labelKorvelCaptionSmall"_s);
         const QPushButton* fullscreen = FullscreenButton(slider);
         QVERIFY(fullscreen->isFlat());
         QVERIFY(fullscreen->testAttribute(Qt::WA_MouseTracking));
@@ -180,8 +132,8 @@ private Q_SLOTS:
         QVERIFY(!Viewer(slider)->isVisible());
 
         slider.show();
-        QCOMPARE(Button(slider, 0)->geometry(), QRect(0, 0, 41, 240));
-        QCOMPARE(Button(slider, 1)->geometry(), QRect(459, 0, 41, 240));
+        QCOMPARE(NavigationButton(slider, 0)->geometry(), QRect(0, 0, 41, 240));
+        QCOMPARE(NavigationButton(slider, 1)->geometry(), QRect(459, 0, 41, 240));
         // Nothing of the caption is cut off.
         QVERIFY(Caption(slider)->height() >= Caption(slider)->fontMetrics().height());
         QVERIFY(Caption(slider)->geometry().top() >= 200);
@@ -190,61 +142,52 @@ private Q_SLOTS:
 
     void CaptionAndButtonsFollowTheList_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<bool>("buttonsHidden");
-        QTest::newRow("none") << 0 << QStringLiteral("-/0") << true;
-        QTest::newRow("one") << 1 << QStringLiteral("1/1 Hall") << true;
-        QTest::newRow("two") << 2 << QStringLiteral("1/2 Hall") << false;
-        QTest::newRow("twelve") << 12 << QStringLiteral("1/12 Hall") << false;
+        const Rows<int, QString, bool> row("count", "caption", "buttonsHidden");
+        row("none", 0, u"-/0"_s, true);
+        row("one", 1, u"1/1 Hall"_s, true);
+        row("two", 2, u"1/2 Hall"_s, false);
+        row("twelve", 12, u"1/12 Hall"_s, false);
     }
     void CaptionAndButtonsFollowTheList()
     {
         QFETCH(int, count);
         QFETCH(QString, caption);
         QFETCH(bool, buttonsHidden);
-        PictureSlider slider;
-        QList<Picture> others = SmallPictures(count > 1 ? 1 : 3);
-        slider.UpdateUi(&others);
-        QList<Picture> pictures = SmallPictures(count);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(count > 1 ? 1 : 3));
+        Show(slider, SmallPictures(count));
         QCOMPARE(Caption(slider)->text(), caption);
-        QCOMPARE(Button(slider, 0)->isHidden(), buttonsHidden);
-        QCOMPARE(Button(slider, 1)->isHidden(), buttonsHidden);
+        QCOMPARE(NavigationButton(slider, 0)->isHidden(), buttonsHidden);
+        QCOMPARE(NavigationButton(slider, 1)->isHidden(), buttonsHidden);
     }
 
     void CaptionShowsMarkupLiterally()
     {
         PictureSlider slider;
-        const QString markup = QStringLiteral("<img src='/etc/x.png' width=30000> & %1");
+        const QString markup = u"<img src='/etc/x.png' width=30000> & %1"_s;
         QList<Picture> pictures = {SmallPicture(markup, c_green)};
         slider.UpdateUi(&pictures);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("1/1 ") + markup);
+        QCOMPARE(Caption(slider)->text(), u"1/1 "_s + markup);
         QCOMPARE(Caption(slider)->textFormat(), Qt::PlainText);
     }
 
     void StepsGoRoundTheEnds_data()
     {
-        QTest::addColumn<QList<int>>("directions");
-        QTest::addColumn<QString>("caption");
-        QTest::newRow("next") << QList<int>{1} << QStringLiteral("2/3 b");
-        QTest::newRow("previous of the first is the last") << QList<int>{-1} << QStringLiteral("3/3 c");
-        QTest::newRow("next of the last is the first") << QList<int>{1, 1, 1} << QStringLiteral("1/3 a");
-        QTest::newRow("back") << QList<int>{1, 1, -1} << QStringLiteral("2/3 b");
-        QTest::newRow("0 is the first") << QList<int>{1, 1, 0} << QStringLiteral("1/3 a");
-        QTest::newRow("2 is none") << QList<int>{1, 2} << QStringLiteral("2/3 b");
-        QTest::newRow("-2 is none") << QList<int>{1, -2} << QStringLiteral("2/3 b");
-        QTest::newRow("narrowed to a short") << QList<int>{1, 65537} << QStringLiteral("3/3 c");
+        const Rows<QList<int>, QString> row("directions", "caption");
+        row("next", {1}, u"2/3 b"_s);
+        row("previous of the first is the last", {-1}, u"3/3 c"_s);
+        row("next of the last is the first", {1, 1, 1}, u"1/3 a"_s);
+        row("back", {1, 1, -1}, u"2/3 b"_s);
+        row("0 is the first", {1, 1, 0}, u"1/3 a"_s);
+        row("2 is none", {1, 2}, u"2/3 b"_s);
+        row("-2 is none", {1, -2}, u"2/3 b"_s);
+        row("narrowed to a short", {1, 65537}, u"3/3 c"_s);
     }
     void StepsGoRoundTheEnds()
     {
         QFETCH(QList<int>, directions);
         QFETCH(QString, caption);
-        PictureSlider slider;
-        QList<Picture> pictures
-            = {SmallPicture(QStringLiteral("a"), Qt::red), SmallPicture(QStringLiteral("b"), Qt::green),
-               SmallPicture(QStringLiteral("c"), Qt::blue)};
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(
+            {SmallPicture(u"a"_s, Qt::red), SmallPicture(u"b"_s, Qt::green), SmallPicture(u"c"_s, Qt::blue)});
         for (const int direction : std::as_const(directions))
             slider.OnPictureNavigationRequested(direction);
         QCOMPARE(Caption(slider)->text(), caption);
@@ -255,39 +198,33 @@ private Q_SLOTS:
 
     void FortyThousandPicturesDoNotOverflow()
     {
-        PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(40000);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(40000));
         slider.ShowVenuePic(-1);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("40000/40000 Hall"));
+        QCOMPARE(Caption(slider)->text(), u"40000/40000 Hall"_s);
         slider.ShowVenuePic(-1);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("39999/40000 Hall"));
+        QCOMPARE(Caption(slider)->text(), u"39999/40000 Hall"_s);
         slider.ShowFullScreen();
-        QCOMPARE(ViewerCaption(slider), QStringLiteral("39999/40000 Hall"));
+        QCOMPARE(ViewerCaption(slider), u"39999/40000 Hall"_s);
         Viewer(slider)->hide();
         slider.ShowVenuePic(1);
         slider.ShowVenuePic(1);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("1/40000 Hall"));
+        QCOMPARE(Caption(slider)->text(), u"1/40000 Hall"_s);
     }
 
     void ButtonsStep()
     {
-        PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(3);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(3));
         slider.show();
-        QTest::mousePress(Button(slider, 1), Qt::LeftButton);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("2/3 Hall"));
-        QTest::mousePress(Button(slider, 0), Qt::LeftButton);
-        QTest::mousePress(Button(slider, 0), Qt::LeftButton);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("3/3 Hall"));
+        QTest::mousePress(NavigationButton(slider, 1), Qt::LeftButton);
+        QCOMPARE(Caption(slider)->text(), u"2/3 Hall"_s);
+        QTest::mousePress(NavigationButton(slider, 0), Qt::LeftButton);
+        QTest::mousePress(NavigationButton(slider, 0), Qt::LeftButton);
+        QCOMPARE(Caption(slider)->text(), u"3/3 Hall"_s);
     }
 
     void UnknownDirectionDoesNotRepaint()
     {
-        PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(3);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(3));
         slider.show();
         QVERIFY(QTest::qWaitForWindowExposed(&slider));
         QCoreApplication::processEvents();
@@ -303,11 +240,10 @@ private Q_SLOTS:
     // Pictures that were shown before are kept, which must not be seen.
     void PicturesLookTheSameTheSecondTime()
     {
-        QList<Picture> pictures{SmallPicture(QStringLiteral("Green"), c_green),
-                                SmallPicture(QStringLiteral("Red"), Qt::red, QSize(300, 300)), Picture(),
-                                SmallPicture(QStringLiteral("Blue"), Qt::blue)};
-        PictureSlider slider(nullptr);
-        slider.UpdateUi(&pictures);
+        QList<Picture> pictures{SmallPicture(u"Green"_s, c_green),
+                                SmallPicture(u"Red"_s, Qt::red, QSize(300, 300)), Picture(),
+                                SmallPicture(u"Blue"_s, Qt::blue)};
+        FilledSlider slider(pictures);
         QList<QImage> firstTime;
         for (qsizetype i = 0; i < pictures.size(); ++i) {
             firstTime.append(Painted(slider));
@@ -328,12 +264,9 @@ private Q_SLOTS:
 
     void PicturesOfTheListBeforeAreForgotten()
     {
-        QList<Picture> greens = SmallPictures(2);
-        QList<Picture> reds(2, SmallPicture(QStringLiteral("Red"), Qt::red));
-        PictureSlider slider(nullptr);
-        slider.UpdateUi(&greens);
+        FilledSlider slider(SmallPictures(2));
         slider.ShowVenuePic(1);
-        slider.UpdateUi(&reds);
+        Show(slider, QList<Picture>(2, SmallPicture(u"Red"_s, Qt::red)));
         QVERIFY(IsNear(Painted(slider).pixelColor(250, 60), Qt::red));
         slider.ShowVenuePic(1);
         QVERIFY(IsNear(Painted(slider).pixelColor(250, 60), Qt::red));
@@ -341,18 +274,16 @@ private Q_SLOTS:
 
     void NullListKeepsListAndPicture()
     {
-        PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(3);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(3));
         slider.ShowVenuePic(1);
         slider.ResetUi();
         const QImage before = Painted(slider);
         slider.UpdateUi(nullptr);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("2/3 Hall"));
-        QVERIFY(!Button(slider, 0)->isHidden());
+        QCOMPARE(Caption(slider)->text(), u"2/3 Hall"_s);
+        QVERIFY(!NavigationButton(slider, 0)->isHidden());
         // The viewer keeps its list as well.
         slider.ShowFullScreen();
-        QCOMPARE(ViewerCaption(slider), QStringLiteral("2/3 Hall"));
+        QCOMPARE(ViewerCaption(slider), u"2/3 Hall"_s);
         Viewer(slider)->hide();
         QVERIFY(IsNear(before.pixelColor(250, 60), c_green));
         QVERIFY(IsNear(Painted(slider).pixelColor(250, 60), c_green));
@@ -362,61 +293,52 @@ private Q_SLOTS:
     {
         PictureSlider slider;
         slider.UpdateUi(nullptr);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("-/0"));
+        QCOMPARE(Caption(slider)->text(), u"-/0"_s);
         // Index -1: the viewer opens and shows nothing.
         slider.ShowFullScreen();
         QVERIFY(Viewer(slider)->isVisible());
-        QCOMPARE(ViewerCaption(slider), QStringLiteral("-/0"));
+        QCOMPARE(ViewerCaption(slider), u"-/0"_s);
         Viewer(slider)->hide();
     }
 
     void ResetOnlyClearsTheCaption()
     {
-        PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(3);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(3));
         slider.ShowVenuePic(1);
         slider.ResetUi();
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("-/0"));
+        QCOMPARE(Caption(slider)->text(), u"-/0"_s);
         QVERIFY(IsNear(Painted(slider).pixelColor(250, 60), c_green));
         slider.SetVenuePicButtonsStatus();
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("2/3 Hall"));
+        QCOMPARE(Caption(slider)->text(), u"2/3 Hall"_s);
     }
 
     void EmptyListKeepsTheIndexOutOfTheWay()
     {
-        PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(3);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(3));
         slider.ShowVenuePic(-1);
-        QList<Picture> none;
-        slider.UpdateUi(&none);
+        Show(slider, {});
         slider.ShowVenuePic(1);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("-/0"));
+        QCOMPARE(Caption(slider)->text(), u"-/0"_s);
         slider.ShowFullScreen();
-        QCOMPARE(ViewerCaption(slider), QStringLiteral("-/0"));
+        QCOMPARE(ViewerCaption(slider), u"-/0"_s);
         Viewer(slider)->hide();
-        QList<Picture> one = SmallPictures(1);
-        slider.UpdateUi(&one);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("1/1 Hall"));
+        Show(slider, SmallPictures(1));
+        QCOMPARE(Caption(slider)->text(), u"1/1 Hall"_s);
     }
 
     void PictureIsDrawnInTheMiddle_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QRect>("drawn");
-        QTest::newRow("wide: 800 x 200 at -150, 20") << QSize(1600, 400) << QRect(0, 20, 500, 200);
-        QTest::newRow("enlarged to the height") << QSize(40, 24) << QRect(50, 0, 400, 240);
-        QTest::newRow("high: 60 x 240 at 220, 0") << QSize(250, 1000) << QRect(220, 0, 60, 240);
-        QTest::newRow("half pixels round away from zero") << QSize(61, 240) << QRect(220, 0, 61, 240);
+        const Rows<QSize, QRect> row("size", "drawn");
+        row("wide: 800 x 200 at -150, 20", QSize(1600, 400), QRect(0, 20, 500, 200));
+        row("enlarged to the height", QSize(40, 24), QRect(50, 0, 400, 240));
+        row("high: 60 x 240 at 220, 0", QSize(250, 1000), QRect(220, 0, 60, 240));
+        row("half pixels round away from zero", QSize(61, 240), QRect(220, 0, 61, 240));
     }
     void PictureIsDrawnInTheMiddle()
     {
         QFETCH(QSize, size);
         QFETCH(QRect, drawn);
-        PictureSlider slider;
-        QList<Picture> pictures = {SmallPicture(QStringLiteral("Hall"), c_green, size)};
-        slider.UpdateUi(&pictures);
+        FilledSlider slider({SmallPicture(u"Hall"_s, c_green, size)});
         QImage image = Painted(slider);
         // Above the caption band; below it the same picture goes on, darker.
         const QRect above = drawn.intersected(QRect(0, 0, 500, 213));
@@ -427,12 +349,7 @@ private Q_SLOTS:
 
     void WidePictureIsCutOffOnBothSides()
     {
-        PictureSlider slider;
-        Picture picture;
-        picture.SetPictureDataSmall(TwoColored(QSize(1600, 400)));
-        picture.SetPictureDataLarge(TwoColored(QSize(16, 4)));
-        QList<Picture> pictures = {picture};
-        slider.UpdateUi(&pictures);
+        FilledSlider slider({MakePicture(TwoColored(QSize(1600, 400)), TwoColored(QSize(16, 4)))});
         const QImage image = Painted(slider);
         // The middle of the picture is the middle of the slider.
         QVERIFY(IsNear(image.pixelColor(0, 60), Qt::red));
@@ -443,22 +360,18 @@ private Q_SLOTS:
 
     void CaptionBandAndBackgroundTellTheTheme_data()
     {
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<QColor>("background");
-        QTest::addColumn<QColor>("band");
+        const Rows<bool, QColor, QColor> row("dayMode", "background", "band");
         // (0, 200, 0) under white at 0.75 or black at 0.5.
-        QTest::newRow("light") << true << QColor(Qt::white) << QColor(191, 241, 191);
-        QTest::newRow("dark") << false << c_darkBackground << QColor(0, 100, 0);
+        row("light", true, QColor(Qt::white), QColor(191, 241, 191));
+        row("dark", false, c_darkBackground, QColor(0, 100, 0));
     }
     void CaptionBandAndBackgroundTellTheTheme()
     {
         QFETCH(bool, dayMode);
         QFETCH(QColor, background);
         QFETCH(QColor, band);
-        PictureSlider slider;
+        FilledSlider slider({SmallPicture(u"Hall"_s, c_green, QSize(400, 240))});
         slider.SetDayMode(dayMode);
-        QList<Picture> pictures = {SmallPicture(QStringLiteral("Hall"), c_green, QSize(400, 240))};
-        slider.UpdateUi(&pictures);
         const QImage image = Painted(slider);
         QCOMPARE(image.pixelColor(10, 10), background);
         QCOMPARE(image.pixelColor(495, 100), background);
@@ -478,44 +391,31 @@ private Q_SLOTS:
 
     void MissingPictureIsSaidInGrey_data()
     {
-        QTest::addColumn<QByteArray>("small");
-        QTest::addColumn<bool>("isListed");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("empty list") << QByteArray() << false << QStringLiteral("No Image");
-        QTest::newRow("no small rendition") << QByteArray() << true << QStringLiteral("Image failure");
-        QTest::newRow("undecodable") << QByteArray("hello") << true << QStringLiteral("Image failure");
-        QTest::newRow("a drawing, which could name local files")
-            << QByteArray("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"></svg>") << true
-            << QStringLiteral("Image failure");
+        const Rows<QByteArray, bool, QString> row("small", "isListed", "text");
+        row("empty list", {}, false, u"No Image"_s);
+        row("no small rendition", {}, true, u"Image failure"_s);
+        row("undecodable", "hello", true, u"Image failure"_s);
+        row("a drawing, which could name local files",
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"></svg>", true,
+            u"Image failure"_s);
     }
     void MissingPictureIsSaidInGrey()
     {
         QFETCH(QByteArray, small);
         QFETCH(bool, isListed);
         QFETCH(QString, text);
-        PictureSlider slider;
-        QList<Picture> before = SmallPictures(1);
-        slider.UpdateUi(&before);
+        FilledSlider slider(SmallPictures(1));
         QList<Picture> pictures;
         if (isListed) {
             // Its other renditions do not help.
-            Picture picture = SmallPicture(QStringLiteral("Hall"), c_green);
+            Picture picture = SmallPicture(u"Hall"_s, c_green);
             picture.SetPictureDataMedium(picture.GetPictureDataSmall());
             picture.SetPictureDataSmall(small);
             pictures.append(picture);
         }
-        slider.UpdateUi(&pictures);
-
-        QImage expected(500, 240, QImage::Format_RGB32);
-        expected.fill(c_darkBackground);
-        QPainter painter(&expected);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QColor(128, 128, 128));
-        painter.setFont(QFont(QStringLiteral("Verdana"), 40));
-        painter.drawText(QRect(0, 0, 800, 300), Qt::AlignCenter, text);
-        painter.end();
+        Show(slider, pictures);
         const QImage image = Painted(slider);
-        QCOMPARE(image, expected);
+        QCOMPARE(image, PaintedText(text));
         // Centred on (400, 150), so that all ink stands in the lower right and the end is cut off.
         const QRect inked = Inked(image, c_darkBackground);
         QVERIFY(!inked.isNull());
@@ -524,22 +424,18 @@ private Q_SLOTS:
         QVERIFY(qAbs(inked.center().y() - 150) < 12);
 
         // A picture that decodes takes the text away.
-        slider.UpdateUi(&before);
+        Show(slider, SmallPictures(1));
         QVERIFY(IsNear(Painted(slider).pixelColor(250, 60), c_green));
         QVERIFY(IsNear(Painted(slider).pixelColor(450, 150), c_green));
     }
 
     void DiscChangesExactlyAtItsEdges_data()
     {
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<QString>("plain");
-        QTest::addColumn<QString>("hovered");
-        QTest::newRow("light") << true
-                               << QStringLiteral("background: hsla( 0, 0, 0, 0.50); border-radius: 12px;")
-                               << QStringLiteral("background: hsla( 0, 0, 0, 1.00); border-radius: 12px;");
-        QTest::newRow("dark") << false
-                              << QStringLiteral("background: hsla( 0, 0, 255, 0.50); border-radius: 12px;")
-                              << QStringLiteral("background: hsla( 0, 0, 255, 1.00); border-radius: 12px;");
+        const Rows<bool, QString, QString> row("dayMode", "plain", "hovered");
+        row("light", true, u"background: hsla( 0, 0, 0, 0.50); border-radius: 12px;"_s,
+            u"background: hsla( 0, 0, 0, 1.00); border-radius: 12px;"_s);
+        row("dark", false, u"background: hsla( 0, 0, 255, 0.50); border-radius: 12px;"_s,
+            u"background: hsla( 0, 0, 255, 1.00); border-radius: 12px;"_s);
     }
     void DiscChangesExactlyAtItsEdges()
     {
@@ -574,18 +470,16 @@ private Q_SLOTS:
         slider.show();
         QPushButton* button = FullscreenButton(slider);
         MoveMouse(button, QPoint(3, 3));
-        QVERIFY(button->styleSheet().contains(QStringLiteral("1.00")));
+        QVERIFY(button->styleSheet().contains(u"1.00"_s));
         // Gone without another move.
         QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(&slider, &leave);
-        QVERIFY(button->styleSheet().contains(QStringLiteral("0.50")));
+        QVERIFY(button->styleSheet().contains(u"0.50"_s));
     }
 
     void ThemeReachesButtonsAndViewer()
     {
-        PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(2);
-        slider.UpdateUi(&pictures);
+        FilledSlider slider(SmallPictures(2));
         const auto viewBackground
             = [&slider] { return Viewer(slider)->findChild<PictureView*>()->backgroundBrush().color(); };
         slider.SetDayMode(true);
@@ -600,10 +494,9 @@ private Q_SLOTS:
 
     void DiscCarriesTheOppositeGlyph_data()
     {
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<bool>("isGlyphLight");
-        QTest::newRow("light theme: light glyph on a dark disc") << true << true;
-        QTest::newRow("dark theme: dark glyph on a light disc") << false << false;
+        const Rows<bool, bool> row("dayMode", "isGlyphLight");
+        row("light theme: light glyph on a dark disc", true, true);
+        row("dark theme: dark glyph on a light disc", false, false);
     }
     void DiscCarriesTheOppositeGlyph()
     {
@@ -639,7 +532,7 @@ private Q_SLOTS:
     void IconsAreInTheModule()
     {
         QFETCH(QString, name);
-        const QString path = QStringLiteral(":/Resources/") + name;
+        const QString path = u":/Resources/"_s + name;
         QVERIFY(QFile::exists(path));
         const QImage drawn = QIcon(path).pixmap(24, 24).toImage();
         QVERIFY(!drawn.isNull());
@@ -649,31 +542,27 @@ private Q_SLOTS:
 
     void FullscreenButtonOpensTheViewerOnTheCurrentPicture()
     {
-        PictureSlider slider;
-        QList<Picture> pictures
-            = {SmallPicture(QStringLiteral("a"), Qt::red), SmallPicture(QStringLiteral("b"), Qt::green)};
-        slider.UpdateUi(&pictures);
+        FilledSlider slider({SmallPicture(u"a"_s, Qt::red), SmallPicture(u"b"_s, Qt::green)});
         slider.ShowVenuePic(1);
         slider.show();
         QTest::mouseClick(FullscreenButton(slider), Qt::LeftButton);
         QVERIFY(Viewer(slider)->isVisible());
         QVERIFY(Viewer(slider)->isMaximized());
-        QCOMPARE(ViewerCaption(slider), QStringLiteral("2/2 b"));
+        QCOMPARE(ViewerCaption(slider), u"2/2 b"_s);
         // Steps there leave the slider where it is.
         Viewer(slider)->ModifyPicturesIndex(1);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("2/2 b"));
+        QCOMPARE(Caption(slider)->text(), u"2/2 b"_s);
         Viewer(slider)->hide();
     }
 
     void ViewerMayBeGone()
     {
         PictureSlider slider;
-        QList<Picture> pictures = SmallPictures(2);
         delete Viewer(slider);
-        slider.UpdateUi(&pictures);
+        Show(slider, SmallPictures(2));
         slider.SetDayMode(true);
         slider.ShowFullScreen();
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("1/2 Hall"));
+        QCOMPARE(Caption(slider)->text(), u"1/2 Hall"_s);
     }
 
     void ListOfTheCallerStaysAsItIs()
@@ -684,7 +573,7 @@ private Q_SLOTS:
         // Shared, not referred to.
         pictures.reset();
         slider.ShowVenuePic(1);
-        QCOMPARE(Caption(slider)->text(), QStringLiteral("2/2 Hall"));
+        QCOMPARE(Caption(slider)->text(), u"2/2 Hall"_s);
     }
 };
 

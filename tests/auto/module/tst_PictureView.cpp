@@ -1,16 +1,17 @@
 #include <ui/PictureView.h>
 
-#include <tests/support/MessageGuard.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QGraphicsScene>
 #include <QKeyEvent>
 #include <QScrollBar>
-#include <QTest>
 #include <QWheelEvent>
 
 #include <memory>
 
+using namespace korvel::Test;
 using korvel::Ui::VenueDatabase::PictureView;
 
 namespace {
@@ -81,20 +82,11 @@ double FittedScale(const QSize& united)
 
 } // namespace
 
-class tst_PictureView : public QObject
+class tst_PictureView : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void IsSetUpForPanningAndZooming()
     {
         const PictureView view;
@@ -123,16 +115,15 @@ private Q_SLOTS:
 
     void FittingNeverEnlarges_data()
     {
-        QTest::addColumn<QSizeF>("picture");
-        QTest::addColumn<double>("scale");
-        QTest::newRow("smaller: natural size") << QSizeF(400, 300) << 1.0;
-        QTest::newRow("one pixel") << QSizeF(1, 1) << 1.0;
-        QTest::newRow("exactly the viewport") << QSizeF(1000, 700) << 1.0;
-        QTest::newRow("no picture") << QSizeF() << 1.0;
-        QTest::newRow("wider") << QSizeF(2000, 100) << FittedScale(QSize(2000, 700));
-        QTest::newRow("higher") << QSizeF(100, 2800) << FittedScale(QSize(1000, 2800));
-        QTest::newRow("larger") << QSizeF(3000, 2000) << FittedScale(QSize(3000, 2000));
-        QTest::newRow("one pixel too wide") << QSizeF(1001, 10) << FittedScale(QSize(1001, 700));
+        const Rows<QSizeF, double> row("picture", "scale");
+        row("smaller: natural size", QSizeF(400, 300), 1.0);
+        row("one pixel", QSizeF(1, 1), 1.0);
+        row("exactly the viewport", QSizeF(1000, 700), 1.0);
+        row("no picture", {}, 1.0);
+        row("wider", QSizeF(2000, 100), FittedScale(QSize(2000, 700)));
+        row("higher", QSizeF(100, 2800), FittedScale(QSize(1000, 2800)));
+        row("larger", QSizeF(3000, 2000), FittedScale(QSize(3000, 2000)));
+        row("one pixel too wide", QSizeF(1001, 10), FittedScale(QSize(1001, 700)));
     }
     void FittingNeverEnlarges()
     {
@@ -158,18 +149,15 @@ private Q_SLOTS:
 
     void ZoomingInStopsAtFiveTimesTheNaturalSize_data()
     {
-        QTest::addColumn<QSizeF>("picture");
-        QTest::addColumn<double>("startScale");
-        QTest::addColumn<double>("factor");
-        QTest::addColumn<double>("scale");
+        const Rows<QSizeF, double, double, double> row("picture", "startScale", "factor", "scale");
         const QSizeF small(400, 300);
-        QTest::newRow("a step") << small << 1.0 << 1.2 << 1.2;
-        QTest::newRow("exactly to the limit") << small << 1.0 << 5.0 << 5.0;
-        QTest::newRow("beyond the limit") << small << 1.0 << 5.01 << 1.0;
-        QTest::newRow("below the limit") << small << 4.0 << 1.2 << 4.8;
-        QTest::newRow("a step too far") << small << 4.2 << 1.2 << 4.2;
-        QTest::newRow("the larger side counts") << QSizeF(10, 400) << 4.5 << 1.2 << 4.5;
-        QTest::newRow("factor one") << small << 2.0 << 1.0 << 2.0;
+        row("a step", small, 1.0, 1.2, 1.2);
+        row("exactly to the limit", small, 1.0, 5.0, 5.0);
+        row("beyond the limit", small, 1.0, 5.01, 1.0);
+        row("below the limit", small, 4.0, 1.2, 4.8);
+        row("a step too far", small, 4.2, 1.2, 4.2);
+        row("the larger side counts", QSizeF(10, 400), 4.5, 1.2, 4.5);
+        row("factor one", small, 2.0, 1.0, 2.0);
     }
     void ZoomingInStopsAtFiveTimesTheNaturalSize()
     {
@@ -193,15 +181,13 @@ private Q_SLOTS:
 
     void ZoomingOutStopsAtTheFittedSize_data()
     {
-        QTest::addColumn<QSizeF>("picture");
-        QTest::addColumn<double>("startFactor");
-        QTest::addColumn<bool>("isFittedAfterwards");
-        QTest::newRow("small, from the fitted size") << QSizeF(400, 300) << 1.0 << true;
-        QTest::newRow("small, between") << QSizeF(400, 300) << 1.1 << true;
-        QTest::newRow("small, still larger") << QSizeF(400, 300) << 2.0 << false;
-        QTest::newRow("large, from the fitted size") << QSizeF(3000, 2000) << 1.0 << true;
-        QTest::newRow("large, between") << QSizeF(3000, 2000) << 1.19 << true;
-        QTest::newRow("large, still larger") << QSizeF(3000, 2000) << 3.0 << false;
+        const Rows<QSizeF, double, bool> row("picture", "startFactor", "isFittedAfterwards");
+        row("small, from the fitted size", QSizeF(400, 300), 1.0, true);
+        row("small, between", QSizeF(400, 300), 1.1, true);
+        row("small, still larger", QSizeF(400, 300), 2.0, false);
+        row("large, from the fitted size", QSizeF(3000, 2000), 1.0, true);
+        row("large, between", QSizeF(3000, 2000), 1.19, true);
+        row("large, still larger", QSizeF(3000, 2000), 3.0, false);
     }
     void ZoomingOutStopsAtTheFittedSize()
     {
@@ -233,12 +219,11 @@ private Q_SLOTS:
 
     void PlainWheelZooms_data()
     {
-        QTest::addColumn<QPoint>("angleDelta");
-        QTest::addColumn<double>("factor");
-        QTest::newRow("up") << QPoint(0, 120) << 1.2;
-        QTest::newRow("up by the least") << QPoint(0, 1) << 1.2;
-        QTest::newRow("down") << QPoint(0, -120) << 1.0 / 1.2;
-        QTest::newRow("sideways counts as down") << QPoint(120, 0) << 1.0 / 1.2;
+        const Rows<QPoint, double> row("angleDelta", "factor");
+        row("up", QPoint(0, 120), 1.2);
+        row("up by the least", QPoint(0, 1), 1.2);
+        row("down", QPoint(0, -120), 1.0 / 1.2);
+        row("sideways counts as down", QPoint(120, 0), 1.0 / 1.2);
     }
     void PlainWheelZooms()
     {
@@ -252,20 +237,18 @@ private Q_SLOTS:
 
     void WheelWithModifierScrolls_data()
     {
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<QPoint>("angleDelta");
-        QTest::addColumn<int>("horizontal");
-        QTest::addColumn<int>("vertical");
+        const Rows<Qt::KeyboardModifiers, QPoint, int, int> row("modifiers", "angleDelta", "horizontal",
+                                                                "vertical");
         const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
         const Qt::KeyboardModifiers control = Qt::ControlModifier;
-        QTest::newRow("Control: down") << control << QPoint(0, -120) << 0 << 1;
-        QTest::newRow("Control: up") << control << QPoint(0, 120) << 0 << -1;
-        QTest::newRow("Control: sideways stays sideways") << control << QPoint(-120, 0) << 1 << 0;
-        QTest::newRow("Shift: down turns right") << shift << QPoint(0, -120) << 1 << 0;
-        QTest::newRow("Shift: up turns left") << shift << QPoint(0, 120) << -1 << 0;
-        QTest::newRow("Shift: sideways turns vertical") << shift << QPoint(-120, 0) << 0 << 1;
-        QTest::newRow("Control and Shift: nothing") << (control | shift) << QPoint(0, -120) << 0 << 0;
-        QTest::newRow("Alt: nothing") << Qt::KeyboardModifiers(Qt::AltModifier) << QPoint(0, -120) << 0 << 0;
+        row("Control: down", control, QPoint(0, -120), 0, 1);
+        row("Control: up", control, QPoint(0, 120), 0, -1);
+        row("Control: sideways stays sideways", control, QPoint(-120, 0), 1, 0);
+        row("Shift: down turns right", shift, QPoint(0, -120), 1, 0);
+        row("Shift: up turns left", shift, QPoint(0, 120), -1, 0);
+        row("Shift: sideways turns vertical", shift, QPoint(-120, 0), 0, 1);
+        row("Control and Shift: nothing", (control | shift), QPoint(0, -120), 0, 0);
+        row("Alt: nothing", Qt::AltModifier, QPoint(0, -120), 0, 0);
     }
     void WheelWithModifierScrolls()
     {
@@ -305,15 +288,14 @@ private Q_SLOTS:
 
     void EveryKeyReachesTheParent_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<bool>("scrolls");
-        QTest::newRow("Page Up does not scroll") << int(Qt::Key_PageUp) << false;
-        QTest::newRow("Page Down does not scroll") << int(Qt::Key_PageDown) << false;
-        QTest::newRow("Up scrolls") << int(Qt::Key_Up) << true;
-        QTest::newRow("Right scrolls") << int(Qt::Key_Right) << true;
-        QTest::newRow("A") << int(Qt::Key_A) << false;
-        QTest::newRow("Escape") << int(Qt::Key_Escape) << false;
-        QTest::newRow("+") << int(Qt::Key_Plus) << false;
+        const Rows<int, bool> row("key", "scrolls");
+        row("Page Up does not scroll", Qt::Key_PageUp, false);
+        row("Page Down does not scroll", Qt::Key_PageDown, false);
+        row("Up scrolls", Qt::Key_Up, true);
+        row("Right scrolls", Qt::Key_Right, true);
+        row("A", Qt::Key_A, false);
+        row("Escape", Qt::Key_Escape, false);
+        row("+", Qt::Key_Plus, false);
     }
     void EveryKeyReachesTheParent()
     {

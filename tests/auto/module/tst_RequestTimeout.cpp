@@ -1,25 +1,17 @@
 #include <data/ConnectorJsonRest.h>
 
 #include <tests/support/Fixture.h>
-#include <tests/support/MessageGuard.h>
-#include <tests/support/ScriptedServer.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/Records.h>
+#include <tests/support/ServerTest.h>
 
 #include <QElapsedTimer>
-#include <QJsonArray>
 #include <QNetworkReply>
-#include <QTest>
 #include <QTimer>
 
-#include <functional>
-#include <memory>
-
-using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 using korvel::Demo::Fault;
-using korvel::Test::JsonObject;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
 
 namespace {
 
@@ -48,32 +40,27 @@ QJsonArray Files(const QByteArrayList& paths)
     QByteArrayList elements;
     for (const QByteArray& path : paths)
         elements.append(R"({"type": "file", "attributes": {"url": ")" + path + R"("}})");
-    return JsonObject(R"({"included": [)" + elements.join(',') + "]}").value("included"_L1).toArray();
+    return Included(elements.join(','));
 }
 
 } // namespace
 
 /// The one test that waits as long as the module really does.
-class tst_RequestTimeout : public QObject
+class tst_RequestTimeout : public ServerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void EveryQueryGivesUpAfterThirtySeconds()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        const VdbMessages messages;
-        ScriptedServer server;
-        server.Withhold(u"/api/venue"_s);
-        server.Withhold(u"/silent"_s);
-        server.AddFault(
+        m_server->Withhold(u"/api/venue"_s);
+        m_server->Withhold(u"/silent"_s);
+        m_server->AddFault(
             Fault::On(u"/header"_s).WithStatus(200).WithMediaType("image/png").WithSilenceAfterHeader());
-        server.Answer(u"/good"_s, "bytes", "image/png");
+        m_server->Answer(u"/good"_s, "bytes", "image/png");
 
         ResultStatus status = Ok;
-        Venue old;
-        old.SetComplexName(u"old"_s);
-        QList<Venue> venues{old, old};
+        QList<Venue> venues(2, MakeVenue(-1, u"old"_s));
         QList<Picture> pictures{Picture()};
         QList<TsFile> files{TsFile()};
         QByteArray pictureBytes("x");
@@ -127,17 +114,16 @@ private Q_SLOTS:
         // The search is silent: its failure is shown to the user. The others report once each.
         QStringList found = VdbMessages::Take();
         found.sort();
-        const QString host = server.Server().Host();
         const QString noReply = u" - no HTTP status - no reply within 30000 ms"_s;
         QCOMPARE(found,
-                 QStringList({u"Model file download failed: "_s + host + u"/silent/entry-file"_s + noReply,
-                              u"Model file download failed: "_s + host + u"/silent/file"_s + noReply,
-                              u"Model file query failed: "_s + host + u"/api/venue"_s + noReply,
-                              u"Picture download failed: "_s + host
+                 QStringList({u"Model file download failed: "_s + m_host + u"/silent/entry-file"_s + noReply,
+                              u"Model file download failed: "_s + m_host + u"/silent/file"_s + noReply,
+                              u"Model file query failed: "_s + m_host + u"/api/venue"_s + noReply,
+                              u"Picture download failed: "_s + m_host
                                   + u"/header/picture - HTTP status 200 - no reply within 30000 ms"_s,
-                              u"Picture download failed: "_s + host + u"/silent/entry-picture"_s + noReply,
-                              u"Picture download failed: "_s + host + u"/silent/picture"_s + noReply,
-                              u"Picture query failed: "_s + host + u"/api/venue"_s + noReply}));
+                              u"Picture download failed: "_s + m_host + u"/silent/entry-picture"_s + noReply,
+                              u"Picture download failed: "_s + m_host + u"/silent/picture"_s + noReply,
+                              u"Picture query failed: "_s + m_host + u"/api/venue"_s + noReply}));
     }
 };
 

@@ -1,18 +1,20 @@
-#include <data/Picture.h>
 #include <ui/PictureSlider.h>
 #include <ui/VenueDetailsWidget.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Files.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
-#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QLabel>
 #include <QScreen>
 #include <QTemporaryDir>
-#include <QTest>
 
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 using korvel::Data::VenueDatabase::Picture;
 
@@ -35,33 +37,14 @@ QScreen* ScreenOf(int scale)
     return nullptr;
 }
 
-QLabel* FoldIcon(const QWidget& panel)
-{
-    for (QLabel* label : panel.findChildren<QLabel*>()) {
-        if (!label->pixmap(Qt::ReturnByValue).isNull())
-            return label;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 /// What is shown stays sharp when the window moves to a screen of another scale.
-class tst_ScreenChange : public QObject
+class tst_ScreenChange : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void ThereAreTwoScreens()
     {
         QCOMPARE(QGuiApplication::screens().size(), 2);
@@ -97,14 +80,7 @@ private Q_SLOTS:
             for (int y = 0; y < stripes.height(); ++y)
                 stripes.setPixel(x, y, x % 2 == 0 ? qRgb(250, 250, 250) : qRgb(10, 10, 10));
         }
-        QByteArray data;
-        QBuffer buffer(&data);
-        buffer.open(QIODevice::WriteOnly);
-        stripes.save(&buffer, "PNG");
-        Picture picture;
-        picture.SetPictureDataSmall(data);
-        QList<Picture> pictures = {picture};
-        slider.UpdateUi(&pictures);
+        Show(slider, {MakePicture(Png(stripes))});
         slider.move(10, 10);
         slider.show();
         QVERIFY(QTest::qWaitForWindowExposed(&slider));
@@ -128,11 +104,9 @@ private Q_SLOTS:
 int main(int argc, char* argv[])
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("screens.json")));
-    if (!file.open(QIODevice::WriteOnly) || file.write(c_screens) < 0)
-        return 1;
-    file.close();
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file.fileName()));
+    const QString file = folder.filePath(QStringLiteral("screens.json"));
+    WriteFile(file, c_screens);
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file));
 
     QApplication application(argc, argv);
     tst_ScreenChange test;

@@ -1,18 +1,19 @@
 #include <data/ConnectorJsonRest.h>
 #include <fuzz/ReaderComparison.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QCalendar>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <ctime>
 
 using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 
 namespace {
 
@@ -63,7 +64,7 @@ bool AreAlike(const QDateTime& left, const QDateTime& right)
 } // namespace
 
 /// Runs in a time zone whose clocks skip and repeat an hour a year.
-class tst_ServerDate : public QObject
+class tst_ServerDate : public StrictTest
 {
     Q_OBJECT
 
@@ -76,14 +77,9 @@ private Q_SLOTS:
         QVERIFY(!QDateTime(QDate(2024, 3, 31), QTime(2, 30)).isValid());
     }
 
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void ReadsAsQtParses_data()
     {
-        QTest::addColumn<QString>("text");
+        const Rows<QString> row("text");
         for (const char* text : {"2024-03-01",
                                  "2024-02-30",
                                  "2024-2-3",
@@ -115,8 +111,8 @@ private Q_SLOTS:
                                  "2024-03-01T1:2:3+00:00",
                                  "1900-01-01T00:00:00+00:00",
                                  "2400-12-31T23:59:59+00:00"})
-            QTest::newRow(*text ? text : "empty") << QString::fromLatin1(text);
-        QTest::newRow("digits of another script") << QStringLiteral(u"\u0662\u0660\u0662\u0664-03-01");
+            row(*text ? text : "empty", QString::fromLatin1(text));
+        row("digits of another script", QStringLiteral(u"\u0662\u0660\u0662\u0664-03-01"));
     }
     void ReadsAsQtParses()
     {

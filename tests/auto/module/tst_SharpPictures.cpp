@@ -1,24 +1,26 @@
-#include <data/Picture.h>
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureSlider.h>
 #include <ui/VenueDetailsWidget.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
-#include <QBuffer>
 #include <QImage>
 #include <QImageReader>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
-#include <QTest>
 #include <QWindow>
 
 #include <algorithm>
 #include <cmath>
 
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 using korvel::Data::VenueDatabase::Picture;
 
@@ -40,35 +42,6 @@ QImage FinePicture()
             image.setPixel(x, y, (x + y / 7) % 2 == 0 ? qRgb(250, 200, 40) : qRgb(20, 60, 120));
     }
     return image;
-}
-
-QList<Picture> OnePicture()
-{
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    FinePicture().save(&buffer, "PNG");
-    Picture picture;
-    picture.SetPictureDataSmall(data);
-    return {picture};
-}
-
-QLabel* FoldIcon(const QWidget& panel)
-{
-    for (QLabel* label : panel.findChildren<QLabel*>()) {
-        if (!label->pixmap(Qt::ReturnByValue).isNull())
-            return label;
-    }
-    return nullptr;
-}
-
-QPushButton* FullscreenButton(const PictureSlider& slider)
-{
-    for (QPushButton* button : slider.findChildren<QPushButton*>(Qt::FindDirectChildrenOnly)) {
-        if (!qobject_cast<PictureNavigationButton*>(button))
-            return button;
-    }
-    return nullptr;
 }
 
 /// The largest difference of any colour channel; 255 for images of different size.
@@ -107,21 +80,11 @@ QImage RenderedSvg(const QString& path, const QSize& size)
 } // namespace
 
 /// Pictures and icons have as many pixels as the screen shows, and at scale 1 exactly those of their files.
-class tst_SharpPictures : public QObject
+class tst_SharpPictures : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void TheScreenHasTheScaleUnderTest()
     {
         QCOMPARE(qApp->devicePixelRatio(), ExpectedScale());
@@ -129,13 +92,11 @@ private Q_SLOTS:
 
     void TheFoldIconIsRenderedForTheScreen_data()
     {
-        QTest::addColumn<bool>("collapsed");
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<QString>("file");
-        QTest::newRow("open") << false << false << QStringLiteral("korvelFoldingWidgetOpen.svg");
-        QTest::newRow("open, day") << false << true << QStringLiteral("korvelFoldingWidgetOpen_day.svg");
-        QTest::newRow("closed") << true << false << QStringLiteral("korvelFoldingWidgetClosed.svg");
-        QTest::newRow("closed, day") << true << true << QStringLiteral("korvelFoldingWidgetClosed_day.svg");
+        const Rows<bool, bool, QString> row("collapsed", "dayMode", "file");
+        row("open", false, false, QStringLiteral("korvelFoldingWidgetOpen.svg"));
+        row("open, day", false, true, QStringLiteral("korvelFoldingWidgetOpen_day.svg"));
+        row("closed", true, false, QStringLiteral("korvelFoldingWidgetClosed.svg"));
+        row("closed, day", true, true, QStringLiteral("korvelFoldingWidgetClosed_day.svg"));
     }
     void TheFoldIconIsRenderedForTheScreen()
     {
@@ -164,8 +125,7 @@ private Q_SLOTS:
     {
         const double scale = ExpectedScale();
         PictureSlider slider;
-        QList<Picture> pictures = OnePicture();
-        slider.UpdateUi(&pictures);
+        Show(slider, {MakePicture(Png(FinePicture()))});
         slider.show();
 
         // 500 x 240 on the slider, whatever the scale; right of the left button, above the full-screen one.
@@ -180,10 +140,9 @@ private Q_SLOTS:
 
     void TheFullscreenIconIsRenderedForTheScreen_data()
     {
-        QTest::addColumn<bool>("dayMode");
-        QTest::addColumn<QString>("file");
-        QTest::newRow("night") << false << QStringLiteral("ic_EQ_scale_16x16_day.svg");
-        QTest::newRow("day") << true << QStringLiteral("ic_EQ_scale_16x16.svg");
+        const Rows<bool, QString> row("dayMode", "file");
+        row("night", false, QStringLiteral("ic_EQ_scale_16x16_day.svg"));
+        row("day", true, QStringLiteral("ic_EQ_scale_16x16.svg"));
     }
     void TheFullscreenIconIsRenderedForTheScreen()
     {

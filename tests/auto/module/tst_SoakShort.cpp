@@ -1,12 +1,14 @@
 #include <tests/soak/SoakSample.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QProcess>
-#include <QTest>
 
 using namespace korvel::Soak;
+using namespace korvel::Test;
 
 /// The short form of the long run: the same program with fewer rounds, its promises one by one.
-class tst_SoakShort : public QObject
+class tst_SoakShort : public StrictTest
 {
     Q_OBJECT
 
@@ -50,14 +52,13 @@ private Q_SLOTS:
 
     void EveryRoundRan_data()
     {
-        QTest::addColumn<QString>("phase");
-        QTest::addColumn<qint64>("rounds");
-        QTest::newRow("searches") << QStringLiteral("searches") << c_searches;
-        QTest::newRow("selections") << QStringLiteral("selections") << c_selections;
-        QTest::newRow("large downloads") << QStringLiteral("downloads") << c_viewerSteps / 2;
-        QTest::newRow("viewer steps") << QStringLiteral("viewer steps") << c_viewerSteps / 2;
-        QTest::newRow("imports of one record") << QStringLiteral("imports") << c_imports / 2;
-        QTest::newRow("imports of new records") << QStringLiteral("new imports") << c_imports / 2;
+        const Rows<QString, qint64> row("phase", "rounds");
+        row("searches", QStringLiteral("searches"), c_searches);
+        row("selections", QStringLiteral("selections"), c_selections);
+        row("large downloads", QStringLiteral("downloads"), c_viewerSteps / 2);
+        row("viewer steps", QStringLiteral("viewer steps"), c_viewerSteps / 2);
+        row("imports of one record", QStringLiteral("imports"), c_imports / 2);
+        row("imports of new records", QStringLiteral("new imports"), c_imports / 2);
     }
     void EveryRoundRan()
     {
@@ -69,17 +70,15 @@ private Q_SLOTS:
 
     void HeapDoesNotGrow_data()
     {
-        QTest::addColumn<QString>("phase");
-        QTest::addColumn<qint64>("limit");
+        const Rows<QString, qint64> row("phase", "limit");
         constexpr qint64 c_megabyte = 1024 * 1024;
-        QTest::newRow("searches") << QStringLiteral("searches") << 2 * c_megabyte;
-        QTest::newRow("selections") << QStringLiteral("selections") << 2 * c_megabyte;
-        QTest::newRow("16 KB for a large download")
-            << QStringLiteral("downloads") << 16 * 1024 * c_viewerSteps / 2;
-        QTest::newRow("viewer steps") << QStringLiteral("viewer steps") << c_megabyte / 2;
-        QTest::newRow("imports of one record") << QStringLiteral("imports") << c_megabyte / 2;
+        row("searches", QStringLiteral("searches"), 2 * c_megabyte);
+        row("selections", QStringLiteral("selections"), 2 * c_megabyte);
+        row("16 KB for a large download", QStringLiteral("downloads"), 16 * 1024 * c_viewerSteps / 2);
+        row("viewer steps", QStringLiteral("viewer steps"), c_megabyte / 2);
+        row("imports of one record", QStringLiteral("imports"), c_megabyte / 2);
         // The name, not the buffer that the file was written through.
-        QTest::newRow("4 KB for a new import") << QStringLiteral("new imports") << 4 * 1024 * c_imports / 2;
+        row("4 KB for a new import", QStringLiteral("new imports"), 4 * 1024 * c_imports / 2);
     }
     void HeapDoesNotGrow()
     {
@@ -100,11 +99,10 @@ private Q_SLOTS:
 
     void FilesAndDescriptorsStay_data()
     {
-        QTest::addColumn<QString>("phase");
-        QTest::addColumn<qint64>("perRound");
+        const Rows<QString, qint64> row("phase", "perRound");
         for (const char* phase : {"searches", "selections", "downloads", "viewer steps", "imports"})
-            QTest::newRow(phase) << QString::fromLatin1(phase) << qint64(0);
-        QTest::newRow("one for each new import") << QStringLiteral("new imports") << qint64(1);
+            row(phase, QString::fromLatin1(phase), 0);
+        row("one for each new import", QStringLiteral("new imports"), 1);
     }
     void FilesAndDescriptorsStay()
     {
@@ -127,20 +125,18 @@ private Q_SLOTS:
 
     void TooMuchIsReported_data()
     {
-        QTest::addColumn<Sample>("last");
-        QTest::addColumn<bool>("isFine");
+        const Rows<Sample, bool> row("last", "isFine");
         const QString searches = QStringLiteral("searches");
         const QString downloads = QStringLiteral("downloads");
         constexpr qint64 c_megabyte = 1024 * 1024;
-        QTest::newRow("nothing more") << Sample{searches, 100, 0, 0, 0, 0} << true;
-        QTest::newRow("2 MB") << Sample{searches, 100, 2 * c_megabyte, 0, 0, 0} << true;
-        QTest::newRow("over 2 MB") << Sample{searches, 100, 2 * c_megabyte + 1, 0, 0, 0} << false;
-        QTest::newRow("16 KB a download") << Sample{downloads, 1000, 16000 * 1024, 0, 0, 0} << true;
-        QTest::newRow("17 KB a download") << Sample{downloads, 1000, 17000 * 1024, 0, 0, 0} << false;
-        QTest::newRow("a reply") << Sample{searches, 100, 0, 0, 1, 0} << false;
-        QTest::newRow("descriptors") << Sample{searches, 100, 0, 100, 0, 0} << false;
-        QTest::newRow("a descriptor a new import")
-            << Sample{QStringLiteral("new imports"), 100, 0, 100, 0, 100} << true;
+        row("nothing more", Sample{searches, 100, 0, 0, 0, 0}, true);
+        row("2 MB", Sample{searches, 100, 2 * c_megabyte, 0, 0, 0}, true);
+        row("over 2 MB", Sample{searches, 100, 2 * c_megabyte + 1, 0, 0, 0}, false);
+        row("16 KB a download", Sample{downloads, 1000, 16000 * 1024, 0, 0, 0}, true);
+        row("17 KB a download", Sample{downloads, 1000, 17000 * 1024, 0, 0, 0}, false);
+        row("a reply", Sample{searches, 100, 0, 0, 1, 0}, false);
+        row("descriptors", Sample{searches, 100, 0, 100, 0, 0}, false);
+        row("a descriptor a new import", Sample{QStringLiteral("new imports"), 100, 0, 100, 0, 100}, true);
     }
     void TooMuchIsReported()
     {

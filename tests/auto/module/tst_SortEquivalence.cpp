@@ -3,12 +3,12 @@
 #include <ui/VenueTableModel.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QComboBox>
 #include <QRandomGenerator>
 #include <QStandardItemModel>
-#include <QTest>
 #include <QTimeZone>
 
 #include <array>
@@ -16,9 +16,9 @@
 #include <limits>
 
 using namespace korvel::Bench;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 using korvel::Data::VenueDatabase::Venue;
-using korvel::Ui::VenueDatabase::VenueDbCentralWidget;
-using korvel::Ui::VenueDatabase::VenueTableModel;
 
 namespace {
 
@@ -217,16 +217,11 @@ QList<int> SourceRows(const QSortFilterProxyModel& proxy)
 
 // The module's sort order against the same order written down literally: whatever shortcuts it takes, no row
 // may end up elsewhere.
-class tst_SortEquivalence : public QObject
+class tst_SortEquivalence : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void EveryComparisonAgrees_data()
     {
         AddZones();
@@ -355,7 +350,7 @@ private Q_SLOTS:
                                     QStringLiteral("aLAND islands")};
         for (quint32 seed = 1; seed <= 20; ++seed) {
             QRandomGenerator random(seed);
-            korvel::Test::ConnectorStub connector;
+            ConnectorStub connector;
             for (int i = 0; i < 60; ++i) {
                 Venue venue;
                 venue.SetCountry(Pick(random, countries));
@@ -375,12 +370,12 @@ private Q_SLOTS:
 private:
     static void AddZones()
     {
-        QTest::addColumn<QByteArray>("zone");
-        QTest::newRow("UTC") << QByteArray("UTC");
-        QTest::newRow("Berlin") << QByteArray("Europe/Berlin");
-        QTest::newRow("a zone that skipped a day") << QByteArray("Pacific/Apia");
-        QTest::newRow("a zone with a clock change of half an hour") << QByteArray("Australia/Lord_Howe");
-        QTest::newRow("no zone set") << QByteArray();
+        const Rows<QByteArray> row("zone");
+        row("UTC", "UTC");
+        row("Berlin", "Europe/Berlin");
+        row("a zone that skipped a day", "Pacific/Apia");
+        row("a zone with a clock change of half an hour", "Australia/Lord_Howe");
+        row("no zone set", {});
     }
 };
 

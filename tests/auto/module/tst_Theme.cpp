@@ -7,10 +7,13 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/ModalDriver.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 #include <tests/support/TextContrast.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -33,7 +36,6 @@
 #include <QStyleFactory>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolTip>
@@ -42,9 +44,9 @@
 #include <algorithm>
 
 using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 using korvel::Demo::Theme;
-using namespace korvel::Test;
 
 namespace {
 
@@ -86,51 +88,20 @@ private:
     QPalette m_palette;
 };
 
-TsFile ModelFile(QString name, QString version)
-{
-    TsFile file;
-    file.SetFileName(name);
-    file.SetTsVersion(version);
-    return file;
-}
-
-Venue FullVenue(qint64 id, const QString& name)
-{
-    Venue venue;
-    venue.SetId(id);
-    venue.SetComplexName(name);
-    venue.SetVenueRoomName(QStringLiteral("Main hall"));
-    venue.SetGeneralComment(QStringLiteral("Built in 1901"));
-    venue.SetCity(QStringLiteral("Munich"));
-    venue.SetCountry(QStringLiteral("Germany"));
-    venue.SetLocationComment(QStringLiteral("Near the park"));
-    venue.SetLoadDockStreetAddress(QStringLiteral("Behind the house"));
-    venue.SetLoadDockComment(QStringLiteral("One ramp"));
-    venue.SetClearingOfHouseGrid(QStringLiteral("14.5"));
-    venue.SetRiggingComment(QStringLiteral("Bridles only"));
-    venue.SetUploadDate(QDate(2024, 3, 1));
-    venue.SetEditDate(QDateTime(QDate(2024, 5, 2), QTime(10, 0)));
-    return venue;
-}
-
 /// The dialog with two venues found and one of them shown, high enough for all of its details.
 struct ShownDialog
 {
     explicit ShownDialog(bool dayMode)
     {
-        Picture picture;
-        picture.SetAlternativeDescription(QStringLiteral("The stage"));
         // What the band behind the caption cannot help against: white by night, black by day.
         const QByteArray data = EncodedPicture({1000, 480}, dayMode ? Qt::black : Qt::white);
-        picture.SetPictureDataSmall(data);
-        picture.SetPictureDataLarge(data);
-        pictures = {picture, picture};
-        connector.venues = {FullVenue(7, QStringLiteral("Festspielhaus")),
-                            FullVenue(8, QStringLiteral("Prinzregententheater"))};
+        pictures = QList<Picture>(2, MakePicture(data, data, QStringLiteral("The stage")));
+        connector.venues = {FilledVenue(7, QStringLiteral("Festspielhaus")),
+                            FilledVenue(8, QStringLiteral("Prinzregententheater"))};
         connector.onGetPictures = [this](qint64) { return pictures; };
         connector.onGetFiles = [](qint64) {
-            return QList<TsFile>{ModelFile(QStringLiteral("stage.tessra"), QStringLiteral("4.2")),
-                                 ModelFile(QStringLiteral("flat.tessra"), QStringLiteral("4.1"))};
+            return QList<TsFile>{MakeFile(QStringLiteral("stage.tessra"), QStringLiteral("4.2")),
+                                 MakeFile(QStringLiteral("flat.tessra"), QStringLiteral("4.1"))};
         };
         dialog.SetDayMode(dayMode);
         dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
@@ -158,12 +129,6 @@ struct ShownDialog
     PictureSlider* Slider() const
     {
         return dialog.findChild<PictureSlider*>();
-    }
-    QPushButton* Button(const QString& text) const
-    {
-        const auto buttons = dialog.findChildren<QPushButton*>();
-        return *std::find_if(buttons.begin(), buttons.end(),
-                             [&](const QPushButton* button) { return button->text() == text; });
     }
     /// The children of the kinds that react to the user.
     QList<QWidget*> Controls() const
@@ -382,7 +347,7 @@ void LookAtErrorBox(ShownDialog& shown, Findings& findings)
         findings.Look(box);
         box->button(QMessageBox::Close)->click();
     });
-    shown.Button(QStringLiteral("Search"))->click();
+    Button(shown.dialog, QStringLiteral("Search"))->click();
 }
 
 struct Scene
@@ -453,15 +418,15 @@ QStringList ValuesWithoutRule(const QWidget* root, const QString& sheet)
 
 void AddThemeRows()
 {
-    QTest::addColumn<bool>("dayMode");
-    QTest::newRow("light") << true;
-    QTest::newRow("dark") << false;
+    const Rows<bool> row("dayMode");
+    row("light", true);
+    row("dark", false);
 }
 
 } // namespace
 
 /// The reference style sheets: complete, readable in every state, and every file they name is there.
-class tst_Theme : public QObject
+class tst_Theme : public StrictTest
 {
     Q_OBJECT
 
@@ -474,15 +439,6 @@ private Q_SLOTS:
         font.setPixelSize(12);
         QApplication::setFont(font);
     }
-    void init()
-    {
-        FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(NoWindowIsLeft());
-    }
-
     void EveryTextCanBeRead_data();
     void EveryTextCanBeRead();
     void DialogsOfTheHostStayReadable_data()
@@ -645,8 +601,8 @@ void tst_Theme::KeyboardFocusCanBeSeen()
     const InstalledSheet sheet(dayMode);
     ShownDialog shown(dayMode);
     QVERIFY(shown.isShown);
-    QWidget* search = shown.Button(QStringLiteral("Search"));
-    QWidget* reset = shown.Button(QStringLiteral("Reset"));
+    QWidget* search = Button(shown.dialog, QStringLiteral("Search"));
+    QWidget* reset = Button(shown.dialog, QStringLiteral("Reset"));
     int widgets = 0;
     for (QWidget* widget : shown.dialog.findChildren<QWidget*>()) {
         if (!widget->isVisible() || !widget->isEnabled() || widget->window() != &shown.dialog

@@ -1,10 +1,11 @@
-#include <data/Venue.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbDialog.h>
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Files.h>
+#include <tests/support/Records.h>
+#include <tests/support/StrictTest.h>
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -24,7 +25,6 @@
 #include <QStyleOptionComboBox>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTextEdit>
 #include <QTranslator>
 #include <QXmlStreamReader>
@@ -33,8 +33,8 @@
 #include <memory>
 
 using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Test::ConnectorStub;
 
 namespace {
 
@@ -55,15 +55,9 @@ QString TsPath(const QString& language)
     return QStringLiteral(VDB_SOURCE_DIR "/translations/kvvenuedatabase_%1.ts").arg(language);
 }
 
-QByteArray FileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 QList<Text> TextsOf(const QString& language)
 {
-    QXmlStreamReader xml(FileBytes(TsPath(language)));
+    QXmlStreamReader xml(ContentOf(TsPath(language)));
     QList<Text> texts;
     QString context;
     Text text;
@@ -156,17 +150,8 @@ struct ShownDialog
 {
     ShownDialog()
     {
-        Venue venue;
-        venue.SetId(7);
-        venue.SetComplexName(QStringLiteral("Festspielhaus"));
-        venue.SetCountry(QStringLiteral("Germany"));
-        connector.venues = {venue};
-        connector.onGetFiles = [](qint64) {
-            QString name = QStringLiteral("stage.tessra");
-            TsFile file;
-            file.SetFileName(name);
-            return QList<TsFile>({file});
-        };
+        connector.venues = {MakeVenue(7, QStringLiteral("Festspielhaus"), QStringLiteral("Germany"))};
+        connector.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(QStringLiteral("stage.tessra"))}; };
         dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
         dialog.Open(nullptr);
         table = dialog.findChild<QTableView*>();
@@ -241,21 +226,11 @@ QStringList CutOffTexts(const ShownDialog& shown)
 } // namespace
 
 /// The module's translations: complete, loadable by a host, and never longer than their place.
-class tst_Translations : public QObject
+class tst_Translations : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void EveryTextIsTranslated_data()
     {
         AddLanguageRows();
@@ -297,18 +272,16 @@ private Q_SLOTS:
             {QStringLiteral("includePaths"), QJsonArray{QStringLiteral(VDB_SOURCE_DIR)}},
             {QStringLiteral("sources"), sources},
             {QStringLiteral("translations"), QJsonArray{copy}}};
-        QFile projectFile(folder.filePath(QStringLiteral("project.json")));
-        QVERIFY(projectFile.open(QIODevice::WriteOnly));
-        QVERIFY(projectFile.write(QJsonDocument(project).toJson()) > 0);
-        projectFile.close();
+        const QString projectFile = folder.filePath(QStringLiteral("project.json"));
+        WriteFile(projectFile, QJsonDocument(project).toJson());
 
         QProcess lupdate;
         lupdate.start(QStringLiteral(VDB_LUPDATE),
-                      {QStringLiteral("-project"), projectFile.fileName(), QStringLiteral("-no-obsolete"),
+                      {QStringLiteral("-project"), projectFile, QStringLiteral("-no-obsolete"),
                        QStringLiteral("-locations"), QStringLiteral("none")});
         QVERIFY(lupdate.waitForFinished());
         QCOMPARE(lupdate.exitCode(), 0);
-        QCOMPARE(FileBytes(copy), FileBytes(TsPath(language)));
+        QCOMPARE(ContentOf(copy), ContentOf(TsPath(language)));
     }
 
     void ContextsAreTheFullClassNames()
@@ -486,8 +459,7 @@ private Q_SLOTS:
     {
         const auto translator = LoadedTranslator(QLocale(QStringLiteral("de_AT")));
         QVERIFY(translator);
-        QCOMPARE(translator->translate("korvel::Ui::VenueDatabase::VenueDbDialogBase", "Help"),
-                 QStringLiteral("Hilfe"));
+        QCOMPARE(translator->translate("VenueDbDialogBase", "Help"), QStringLiteral("Hilfe"));
     }
 };
 

@@ -1,60 +1,33 @@
 #include <data/TsFile.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Files.h>
+#include <tests/support/FullDisk.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QScopeGuard>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <cstdlib>
 #include <memory>
 
-#ifdef Q_OS_UNIX
-#include <csignal>
-#include <sys/resource.h>
-#endif
-
 using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Test;
 using korvel::Data::VenueDatabase::TsFile;
 
 namespace {
 
-TsFile FilledFile(QString name = u"hall.tessra"_s, QByteArray data = "model")
+TsFile FilledFile(const QString& name = u"hall.tessra"_s, const QByteArray& data = "model")
 {
-    QString version = u"2.1"_s;
     QString uploadDate = u"2024-03-01"_s;
-    TsFile file;
-    file.SetId(7);
-    file.SetFileName(name);
-    file.SetFileData(data);
-    file.SetTsVersion(version);
+    TsFile file = MakeFile(name, u"2.1"_s, data);
     file.SetUploadDate(uploadDate);
     return file;
-}
-
-QByteArray Contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
-/// Everything below \p folder, hidden and special files too.
-QStringList Tree(const QString& folder)
-{
-    QStringList paths;
-    QDirIterator iterator(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                          QDirIterator::Subdirectories);
-    while (iterator.hasNext())
-        paths.append(iterator.next());
-    paths.sort();
-    return paths;
 }
 
 bool SeparatesAs(char separator)
@@ -97,26 +70,22 @@ int LeaveFileAndEnd(int argc, char* argv[], const QByteArray& way)
 
 } // namespace
 
-class tst_TsFile : public QObject
+class tst_TsFile : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        // The temporary folder lies two levels deep, so that what climbs out of it lands in a place we watch.
-        m_root = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_root->isValid());
-        m_tempFolder = QFileInfo(m_root->path()).canonicalFilePath() + u"/outer/tmp"_s;
-        QVERIFY(QDir().mkpath(m_tempFolder));
-        qputenv("TMPDIR", QFile::encodeName(m_tempFolder));
+        StrictTest::init();
+        m_folder = std::make_unique<TempFolder>();
+        m_tempFolder = m_folder->Path();
         QCOMPARE(QDir::tempPath(), m_tempFolder);
     }
     void cleanup()
     {
-        qunsetenv("TMPDIR");
-        m_root.reset();
+        m_folder.reset();
+        StrictTest::cleanup();
     }
 
     void DefaultFileIsEmpty()
@@ -143,17 +112,15 @@ private Q_SLOTS:
 
     void ColumnHoldsItsValue_data()
     {
-        QTest::addColumn<qint64>("index");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("label");
-        QTest::newRow("0: id") << 0LL << QVariant(qint64(7)) << u"ID"_s;
-        QTest::newRow("1: file name") << 1LL << QVariant(u"hall.tessra"_s) << u"FileName"_s;
-        QTest::newRow("2: file data") << 2LL << QVariant(QByteArray("model")) << u"FileData"_s;
-        QTest::newRow("3: version") << 3LL << QVariant(u"2.1"_s) << u"TSVersion"_s;
-        QTest::newRow("4: upload date as text") << 4LL << QVariant(u"2024-03-01"_s) << u"UploadDate"_s;
-        QTest::newRow("5: none") << 5LL << QVariant() << QString();
-        QTest::newRow("-1: none") << -1LL << QVariant() << QString();
-        QTest::newRow("no 32 bit number: none") << (1LL << 32) << QVariant() << QString();
+        const Rows<qint64, QVariant, QString> row("index", "value", "label");
+        row("0: id", 0, qint64(7), u"ID"_s);
+        row("1: file name", 1, u"hall.tessra"_s, u"FileName"_s);
+        row("2: file data", 2, QByteArray("model"), u"FileData"_s);
+        row("3: version", 3, u"2.1"_s, u"TSVersion"_s);
+        row("4: upload date as text", 4, u"2024-03-01"_s, u"UploadDate"_s);
+        row("5: none", 5, {}, {});
+        row("-1: none", -1, {}, {});
+        row("no 32 bit number: none", (1LL << 32), {}, {});
     }
     void ColumnHoldsItsValue()
     {
@@ -168,11 +135,11 @@ private Q_SLOTS:
 
     void CopyOfDataIsWritten_data()
     {
-        QTest::addColumn<QByteArray>("data");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("one byte") << QByteArray("x");
-        QTest::newRow("NUL and line ends") << QByteArray("a\0b\r\n\x1a\xff", 7);
-        QTest::newRow("larger than every buffer") << QByteArray(3'000'000, 'x');
+        const Rows<QByteArray> row("data");
+        row("empty", {});
+        row("one byte", "x");
+        row("NUL and line ends", QByteArray("a\0b\r\n\x1a\xff", 7));
+        row("larger than every buffer", QByteArray(3'000'000, 'x'));
     }
     void CopyOfDataIsWritten()
     {
@@ -180,65 +147,64 @@ private Q_SLOTS:
         TsFile file = FilledFile(u"hall.tessra"_s, data);
         QVERIFY(file.CopyToTempFolder());
         // Read while the record still holds the file open, as the host does.
-        QCOMPARE(Contents(file.GetTempPath()), data);
+        QCOMPARE(ContentOf(file.GetTempPath()), data);
     }
 
     void FileNameInTempFolder_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("accepted");
+        const Rows<QString, bool> row("name", "accepted");
         const bool backslashIsPlain = !SeparatesAs('\\');
 
-        QTest::newRow("ordinary") << u"hall.tessra"_s << true;
-        QTest::newRow("empty") << QString() << true;
-        QTest::newRow("no extension") << u"hall"_s << true;
-        QTest::newRow("hidden") << u".hall"_s << true;
-        QTest::newRow("three dots") << u"..."_s << true;
-        QTest::newRow("starts with two dots") << u"..hall"_s << true;
-        QTest::newRow("ends in a dot and a blank") << u"hall. "_s << true;
-        QTest::newRow("like an option") << u"-rf"_s << true;
-        QTest::newRow("placeholders") << u"%1 %n $HOME ~ *?"_s << true;
-        QTest::newRow("newline") << u"a\nb"_s << true;
-        QTest::newRow("markup") << u"<b>\"'&"_s << true;
-        QTest::newRow("not ASCII") << u"Gr\u00f6\u00dfer \u0416 \U0001F3AD.tessra"_s << true;
-        QTest::newRow("decomposed accent") << u"e\u0301"_s << true;
-        QTest::newRow("run of six X") << u"XXXXXX"_s << true;
-        QTest::newRow("run of six X inside") << u"hall-XXXXXX.tessra"_s << true;
-        QTest::newRow("run of twelve X") << u"aXXXXXXXXXXXXb"_s << true;
-        QTest::newRow("run of five X") << u"XXXXX"_s << true;
-        QTest::newRow("backslash") << u"a\\b"_s << backslashIsPlain;
-        QTest::newRow("climbs with backslashes") << u"..\\..\\x"_s << backslashIsPlain;
-        QTest::newRow("drive letter") << u"C:x"_s << backslashIsPlain;
-        QTest::newRow("resource path") << u":x"_s << backslashIsPlain;
-        QTest::newRow("as long as a name can be") << QString(255 - c_prefixLength, u'n') << true;
+        row("ordinary", u"hall.tessra"_s, true);
+        row("empty", {}, true);
+        row("no extension", u"hall"_s, true);
+        row("hidden", u".hall"_s, true);
+        row("three dots", u"..."_s, true);
+        row("starts with two dots", u"..hall"_s, true);
+        row("ends in a dot and a blank", u"hall. "_s, true);
+        row("like an option", u"-rf"_s, true);
+        row("placeholders", u"%1 %n $HOME ~ *?"_s, true);
+        row("newline", u"a\nb"_s, true);
+        row("markup", u"<b>\"'&"_s, true);
+        row("not ASCII", u"Gr\u00f6\u00dfer \u0416 \U0001F3AD.tessra"_s, true);
+        row("decomposed accent", u"e\u0301"_s, true);
+        row("run of six X", u"XXXXXX"_s, true);
+        row("run of six X inside", u"hall-XXXXXX.tessra"_s, true);
+        row("run of twelve X", u"aXXXXXXXXXXXXb"_s, true);
+        row("run of five X", u"XXXXX"_s, true);
+        row("backslash", u"a\\b"_s, backslashIsPlain);
+        row("climbs with backslashes", u"..\\..\\x"_s, backslashIsPlain);
+        row("drive letter", u"C:x"_s, backslashIsPlain);
+        row("resource path", u":x"_s, backslashIsPlain);
+        row("as long as a name can be", QString(255 - c_prefixLength, u'n'), true);
 
-        QTest::newRow("one byte too long") << QString(256 - c_prefixLength, u'n') << false;
-        QTest::newRow("300 characters") << QString(300, u'n') << false;
-        QTest::newRow("long only in bytes") << QString(150, QChar(0x416)) << false;
-        QTest::newRow("300 characters with six X") << (QString(300, u'n') + u"XXXXXX"_s) << false;
-        QTest::newRow("one dot") << u"."_s << false;
-        QTest::newRow("two dots") << u".."_s << false;
-        QTest::newRow("climbs") << u"../x"_s << false;
-        QTest::newRow("climbs through a folder") << u"x/../../y"_s << false;
-        QTest::newRow("climbs with six X") << u"x/../../XXXXXX"_s << false;
-        QTest::newRow("absolute") << u"/x"_s << false;
-        QTest::newRow("into a folder") << u"a/b"_s << false;
-        QTest::newRow("folder that exists") << u"/../tmp/x"_s << false;
-        QTest::newRow("ends in a slash") << u"hall/"_s << false;
-        QTest::newRow("NUL inside") << (u"a"_s + QChar(QChar::Null) + u"b"_s) << false;
-        QTest::newRow("NUL at the end") << (u"a"_s + QChar(QChar::Null)) << false;
+        row("one byte too long", QString(256 - c_prefixLength, u'n'), false);
+        row("300 characters", QString(300, u'n'), false);
+        row("long only in bytes", QString(150, QChar(0x416)), false);
+        row("300 characters with six X", (QString(300, u'n') + u"XXXXXX"_s), false);
+        row("one dot", u"."_s, false);
+        row("two dots", u".."_s, false);
+        row("climbs", u"../x"_s, false);
+        row("climbs through a folder", u"x/../../y"_s, false);
+        row("climbs with six X", u"x/../../XXXXXX"_s, false);
+        row("absolute", u"/x"_s, false);
+        row("into a folder", u"a/b"_s, false);
+        row("folder that exists", u"/../tmp/x"_s, false);
+        row("ends in a slash", u"hall/"_s, false);
+        row("NUL inside", (u"a"_s + QChar(QChar::Null) + u"b"_s), false);
+        row("NUL at the end", (u"a"_s + QChar(QChar::Null)), false);
     }
     void FileNameInTempFolder()
     {
         QFETCH(QString, name);
         QFETCH(bool, accepted);
-        const QStringList before = Tree(m_root->path());
+        const QStringList before = Tree(m_folder->Root());
         TsFile file = FilledFile(name);
         QCOMPARE(file.CopyToTempFolder(), accepted);
         QCOMPARE(file.GetFileName(), name);
         if (!accepted) {
             QCOMPARE(file.GetTempPath(), QString());
-            QCOMPARE(Tree(m_root->path()), before);
+            QCOMPARE(Tree(m_folder->Root()), before);
             return;
         }
         const QString path = file.GetTempPath();
@@ -248,9 +214,9 @@ private Q_SLOTS:
         QVERIFY2(fileName.contains(QRegularExpression(u"^tst_TsFile\\.[A-Za-z0-9]{6}-"_s)),
                  qPrintable(fileName));
         QVERIFY(fileName.endsWith(u"-"_s + name));
-        QCOMPARE(Contents(path), QByteArray("model"));
+        QCOMPARE(ContentOf(path), QByteArray("model"));
         // Nothing but that one file has come.
-        QStringList after = Tree(m_root->path());
+        QStringList after = Tree(m_folder->Root());
         QCOMPARE(after.removeAll(path), 1);
         QCOMPARE(after, before);
     }
@@ -262,9 +228,9 @@ private Q_SLOTS:
 
     void SecondCopyReplacesTheFirst_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("ordinary") << u"hall.tessra"_s;
-        QTest::newRow("six X") << u"XXXXXX"_s;
+        const Rows<QString> row("name");
+        row("ordinary", u"hall.tessra"_s);
+        row("six X", u"XXXXXX"_s);
     }
     void SecondCopyReplacesTheFirst()
     {
@@ -296,7 +262,7 @@ private Q_SLOTS:
         QVERIFY(file.CopyToTempFolder());
         QVERIFY(QFile::remove(file.GetTempPath()));
         QVERIFY(file.CopyToTempFolder());
-        QCOMPARE(Contents(file.GetTempPath()), QByteArray("model"));
+        QCOMPARE(ContentOf(file.GetTempPath()), QByteArray("model"));
     }
 
     void CopiesShareTheTemporaryFile()
@@ -362,77 +328,64 @@ private Q_SLOTS:
             QVERIFY(file.CopyToTempFolder());
             path = file.GetTempPath();
         }
-        QCOMPARE(Contents(path), QByteArray("model"));
+        QCOMPARE(ContentOf(path), QByteArray("model"));
     }
 
     void UnusableTempFolder_data()
     {
-        QTest::addColumn<QString>("folder");
-        QTest::newRow("missing") << u"missing"_s;
-        QTest::newRow("a file") << u"file"_s;
+        const Rows<QString> row("folder");
+        row("missing", u"missing"_s);
+        row("a file", u"file"_s);
         // Refuses new files to everybody, the administrator included.
-        QTest::newRow("read-only") << u"/proc/self"_s;
+        row("read-only", u"/proc/self"_s);
     }
     void UnusableTempFolder()
     {
         QFETCH(QString, folder);
-        QFile file(m_tempFolder + u"/file"_s);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-        const QStringList before = Tree(m_root->path());
+        WriteFile(m_folder->FilePath(u"file"_s));
+        const QStringList before = Tree(m_folder->Root());
         const QStringList rootBefore = QDir::root().entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
-        qputenv("TMPDIR", QFile::encodeName(QDir(m_tempFolder).absoluteFilePath(folder)));
+        m_folder->Pretend(folder);
 
         TsFile model = FilledFile();
         QVERIFY(!model.CopyToTempFolder());
         QCOMPARE(model.GetTempPath(), QString());
-        QCOMPARE(Tree(m_root->path()), before);
+        QCOMPARE(Tree(m_folder->Root()), before);
         QCOMPARE(QDir::root().entryList(QDir::AllEntries | QDir::Hidden | QDir::System), rootBefore);
 
         // The record is not spoiled: it works again with the folder.
-        qputenv("TMPDIR", QFile::encodeName(m_tempFolder));
+        m_folder->Pretend(m_tempFolder);
         QVERIFY(model.CopyToTempFolder());
-        QCOMPARE(Contents(model.GetTempPath()), QByteArray("model"));
+        QCOMPARE(ContentOf(model.GetTempPath()), QByteArray("model"));
     }
 
     void LinkedTempFolderIsFine()
     {
-        const QString link = m_root->path() + u"/link"_s;
+        const QString link = m_folder->Root() + u"/link"_s;
         QVERIFY(QFile::link(m_tempFolder, link));
-        qputenv("TMPDIR", QFile::encodeName(link));
+        m_folder->Pretend(link);
         TsFile file = FilledFile();
         QVERIFY(file.CopyToTempFolder());
         QCOMPARE(QFileInfo(file.GetTempPath()).canonicalPath(), m_tempFolder);
     }
 
 #ifdef Q_OS_UNIX
-    void FullDisk_data()
+    void CopyToAFullDisk_data()
     {
-        QTest::addColumn<qsizetype>("size");
-        QTest::addColumn<QString>("name");
+        const Rows<qsizetype, QString> row("size", "name");
         // Up to 16 KiB stay in a buffer until the flush; more is refused by the write itself.
-        QTest::newRow("noticed by the flush") << qsizetype(5'000) << u"hall.tessra"_s;
-        QTest::newRow("noticed by the write") << qsizetype(1'000'000) << u"hall.tessra"_s;
-        QTest::newRow("noticed by the flush, six X") << qsizetype(5'000) << u"XXXXXX"_s;
+        row("noticed by the flush", 5'000, u"hall.tessra"_s);
+        row("noticed by the write", 1'000'000, u"hall.tessra"_s);
+        row("noticed by the flush, six X", 5'000, u"XXXXXX"_s);
     }
-    void FullDisk()
+    void CopyToAFullDisk()
     {
         QFETCH(qsizetype, size);
         QFETCH(QString, name);
         TsFile file = FilledFile(name, QByteArray(size, 'x'));
         bool copied = true;
         {
-            // A limit on the size of files fails writes exactly where a full disk would, after some bytes.
-            const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-            rlimit oldLimit{};
-            QCOMPARE(getrlimit(RLIMIT_FSIZE, &oldLimit), 0);
-            const auto restore = qScopeGuard([&]() {
-                setrlimit(RLIMIT_FSIZE, &oldLimit);
-                std::signal(SIGXFSZ, oldHandler);
-            });
-            rlimit limit = oldLimit;
-            limit.rlim_cur = 1000;
-            QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+            const FullDisk fullDisk;
             copied = file.CopyToTempFolder();
         }
         QVERIFY(!copied);
@@ -444,11 +397,11 @@ private Q_SLOTS:
 
     void LeftOverIsRemovedWhenTheApplicationEnds_data()
     {
-        QTest::addColumn<QString>("way");
-        QTest::newRow("returns from main") << u"return"_s;
-        QTest::newRow("quits its event loop") << u"quit"_s;
-        QTest::newRow("calls exit") << u"exit"_s;
-        QTest::newRow("ends after its application object") << u"after the application"_s;
+        const Rows<QString> row("way");
+        row("returns from main", u"return"_s);
+        row("quits its event loop", u"quit"_s);
+        row("calls exit", u"exit"_s);
+        row("ends after its application object", u"after the application"_s);
     }
     void LeftOverIsRemovedWhenTheApplicationEnds()
     {
@@ -468,7 +421,7 @@ private:
     /// "tst_TsFile." + six random characters + "-"
     static constexpr qsizetype c_prefixLength = 18;
 
-    std::unique_ptr<QTemporaryDir> m_root;
+    std::unique_ptr<TempFolder> m_folder;
     QString m_tempFolder;
 };
 

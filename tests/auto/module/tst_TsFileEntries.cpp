@@ -1,43 +1,18 @@
-#include <data/ConnectorJsonRest.h>
-
+#include <tests/support/ConnectorTest.h>
 #include <tests/support/Fixture.h>
-#include <tests/support/MessageGuard.h>
-#include <tests/support/ScriptedServer.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
 
-#include <QElapsedTimer>
-#include <QJsonArray>
-#include <QNetworkReply>
-#include <QTest>
-#include <QTimer>
-
-#include <functional>
 #include <limits>
-#include <memory>
 
-using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Demo::Fault;
-using korvel::Demo::RequestLog;
-using korvel::Test::Fixture;
-using korvel::Test::FixtureObject;
-using korvel::Test::JsonObject;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
-
-using Script = std::function<void(ScriptedServer&)>;
-
-Q_DECLARE_METATYPE(Script)
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
-constexpr const char* c_jsonApi = "application/vnd.api+json";
 const QByteArray c_bytes("\0model\r\n\xff", 9);
-
-QJsonArray Included(const QByteArray& elements)
-{
-    return JsonObject(R"({"included": [)" + elements + "]}").value("included"_L1).toArray();
-}
 
 QByteArray ModelElement(const QByteArray& fileId, const QByteArray& name)
 {
@@ -50,54 +25,22 @@ QByteArray FileElement(const QByteArray& id)
     return R"({"type": "file", "id": ")" + id + R"(", "attributes": {"url": "/files/)" + id + R"("}})";
 }
 
-QStringList Names(const QList<TsFile>& files)
-{
-    QStringList names;
-    for (const TsFile& file : files)
-        names.append(file.GetFileName());
-    return names;
-}
-
 } // namespace
 
-class tst_TsFileEntries : public QObject
+class tst_TsFileEntries : public ConnectorTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_server = std::make_unique<ScriptedServer>();
-        m_host = m_server->Server().Host();
-    }
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
-        m_connector = std::make_unique<ConnectorJsonRest>(nullptr);
-    }
-    void cleanup()
-    {
-        m_connector.reset();
-        // Tests that expect messages take them.
-        QCOMPARE(m_messages->Take(), QStringList());
-        m_messages.reset();
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
-    }
-
     // The list query.
 
     void QueryOnTheWire_data()
     {
-        QTest::addColumn<qint64>("venueId");
-        QTest::newRow("ordinary") << 4711LL;
-        QTest::newRow("zero") << 0LL;
-        QTest::newRow("none") << -1LL;
-        QTest::newRow("64 bits") << std::numeric_limits<qint64>::max();
+        const Rows<qint64> row("venueId");
+        row("ordinary", 4711);
+        row("zero", 0);
+        row("none", -1);
+        row("64 bits", std::numeric_limits<qint64>::max());
     }
     void QueryOnTheWire()
     {
@@ -115,7 +58,7 @@ private Q_SLOTS:
         m_server->Answer(u"/files/stage.tessra"_s, "stage", "text/html");
         m_connector->SetServerAddress(u"https://second.example"_s);
         const QList<TsFile> files = m_connector->GetTSFileEntries(7);
-        QCOMPARE(Names(files), QStringList({u"stage.tessra"_s, u"hall.tessra"_s}));
+        QCOMPARE(NamesOf(files), QStringList({u"stage.tessra"_s, u"hall.tessra"_s}));
 
         const TsFile& hall = files.at(1);
         QCOMPARE(hall.GetId(), 7);
@@ -130,59 +73,28 @@ private Q_SLOTS:
                  QStringList({u"/files/stage.tessra"_s, u"/files/hall.tessra"_s}));
         for (const auto& request : m_server->Log().Requests())
             QCOMPARE(request.host, m_host);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(m_connector->findChildren<QNetworkReply*>().size(), 0);
+        QCOMPARE(ReplyCount(), 0);
     }
 
-    void FailedQueryIsEmptyAndLoggedOnce_data()
+    // What else can go wrong with the query stands in the matrix.
+    void OtherMediaTypeIsLoggedOnce()
     {
-        QTest::addColumn<Script>("script");
-        QTest::addColumn<QString>("message");
-        const QString path = u"/api/venue"_s;
-        const QByteArray reply = R"({"included": [{"type": "file"}]})";
-        const auto answer
-            = [path](const QByteArray& body, const QByteArray& type = c_jsonApi, int status = 200) {
-                  return Script([=](ScriptedServer& server) { server.Answer(path, body, type, status); });
-              };
-        const QString notJsonApi = u"HTTP status 200 - the reply is not JSON:API but .+"_s;
-        const QString notJson = u"HTTP status 200 - the reply is no JSON object"_s;
-        QTest::newRow("media type with a charset")
-            << answer(reply, "application/vnd.api+json; charset=utf-8") << notJsonApi;
-        QTest::newRow("plain JSON") << answer(reply, "application/json") << notJsonApi;
-        QTest::newRow("no media type") << Script([=](ScriptedServer& server) {
-            server.AddFault(Fault::On(path).WithBody(reply).WithoutMediaType());
-        }) << notJsonApi;
-        QTest::newRow("not JSON") << answer("<html>") << notJson;
-        QTest::newRow("empty body") << answer({}) << notJson;
-        QTest::newRow("not found with the right media type")
-            << answer(reply, c_jsonApi, 404) << u"HTTP status 404 - .+"_s;
-        QTest::newRow("server error in HTML")
-            << answer("<html>", "text/html", 500) << u"HTTP status 500 - .+"_s;
-        QTest::newRow("cut in the body") << Script([=](ScriptedServer& server) {
-            server.AddFault(Fault::On(path).WithBody(reply + QByteArray(20'000, ' ')).WithCutAfter(10'000));
-        }) << u"HTTP status 200 - .+"_s;
-        QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
-                                     << u"no HTTP status - .+"_s;
-    }
-    void FailedQueryIsEmptyAndLoggedOnce()
-    {
-        QFETCH(Script, script);
-        QFETCH(QString, message);
-        script(*m_server);
+        m_server->Answer(u"/api/venue"_s, R"({"included": [{"type": "file"}]})", "application/json");
         QCOMPARE(m_connector->GetTSFileEntries(7).size(), 0);
-        VdbMessages::Verify({u"Model file query failed: "_s + m_host + u"/api/venue - "_s + message});
-        QVERIFY(m_server->Log().RequestCount() <= 1);
+        VdbMessages::Verify(
+            {u"Model file query failed: "_s + m_host
+             + u"/api/venue - HTTP status 200 - the reply is not JSON:API but \"application/json\""_s});
+        QCOMPARE(m_server->Log().RequestCount(), 1);
     }
 
     void QueryWithoutFilesIsNoFailure_data()
     {
-        QTest::addColumn<QByteArray>("reply");
-        QTest::newRow("no included") << QByteArray(R"({"data": []})");
-        QTest::newRow("empty included") << QByteArray(R"({"included": []})");
-        QTest::newRow("only pictures")
-            << QByteArray(R"({"included": [{"type": "picture", "attributes": {"name": "x"}}]})");
-        QTest::newRow("included is an object") << QByteArray(R"({"included": {"type": "file"}})");
-        QTest::newRow("empty document") << QByteArray("{}");
+        const Rows<QByteArray> row("reply");
+        row("no included", R"({"data": []})");
+        row("empty included", R"({"included": []})");
+        row("only pictures", R"({"included": [{"type": "picture", "attributes": {"name": "x"}}]})");
+        row("included is an object", R"({"included": {"type": "file"}})");
+        row("empty document", "{}");
     }
     void QueryWithoutFilesIsNoFailure()
     {
@@ -237,7 +149,7 @@ private Q_SLOTS:
         QFETCH(QList<qint64>, ids);
         m_server->Answer(u"/files/"_s, "model", "application/octet-stream");
         const QList<TsFile> files = m_connector->ProcessTSFileEntriesReply(Included(elements), 7);
-        QCOMPARE(Names(files), names);
+        QCOMPARE(NamesOf(files), names);
         QList<qint64> foundIds;
         for (const TsFile& file : files) {
             foundIds.append(file.GetId());
@@ -275,19 +187,15 @@ private Q_SLOTS:
 
     void PathOfTheContents_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QByteArray>("target");
-        QTest::newRow("ordinary") << u"/files/hall.tessra"_s << QByteArray("/files/hall.tessra");
-        QTest::newRow("backslashes are removed")
-            << u"\\/files\\/ha\\\\ll.tessra"_s << QByteArray("/files/hall.tessra");
-        QTest::newRow("blank and accent")
-            << u"/files/gro\u00df a.tessra"_s << QByteArray("/files/gro%C3%9F%20a.tessra");
-        QTest::newRow("triplet") << u"/files/a%20b"_s << QByteArray("/files/a%20b");
-        QTest::newRow("question mark and hash belong to the path")
-            << u"/files/a?b#c"_s << QByteArray("/files/a%3Fb%23c");
+        const Rows<QString, QByteArray> row("path", "target");
+        row("ordinary", u"/files/hall.tessra"_s, "/files/hall.tessra");
+        row("backslashes are removed", u"\\/files\\/ha\\\\ll.tessra"_s, "/files/hall.tessra");
+        row("blank and accent", u"/files/gro\u00df a.tessra"_s, "/files/gro%C3%9F%20a.tessra");
+        row("triplet", u"/files/a%20b"_s, "/files/a%20b");
+        row("question mark and hash belong to the path", u"/files/a?b#c"_s, "/files/a%3Fb%23c");
         // Qt folds the slashes; what counts is that it remains a path.
-        QTest::newRow("host in the path") << u"//second.example/a"_s << QByteArray("/second.example/a");
-        QTest::newRow("empty") << QString() << QByteArray("/");
+        row("host in the path", u"//second.example/a"_s, "/second.example/a");
+        row("empty", {}, "/");
     }
     void PathOfTheContents()
     {
@@ -306,11 +214,11 @@ private Q_SLOTS:
 
     void PathWithoutSlashStaysOnTheFixedHost_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("relative") << u"files/a"_s;
-        QTest::newRow("whole URL") << u"https://second.example/a"_s;
-        QTest::newRow("file") << u"file:///etc/passwd"_s;
-        QTest::newRow("port and user") << u":8080@second.example/a"_s;
+        const Rows<QString> row("path");
+        row("relative", u"files/a"_s);
+        row("whole URL", u"https://second.example/a"_s);
+        row("file", u"file:///etc/passwd"_s);
+        row("port and user", u":8080@second.example/a"_s);
     }
     void PathWithoutSlashStaysOnTheFixedHost()
     {
@@ -324,44 +232,14 @@ private Q_SLOTS:
 
     // The contents.
 
-    void WhateverComesIsTheFile_data()
+    // What else can go wrong with the contents stands in the matrix.
+    void UnreachableFileIsEmpty()
     {
-        QTest::addColumn<Script>("script");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("message");
-        const QString path = u"/files/a"_s;
-        const auto answer = [path](const QByteArray& type, int status) {
-            return Script([=](ScriptedServer& server) { server.Answer(path, c_bytes, type, status); });
-        };
-        QTest::newRow("binary") << answer("application/octet-stream", 200) << c_bytes << QString();
-        QTest::newRow("HTML") << answer("text/html", 200) << c_bytes << QString();
-        QTest::newRow("no media type") << Script([=](ScriptedServer& server) {
-            server.AddFault(Fault::On(path).WithStatus(200).WithBody(c_bytes).WithoutMediaType());
-        }) << c_bytes << QString();
-        QTest::newRow("empty") << Script([=](ScriptedServer& server) {
-            server.Answer(path, {}, "text/plain");
-        }) << QByteArray() << QString();
-        QTest::newRow("not found") << answer("text/html", 404) << c_bytes << u"HTTP status 404 - .+"_s;
-        QTest::newRow("server error")
-            << answer("application/octet-stream", 500) << c_bytes << u"HTTP status 500 - .+"_s;
-        QTest::newRow("cut in the body") << Script([=](ScriptedServer& server) {
-            server.AddFault(Fault::On(path).WithStatus(200).WithBody(c_bytes).WithCutAfter(3));
-        }) << c_bytes.left(3) << u"HTTP status 200 - .+"_s;
-        QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
-                                     << QByteArray() << u"no HTTP status - .+"_s;
-    }
-    void WhateverComesIsTheFile()
-    {
-        QFETCH(Script, script);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, message);
-        script(*m_server);
-        QCOMPARE(m_connector->GetBinaryData(u"/files/a"_s), bytes);
-        VdbMessages::Verify(message.isEmpty() ? QStringList()
-                                              : QStringList{u"Model file download failed: "_s + m_host
-                                                            + u"/files/a - "_s + message});
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(m_connector->findChildren<QNetworkReply*>().size(), 0);
+        m_server->Server().Stop();
+        QCOMPARE(m_connector->GetBinaryData(u"/files/a"_s), QByteArray());
+        VdbMessages::Verify(
+            {u"Model file download failed: "_s + m_host + u"/files/a - no HTTP status - .+"_s});
+        QCOMPARE(ReplyCount(), 0);
     }
 
     void LargeFileArrivesWhole()
@@ -388,20 +266,16 @@ private Q_SLOTS:
 
     void ConnectorMayBeDeletedDuringTheWait_data()
     {
-        QTest::addColumn<QString>("withheld");
-        QTest::newRow("list query") << u"/api/venue"_s;
-        QTest::newRow("first file") << u"/files/stage.tessra"_s;
-        QTest::newRow("second file") << u"/files/hall.tessra"_s;
+        const Rows<QString> row("withheld");
+        row("list query", u"/api/venue"_s);
+        row("first file", u"/files/stage.tessra"_s);
+        row("second file", u"/files/hall.tessra"_s);
     }
     void ConnectorMayBeDeletedDuringTheWait()
     {
         QFETCH(QString, withheld);
         WithholdAndAnswerTheRest(withheld);
-        const QObject context;
-        connect(&m_server->Log(), &RequestLog::RequestReceived, &context, [this, withheld]() {
-            if (m_server->Log().RequestCount(withheld) > 0)
-                m_connector.reset();
-        });
+        OnRequest(withheld, [this]() { m_connector.reset(); });
         QCOMPARE(m_connector->GetTSFileEntries(7).size(), 0);
         QCOMPARE(m_connector, nullptr);
     }
@@ -414,21 +288,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, withheld);
         WithholdAndAnswerTheRest(withheld);
-        const QObject context;
-        connect(&m_server->Log(), &RequestLog::RequestReceived, &context, [this, withheld]() {
-            if (m_server->Log().RequestCount(withheld) > 0)
-                QCoreApplication::quit();
-        });
-        bool hasReturned = false;
-        QTimer::singleShot(0, &context, [&]() {
-            m_connector->GetTSFileEntries(7);
-            hasReturned = true;
-        });
-        QElapsedTimer timer;
-        timer.start();
-        QCoreApplication::exec();
-        QVERIFY(hasReturned);
-        QVERIFY(timer.elapsed() < 15'000);
+        QVERIFY(QuittingEnds(withheld, [this]() { m_connector->GetTSFileEntries(7); }));
     }
 
 private:
@@ -438,11 +298,6 @@ private:
         m_server->AnswerJsonApi(u"/api/venue"_s, Fixture(u"model-files.json"_s));
         m_server->Answer(u"/files/"_s, c_bytes, "application/octet-stream");
     }
-
-    QString m_host;
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
-    std::unique_ptr<ConnectorJsonRest> m_connector;
 };
 
 QTEST_GUILESS_MAIN(tst_TsFileEntries)

@@ -1,49 +1,35 @@
 #include <ui/TsFileOpener.h>
 #include <ui/VenueDbSignalHandler.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Files.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 using korvel::Data::VenueDatabase::TsFile;
-using korvel::Ui::VenueDatabase::TsFileOpener;
-using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
 
 namespace {
 
-TsFile CreateFile(QString name, QString version, QByteArray data = QByteArrayLiteral("model"))
-{
-    TsFile file;
-    file.SetId(7);
-    file.SetFileName(name);
-    file.SetTsVersion(version);
-    file.SetFileData(data);
-    return file;
-}
-
 QList<TsFile> ThreeFiles()
 {
-    return {CreateFile(QStringLiteral("end-stage.tessra"), QStringLiteral("4.1"), QByteArrayLiteral("one")),
-            CreateFile(QStringLiteral("arena.tessra"), QStringLiteral("4.2"), QByteArrayLiteral("two")),
-            CreateFile(QStringLiteral("zone.tessra"), QStringLiteral("5.0"), QByteArrayLiteral("three"))};
-}
-
-QString StyleOf(const QObject* object)
-{
-    return object->property("customStyle").toString();
+    return {MakeFile(u"end-stage.tessra"_s, u"4.1"_s, "one"), MakeFile(u"arena.tessra"_s, u"4.2"_s, "two"),
+            MakeFile(u"zone.tessra"_s, u"5.0"_s, "three")};
 }
 
 QComboBox* Combo(const QWidget& opener)
@@ -58,7 +44,7 @@ QPushButton* ImportButton(const QWidget& opener)
 
 QLabel* VersionLabel(const QWidget& opener)
 {
-    return opener.findChild<QLabel*>(QStringLiteral("tsFileVersionLabel"));
+    return opener.findChild<QLabel*>(u"tsFileVersionLabel"_s);
 }
 
 /// The row of the opener's layout.
@@ -67,32 +53,33 @@ QLayout* Row(const QWidget& opener)
     return opener.layout()->itemAt(0)->layout();
 }
 
-QByteArray ContentOf(const QString& path)
+/// An opener that has been given three files.
+struct FilledOpener : TsFileOpener
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+    FilledOpener()
+    {
+        Show(*this, ThreeFiles());
+    }
+
+    QSignalSpy requests{this, &TsFileOpener::ImportVenueFromTempFileRequest};
+};
 
 } // namespace
 
-class tst_TsFileOpener : public QObject
+class tst_TsFileOpener : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_folder->isValid());
-        m_systemFolder = qgetenv("TMPDIR");
-        qputenv("TMPDIR", QFile::encodeName(m_folder->path()));
+        StrictTest::init();
+        m_folder = std::make_unique<TempFolder>();
     }
     void cleanup()
     {
-        m_systemFolder.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_systemFolder);
         m_folder.reset();
-        QVERIFY(korvel::Test::NoWindowIsLeft());
+        StrictTest::cleanup();
     }
 
     void RowHoldsLabelComboAndButtonInThisOrder()
@@ -105,13 +92,13 @@ private Q_SLOTS:
         QCOMPARE(row->count(), 3);
         const auto* label = qobject_cast<QLabel*>(row->itemAt(0)->widget());
         QVERIFY(label);
-        QCOMPARE(label->text(), QStringLiteral("File selector: "));
+        QCOMPARE(label->text(), u"File selector: "_s);
         QCOMPARE(label->minimumWidth(), 140);
         QCOMPARE(label->maximumWidth(), 140);
         QCOMPARE(row->itemAt(1)->widget(), Combo(opener));
         QCOMPARE(Combo(opener)->minimumWidth(), 100);
         QCOMPARE(row->itemAt(2)->widget(), ImportButton(opener));
-        QCOMPARE(ImportButton(opener)->text(), QStringLiteral("Import to Tessra"));
+        QCOMPARE(ImportButton(opener)->text(), u"Import to Tessra"_s);
         QCOMPARE(ImportButton(opener)->minimumWidth(), 125);
         QCOMPARE(ImportButton(opener)->sizePolicy(), QSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum));
         for (int i = 0; i < row->count(); ++i)
@@ -130,17 +117,15 @@ private Q_SLOTS:
     void StyleClasses()
     {
         const TsFileOpener opener;
-        QCOMPARE(StyleOf(Row(opener)->itemAt(0)->widget()), QStringLiteral("labelKorvelLight"));
-        QCOMPARE(StyleOf(Combo(opener)), QStringLiteral("comboBoxKorvelDefault"));
-        QCOMPARE(StyleOf(ImportButton(opener)), QStringLiteral("buttonKorvelDefault"));
-        QCOMPARE(StyleOf(VersionLabel(opener)), QStringLiteral("labelKorvelLight"));
+        QCOMPARE(StyleOf(Row(opener)->itemAt(0)->widget()), u"labelKorvelLight"_s);
+        QCOMPARE(StyleOf(Combo(opener)), u"comboBoxKorvelDefault"_s);
+        QCOMPARE(StyleOf(ImportButton(opener)), u"buttonKorvelDefault"_s);
+        QCOMPARE(StyleOf(VersionLabel(opener)), u"labelKorvelLight"_s);
     }
 
     void VersionStandsInNoLayout()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
+        FilledOpener opener;
         opener.resize(500, 40);
         opener.show();
         QVERIFY(QTest::qWaitForWindowExposed(&opener));
@@ -153,96 +138,73 @@ private Q_SLOTS:
 
     void ListsFileNamesAndSelectsTheFirst()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
+        FilledOpener opener;
         QVERIFY(ImportButton(opener)->isEnabled());
-        QCOMPARE(Combo(opener)->count(), 3);
-        QCOMPARE(Combo(opener)->itemText(0), QStringLiteral("end-stage.tessra"));
-        QCOMPARE(Combo(opener)->itemText(1), QStringLiteral("arena.tessra"));
-        QCOMPARE(Combo(opener)->itemText(2), QStringLiteral("zone.tessra"));
+        QCOMPARE(ItemTexts(Combo(opener)), NamesOf(ThreeFiles()));
         for (int i = 0; i < 3; ++i) {
             QVERIFY(!Combo(opener)->itemData(i).isValid());
             QVERIFY(Combo(opener)->itemIcon(i).isNull());
         }
         QCOMPARE(Combo(opener)->currentIndex(), 0);
-        QCOMPARE(VersionLabel(opener)->text(), QStringLiteral("4.1"));
+        QCOMPARE(VersionLabel(opener)->text(), u"4.1"_s);
     }
 
     void ChosenFileShowsItsVersion()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
+        FilledOpener opener;
         Combo(opener)->setCurrentIndex(2);
-        QCOMPARE(VersionLabel(opener)->text(), QStringLiteral("5.0"));
+        QCOMPARE(VersionLabel(opener)->text(), u"5.0"_s);
         Combo(opener)->setCurrentIndex(1);
-        QCOMPARE(VersionLabel(opener)->text(), QStringLiteral("4.2"));
+        QCOMPARE(VersionLabel(opener)->text(), u"4.2"_s);
         Combo(opener)->setCurrentIndex(-1);
         QVERIFY(VersionLabel(opener)->text().isEmpty());
     }
 
     void ChoosingTheCurrentEntryAgainStartsAfresh()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
-        VersionLabel(opener)->setText(QStringLiteral("stale"));
+        FilledOpener opener;
+        VersionLabel(opener)->setText(u"stale"_s);
         Q_EMIT Combo(opener)->activated(0);
-        QCOMPARE(VersionLabel(opener)->text(), QStringLiteral("4.1"));
+        QCOMPARE(VersionLabel(opener)->text(), u"4.1"_s);
     }
 
     void VenueWithoutFilesEmptiesTheRow()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
-        QList<TsFile> none;
-        opener.UpdateUi(&none);
+        FilledOpener opener;
+        Show(opener, {});
         QVERIFY(!ImportButton(opener)->isEnabled());
         QCOMPARE(Combo(opener)->count(), 0);
         QVERIFY(VersionLabel(opener)->text().isEmpty());
 
-        QSignalSpy requests(&opener, &TsFileOpener::ImportVenueFromTempFileRequest);
         opener.OnTsFileButtonClicked();
-        QCOMPARE(requests.count(), 0);
+        QCOMPARE(opener.requests.count(), 0);
         QVERIFY(opener.isEnabled());
     }
 
     void NewListStartsAtItsFirstFile()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
+        FilledOpener opener;
         Combo(opener)->setCurrentIndex(2);
-        QList<TsFile> other = {CreateFile(QStringLiteral("other.tessra"), QStringLiteral("6"))};
-        opener.UpdateUi(&other);
+        Show(opener, {MakeFile(u"other.tessra"_s, u"6"_s)});
         QCOMPARE(Combo(opener)->count(), 1);
-        QCOMPARE(VersionLabel(opener)->text(), QStringLiteral("6"));
-        QSignalSpy requests(&opener, &TsFileOpener::ImportVenueFromTempFileRequest);
+        QCOMPARE(VersionLabel(opener)->text(), u"6"_s);
         QTest::mouseClick(ImportButton(opener), Qt::LeftButton);
-        QVERIFY(requests.value(0).value(0).toString().endsWith(QStringLiteral("-other.tessra")));
+        QVERIFY(opener.requests.value(0).value(0).toString().endsWith(u"-other.tessra"_s));
     }
 
     void KeepsACopyOfTheList()
     {
-        TsFileOpener opener;
-        {
-            QList<TsFile> files = ThreeFiles();
-            opener.UpdateUi(&files);
-            files.clear();
-        }
+        // The list that it was given is gone.
+        FilledOpener opener;
         Combo(opener)->setCurrentIndex(1);
-        QCOMPARE(VersionLabel(opener)->text(), QStringLiteral("4.2"));
+        QCOMPARE(VersionLabel(opener)->text(), u"4.2"_s);
     }
 
     void ImportWritesTheChosenFileAndAsksTheHost_data()
     {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QString>("ending");
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("preselected") << 0 << QStringLiteral("-end-stage.tessra") << QByteArrayLiteral("one");
-        QTest::newRow("last") << 2 << QStringLiteral("-zone.tessra") << QByteArrayLiteral("three");
+        const Rows<int, QString, QByteArray> row("index", "ending", "content");
+        row("preselected", 0, u"-end-stage.tessra"_s, "one");
+        row("last", 2, u"-zone.tessra"_s, "three");
     }
     void ImportWritesTheChosenFileAndAsksTheHost()
     {
@@ -268,7 +230,7 @@ private Q_SLOTS:
         const QString path = hub.first().first().toString();
         QCOMPARE(own.first().first().toString(), path);
         QVERIFY2(path.endsWith(ending), qPrintable(path));
-        QCOMPARE(QFileInfo(path).dir(), QDir(m_folder->path()));
+        QCOMPARE(QFileInfo(path).dir(), QDir(m_folder->Path()));
         QCOMPARE(ContentOf(path), content);
         // What was handed in stays as it is: the opener works on its own copy.
         QVERIFY(std::all_of(files.cbegin(), files.cend(),
@@ -277,14 +239,12 @@ private Q_SLOTS:
 
     void HostsAnswerSetsTheEnabledState()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
+        FilledOpener opener;
         QTest::mouseClick(ImportButton(opener), Qt::LeftButton);
         QVERIFY(!opener.isEnabled());
         Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(false);
         QVERIFY(!opener.isEnabled());
-        opener.UpdateUi(&files);
+        Show(opener, ThreeFiles());
         QVERIFY2(!opener.isEnabled(), "another venue does not answer for the host");
         Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(true);
         QVERIFY(opener.isEnabled());
@@ -293,55 +253,46 @@ private Q_SLOTS:
 
     void SecondImportReplacesTheFileOfTheSameSelection()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
-        QSignalSpy requests(&opener, &TsFileOpener::ImportVenueFromTempFileRequest);
+        FilledOpener opener;
         opener.OnTsFileButtonClicked();
         opener.OnTsFileButtonClicked();
-        QCOMPARE(requests.count(), 2);
-        QVERIFY(!QFileInfo::exists(requests.at(0).first().toString()));
-        QVERIFY(QFileInfo::exists(requests.at(1).first().toString()));
+        QCOMPARE(opener.requests.count(), 2);
+        QVERIFY(!QFileInfo::exists(opener.requests.at(0).first().toString()));
+        QVERIFY(QFileInfo::exists(opener.requests.at(1).first().toString()));
     }
 
     void AnotherSelectionLeavesTheFirstFileToTheHost()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
-        QSignalSpy requests(&opener, &TsFileOpener::ImportVenueFromTempFileRequest);
+        FilledOpener opener;
         opener.OnTsFileButtonClicked();
         Combo(opener)->setCurrentIndex(1);
         opener.OnTsFileButtonClicked();
-        QCOMPARE(requests.count(), 2);
-        QCOMPARE(ContentOf(requests.at(0).first().toString()), QByteArrayLiteral("one"));
-        QCOMPARE(ContentOf(requests.at(1).first().toString()), QByteArrayLiteral("two"));
+        QCOMPARE(opener.requests.count(), 2);
+        QCOMPARE(ContentOf(opener.requests.at(0).first().toString()), "one");
+        QCOMPARE(ContentOf(opener.requests.at(1).first().toString()), "two");
     }
 
     void FileThatCannotBeWrittenIsOnlyLogged_data()
     {
-        QTest::addColumn<QString>("fileName");
-        QTest::addColumn<bool>("folderExists");
-        QTest::newRow("no temporary folder") << QStringLiteral("hall.tessra") << false;
-        QTest::newRow("name leads elsewhere") << QStringLiteral("x/../../hall.tessra") << true;
-        QTest::newRow("name too long") << QString(300, QLatin1Char('a')) << true;
+        const Rows<QString, bool> row("fileName", "folderExists");
+        row("no temporary folder", u"hall.tessra"_s, false);
+        row("name leads elsewhere", u"x/../../hall.tessra"_s, true);
+        row("name too long", QString(300, u'a'), true);
     }
     void FileThatCannotBeWrittenIsOnlyLogged()
     {
         QFETCH(QString, fileName);
         QFETCH(bool, folderExists);
         if (!folderExists)
-            qputenv("TMPDIR", QFile::encodeName(m_folder->filePath(QStringLiteral("missing"))));
-        TsFileOpener opener;
-        QList<TsFile> files = {CreateFile(fileName, QStringLiteral("1"))};
-        opener.UpdateUi(&files);
-        QSignalSpy requests(&opener, &TsFileOpener::ImportVenueFromTempFileRequest);
+            m_folder->Pretend(u"missing"_s);
+        FilledOpener opener;
+        Show(opener, {MakeFile(fileName)});
         QTest::ignoreMessage(QtCriticalMsg, "An error occurred while writing TSFile to disk.");
         QTest::mouseClick(ImportButton(opener), Qt::LeftButton);
-        QCOMPARE(requests.count(), 0);
+        QCOMPARE(opener.requests.count(), 0);
         QVERIFY(opener.isEnabled());
         QVERIFY(ImportButton(opener)->isEnabled());
-        QVERIFY(QDir(m_folder->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+        QCOMPARE(Tree(m_folder->Path()), QStringList());
     }
 
     void FailureGoesToTheModulesCategory()
@@ -350,50 +301,44 @@ private Q_SLOTS:
         category.clear();
         static QtMessageHandler previous = nullptr;
         TsFileOpener opener;
-        QList<TsFile> files = {CreateFile(QStringLiteral(".."), QStringLiteral("1"))};
-        opener.UpdateUi(&files);
+        Show(opener, {MakeFile(u".."_s)});
         previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext& context, const QString&) {
             category = QString::fromLatin1(context.category);
         });
         opener.OnTsFileButtonClicked();
         qInstallMessageHandler(previous);
-        QCOMPARE(category, QStringLiteral("vdb"));
+        QCOMPARE(category, u"vdb"_s);
     }
 
     void ResetEmptiesTheRowButKeepsTheSelection()
     {
-        TsFileOpener opener;
-        QList<TsFile> files = ThreeFiles();
-        opener.UpdateUi(&files);
+        FilledOpener opener;
         Combo(opener)->setCurrentIndex(2);
         opener.ResetUi();
         QVERIFY(!ImportButton(opener)->isEnabled());
         QCOMPARE(Combo(opener)->count(), 0);
         QVERIFY(VersionLabel(opener)->text().isEmpty());
 
-        QSignalSpy requests(&opener, &TsFileOpener::ImportVenueFromTempFileRequest);
         QTest::mouseClick(ImportButton(opener), Qt::LeftButton);
-        QCOMPARE(requests.count(), 0);
+        QCOMPARE(opener.requests.count(), 0);
         opener.OnTsFileButtonClicked();
-        QCOMPARE(requests.count(), 1);
-        QVERIFY(requests.first().first().toString().endsWith(QStringLiteral("-zone.tessra")));
+        QCOMPARE(opener.requests.count(), 1);
+        QVERIFY(opener.requests.first().first().toString().endsWith(u"-zone.tessra"_s));
 
         opener.setEnabled(true);
-        opener.UpdateUi(&files);
+        Show(opener, ThreeFiles());
         QVERIFY(ImportButton(opener)->isEnabled());
     }
 
     void HostileTextsAreShownLiterallyAndWidenNothing()
     {
-        const QString markup = QStringLiteral("<h1>5.0</h1><img src=\"/etc/x.png\" width=30000>");
-        const QString name = QString(4000, QLatin1Char('W'));
+        const QString markup = u"<h1>5.0</h1><img src=\"/etc/x.png\" width=30000>"_s;
+        const QString name = QString(4000, u'W');
         TsFileOpener opener;
-        QList<TsFile> few = {CreateFile(QStringLiteral("a"), QStringLiteral("1"))};
-        opener.UpdateUi(&few);
+        Show(opener, {MakeFile(u"a"_s, u"1"_s)});
         const int width = opener.minimumSizeHint().width();
         opener.ResetUi();
-        QList<TsFile> files = {CreateFile(name, markup), CreateFile(markup, name)};
-        opener.UpdateUi(&files);
+        Show(opener, {MakeFile(name, markup), MakeFile(markup, name)});
         QCOMPARE(VersionLabel(opener)->text(), markup);
         QCOMPARE(VersionLabel(opener)->textFormat(), Qt::PlainText);
         QCOMPARE(Combo(opener)->itemText(1), markup);
@@ -407,8 +352,7 @@ private Q_SLOTS:
     {
         auto* opener = new TsFileOpener;
         const QPointer<TsFileOpener> guard(opener);
-        QList<TsFile> files = ThreeFiles();
-        opener->UpdateUi(&files);
+        Show(*opener, ThreeFiles());
         const QObject host;
         connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::ImportVenueFromTempFileRequest,
                 &host, [opener] { delete opener; });
@@ -419,15 +363,13 @@ private Q_SLOTS:
     void StyleSheetBackgroundIsPainted()
     {
         TsFileOpener opener;
-        opener.setStyleSheet(
-            QStringLiteral("korvel--Ui--VenueDatabase--TsFileOpener { background: #ff0000; }"));
+        opener.setStyleSheet(u"korvel--Ui--VenueDatabase--TsFileOpener { background: #ff0000; }"_s);
         opener.resize(500, 60);
         QCOMPARE(opener.grab().toImage().pixelColor(3, 58), QColor(Qt::red));
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QByteArray m_systemFolder;
+    std::unique_ptr<TempFolder> m_folder;
 };
 
 QTEST_MAIN(tst_TsFileOpener)

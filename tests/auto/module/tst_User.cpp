@@ -1,10 +1,10 @@
 #include <data/User.h>
 
-#include <tests/support/MessageGuard.h>
-
-#include <QTest>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Test;
 using korvel::Data::VenueDatabase::User;
 
 namespace {
@@ -15,16 +15,11 @@ using TextGetter = QString (User::*)() const;
 
 Q_DECLARE_METATYPE(TextGetter)
 
-class tst_User : public QObject
+class tst_User : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void DefaultUserIsEmpty()
     {
         const User user;
@@ -36,10 +31,9 @@ private Q_SLOTS:
 
     void TextIsKept_data()
     {
-        QTest::addColumn<TextGetter>("getter");
-        QTest::addColumn<QString>("text");
+        const Rows<TextGetter, QString> row("getter", "text");
         for (const TextField& field : c_textFields)
-            QTest::newRow(field.text) << field.getter << QString::fromLatin1(field.text);
+            row(field.text, field.getter, QString::fromLatin1(field.text));
     }
     void TextIsKept()
     {

@@ -1,9 +1,9 @@
 #include <data/ConnectorJsonRest.h>
 
-#include <server/VenueServer.h>
-#include <server/catalogue/CatalogueGenerator.h>
-
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Files.h>
+#include <tests/support/GeneratedServer.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QDateTime>
 #include <QFile>
@@ -13,18 +13,13 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <functional>
 #include <memory>
 
 using namespace Qt::Literals::StringLiterals;
-using korvel::Demo::CatalogueGenerator;
-using korvel::Demo::CertificateKind;
-using korvel::Demo::Fault;
-using korvel::Demo::NetworkFault;
-using korvel::Demo::VenueCatalogue;
-using korvel::Demo::VenueServer;
+using namespace korvel::Demo;
+using namespace korvel::Test;
 
 using Script = std::function<void(VenueServer&)>;
 
@@ -36,13 +31,6 @@ constexpr int c_wrongUsage = 64;
 constexpr int c_patience = 60000;
 const QByteArray c_jsonApi = "application/vnd.api+json";
 const QByteArray c_picture = "\x89PNG small fixed bytes";
-
-VenueServer::Options ServerOptions()
-{
-    VenueServer::Options options;
-    options.pictureSource = [](const auto&, const auto&, QSize) { return c_picture; };
-    return options;
-}
 
 /// What one run of the program left behind.
 struct Run
@@ -81,7 +69,7 @@ struct Run
 } // namespace
 
 /// The program itself, run against a local server that is well or ill.
-class tst_VdbProbe : public QObject
+class tst_VdbProbe : public StrictTest
 {
     Q_OBJECT
 
@@ -95,19 +83,15 @@ private Q_SLOTS:
 
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_server = std::make_unique<VenueServer>(ServerOptions());
-        m_server->SetCatalogue(
-            CatalogueGenerator({.venueCount = 3, .picturesPerVenue = 2, .modelFilesPerVenue = 1})
-                .Catalogue());
-        QVERIFY2(m_server->Start(), qPrintable(m_server->ErrorText()));
-        QFile ca(CaFile());
-        QVERIFY(ca.open(QIODevice::WriteOnly));
-        ca.write(m_server->CaPem());
+        StrictTest::init();
+        m_server
+            = GeneratedServer({.venueCount = 3, .picturesPerVenue = 2, .modelFilesPerVenue = 1}, c_picture);
+        WriteFile(CaFile(), m_server->CaPem());
     }
     void cleanup()
     {
         m_server.reset();
+        StrictTest::cleanup();
     }
 
     // All is well.
@@ -430,9 +414,9 @@ private Q_SLOTS:
 
     void SecretsStayOut_data()
     {
-        QTest::addColumn<int>("status");
-        QTest::newRow("all well") << 200;
-        QTest::newRow("picture missing") << 404;
+        const Rows<int> row("status");
+        row("all well", 200);
+        row("picture missing", 404);
     }
     void SecretsStayOut()
     {
@@ -458,20 +442,19 @@ private Q_SLOTS:
 
     void WrongUsage_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("unknown option") << QStringList{u"--prox"_s};
-        QTest::newRow("argument without option") << QStringList{u"venues.korvel.example"_s};
-        QTest::newRow("host with a path") << QStringList{u"--host"_s, u"host/path"_s};
-        QTest::newRow("empty host") << QStringList{u"--host"_s, QString()};
-        QTest::newRow("port that is none") << QStringList{u"--host"_s, u"host:70000"_s};
-        QTest::newRow("proxy without port") << QStringList{u"--proxy"_s, u"127.0.0.1"_s};
-        QTest::newRow("proxy with a path") << QStringList{u"--proxy"_s, u"127.0.0.1:1/x"_s};
-        QTest::newRow("missing authority") << QStringList{u"--ca"_s, u"/no/such/file"_s};
-        QTest::newRow("authority that is none")
-            << QStringList{u"--ca"_s, QStringLiteral(VDB_SOURCE_DIR) + u"/CMakeLists.txt"_s};
-        QTest::newRow("time-out of 0") << QStringList{u"--timeout"_s, u"0"_s};
-        QTest::newRow("time-out in words") << QStringList{u"--timeout"_s, u"long"_s};
-        QTest::newRow("endless time-out") << QStringList{u"--timeout"_s, u"inf"_s};
+        const Rows<QStringList> row("arguments");
+        row("unknown option", {u"--prox"_s});
+        row("argument without option", {u"venues.korvel.example"_s});
+        row("host with a path", {u"--host"_s, u"host/path"_s});
+        row("empty host", {u"--host"_s, QString()});
+        row("port that is none", {u"--host"_s, u"host:70000"_s});
+        row("proxy without port", {u"--proxy"_s, u"127.0.0.1"_s});
+        row("proxy with a path", {u"--proxy"_s, u"127.0.0.1:1/x"_s});
+        row("missing authority", {u"--ca"_s, u"/no/such/file"_s});
+        row("authority that is none", {u"--ca"_s, QStringLiteral(VDB_SOURCE_DIR) + u"/CMakeLists.txt"_s});
+        row("time-out of 0", {u"--timeout"_s, u"0"_s});
+        row("time-out in words", {u"--timeout"_s, u"long"_s});
+        row("endless time-out", {u"--timeout"_s, u"inf"_s});
     }
     void WrongUsage()
     {

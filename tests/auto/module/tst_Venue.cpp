@@ -1,46 +1,22 @@
-#include <data/Venue.h>
-
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QCoreApplication>
 #include <QLocale>
-#include <QTest>
 #include <QTranslator>
 
 #include <algorithm>
 #include <limits>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Test;
 using korvel::Data::VenueDatabase::Venue;
 
 namespace {
 
 using TextGetter = QString (Venue::*)() const;
 using TextSetter = void (Venue::*)(const QString&);
-
-/// A venue whose every field has a value of its own.
-Venue FilledVenue()
-{
-    Venue venue;
-    venue.SetId(4711);
-    venue.SetComplexName(u"complex"_s);
-    venue.SetVenueRoomName(u"room"_s);
-    venue.SetGeneralComment(u"general"_s);
-    venue.SetStreetAddress(u"Main St 5"_s);
-    venue.SetPostalCode(u"10115"_s);
-    venue.SetCity(u"Berlin"_s);
-    venue.SetCountryCode(u"DE"_s);
-    venue.SetCountry(u"Germany"_s);
-    venue.SetLocationComment(u"location"_s);
-    venue.SetLoadDockStreetAddress(u"dock street"_s);
-    venue.SetLoadDockComment(u"dock comment"_s);
-    venue.SetClearingOfHouseGrid(u"12.5"_s);
-    venue.SetRiggingComment(u"rigging"_s);
-    venue.SetUploadDate(QDate(2023, 2, 1));
-    venue.SetEditor(42);
-    venue.SetEditDate(QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30)));
-    return venue;
-}
 
 /// Marks every text of the context "QObject", so that a test sees which texts were translated.
 class MarkingTranslator : public QTranslator
@@ -64,16 +40,11 @@ public:
 Q_DECLARE_METATYPE(TextGetter)
 Q_DECLARE_METATYPE(TextSetter)
 
-class tst_Venue : public QObject
+class tst_Venue : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void DefaultVenueIsEmpty()
     {
         const Venue venue;
@@ -194,37 +165,34 @@ private Q_SLOTS:
 
     void ColumnHoldsItsValue_data()
     {
-        QTest::addColumn<bool>("minimized");
-        QTest::addColumn<qint64>("index");
-        QTest::addColumn<QVariant>("value");
+        const Rows<bool, qint64, QVariant> row("minimized", "index", "value");
         const QVariant editDate = QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30));
 
-        QTest::newRow("minimised 0: id") << true << 0LL << QVariant(qint64(4711));
-        QTest::newRow("minimised 1: complex name") << true << 1LL << QVariant(u"complex"_s);
-        QTest::newRow("minimised 2: room name") << true << 2LL << QVariant(u"room"_s);
-        QTest::newRow("minimised 3: city") << true << 3LL << QVariant(u"Berlin"_s);
-        QTest::newRow("minimised 4: country name") << true << 4LL << QVariant(u"Germany"_s);
-        QTest::newRow("minimised 5: edit date") << true << 5LL << editDate;
-        QTest::newRow("minimised 6: none") << true << 6LL << QVariant();
-        QTest::newRow("minimised 9: none") << true << 9LL << QVariant();
-        QTest::newRow("minimised -1: none") << true << -1LL << QVariant();
-        QTest::newRow("minimised, no 32 bit number: none") << true << (1LL << 32) << QVariant();
+        row("minimised 0: id", true, 0, qint64(4711));
+        row("minimised 1: complex name", true, 1, u"complex"_s);
+        row("minimised 2: room name", true, 2, u"room"_s);
+        row("minimised 3: city", true, 3, u"Berlin"_s);
+        row("minimised 4: country name", true, 4, u"Germany"_s);
+        row("minimised 5: edit date", true, 5, editDate);
+        row("minimised 6: none", true, 6, {});
+        row("minimised 9: none", true, 9, {});
+        row("minimised -1: none", true, -1, {});
+        row("minimised, no 32 bit number: none", true, (1LL << 32), {});
 
-        QTest::newRow("full 0: id") << false << 0LL << QVariant(qint64(4711));
-        QTest::newRow("full 1: complex name") << false << 1LL << QVariant(u"complex"_s);
-        QTest::newRow("full 2: room name") << false << 2LL << QVariant(u"room"_s);
-        QTest::newRow("full 3: general comment") << false << 3LL << QVariant(u"general"_s);
-        QTest::newRow("full 4: address text")
-            << false << 4LL << QVariant(u"Main St 5<br/>10115 Berlin<br/>Germany"_s);
-        QTest::newRow("full 5: location comment") << false << 5LL << QVariant(u"location"_s);
-        QTest::newRow("full 6: dock street address") << false << 6LL << QVariant(u"dock street"_s);
-        QTest::newRow("full 7: dock comment") << false << 7LL << QVariant(u"dock comment"_s);
-        QTest::newRow("full 8: upload date") << false << 8LL << QVariant(QDate(2023, 2, 1));
-        QTest::newRow("full 9: edit date") << false << 9LL << editDate;
-        QTest::newRow("full 10: none") << false << 10LL << QVariant();
-        QTest::newRow("full 11: none") << false << 11LL << QVariant();
-        QTest::newRow("full -1: none") << false << -1LL << QVariant();
-        QTest::newRow("full, no 32 bit number: none") << false << (1LL << 32) << QVariant();
+        row("full 0: id", false, 0, qint64(4711));
+        row("full 1: complex name", false, 1, u"complex"_s);
+        row("full 2: room name", false, 2, u"room"_s);
+        row("full 3: general comment", false, 3, u"general"_s);
+        row("full 4: address text", false, 4, u"Main St 5<br/>10115 Berlin<br/>Germany"_s);
+        row("full 5: location comment", false, 5, u"location"_s);
+        row("full 6: dock street address", false, 6, u"dock street"_s);
+        row("full 7: dock comment", false, 7, u"dock comment"_s);
+        row("full 8: upload date", false, 8, QDate(2023, 2, 1));
+        row("full 9: edit date", false, 9, editDate);
+        row("full 10: none", false, 10, {});
+        row("full 11: none", false, 11, {});
+        row("full -1: none", false, -1, {});
+        row("full, no 32 bit number: none", false, (1LL << 32), {});
     }
     void ColumnHoldsItsValue()
     {
@@ -257,9 +225,7 @@ private Q_SLOTS:
 
     void LabelOfColumn_data()
     {
-        QTest::addColumn<bool>("minimized");
-        QTest::addColumn<qint64>("index");
-        QTest::addColumn<QString>("label");
+        const Rows<bool, qint64, QString> row("minimized", "index", "label");
         const QStringList minimizedLabels = {u"ID"_s,   u"Complex name"_s, u"Venue/room name"_s,
                                              u"City"_s, u"Country"_s,      u"Editing date (UTC)"_s};
         const QStringList fullLabels = {u"ID"_s,
@@ -280,8 +246,8 @@ private Q_SLOTS:
                 << true << qint64(index) << minimizedLabels.value(index);
             QTest::addRow("full %lld", qlonglong(index)) << false << qint64(index) << fullLabels.value(index);
         }
-        QTest::newRow("minimised, no 32 bit number") << true << (1LL << 32) << QString();
-        QTest::newRow("full, no 32 bit number") << false << (1LL << 32) << QString();
+        row("minimised, no 32 bit number", true, (1LL << 32), {});
+        row("full, no 32 bit number", false, (1LL << 32), {});
     }
     void LabelOfColumn()
     {
@@ -315,9 +281,9 @@ private Q_SLOTS:
 
     void CopyKeepsEverythingAndIsIndependent_data()
     {
-        QTest::addColumn<bool>("minimized");
-        QTest::newRow("minimised") << true;
-        QTest::newRow("full") << false;
+        const Rows<bool> row("minimized");
+        row("minimised", true);
+        row("full", false);
     }
     void CopyKeepsEverythingAndIsIndependent()
     {
@@ -368,10 +334,9 @@ private:
     };
     static void TextFields()
     {
-        QTest::addColumn<TextGetter>("getter");
-        QTest::addColumn<TextSetter>("setter");
+        const Rows<TextGetter, TextSetter> row("getter", "setter");
         for (const TextField& field : c_textFields)
-            QTest::newRow(field.name) << field.getter << field.setter;
+            row(field.name, field.getter, field.setter);
     }
 };
 

@@ -4,8 +4,11 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/ModalDriver.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QComboBox>
 #include <QDialog>
@@ -18,91 +21,59 @@
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QTableView>
-#include <QTest>
 #include <QTextEdit>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <memory>
 
+using namespace Qt::Literals::StringLiterals;
 using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Test::ConnectorStub;
-using korvel::Test::ModalDriver;
 
 namespace {
 
 using Filters = ConnectorStub::Filters;
 
-Venue MakeVenue(qint64 id, const QString& name, const QString& country)
-{
-    Venue venue;
-    venue.SetId(id);
-    venue.SetComplexName(name);
-    venue.SetCountry(country);
-    venue.SetRiggingComment(QStringLiteral("rigging of ") + name);
-    return venue;
-}
-
-QString StyleOf(const QObject* object)
-{
-    return object->property("customStyle").toString();
-}
-
 /// The panel in a dialog of its own with a status line, and what a user sees of it.
 struct Panel
 {
-    Panel()
+    explicit Panel(ConnectorStub* connector = nullptr)
     {
         auto* layout = new QVBoxLayout(&dialog);
         widget = new VenueDbCentralWidget(&dialog, &statusLabel);
         layout->addWidget(widget);
         table = widget->findChild<QTableView*>();
         details = widget->findChild<VenueDetailsWidget*>();
-        for (QLineEdit* lineEdit : widget->findChildren<QLineEdit*>()) {
-            if (!details->isAncestorOf(lineEdit))
-                fields.append(lineEdit);
-        }
-        for (QComboBox* comboBox : widget->findChildren<QComboBox*>()) {
-            if (!details->isAncestorOf(comboBox))
-                country = comboBox;
-        }
-        search = Button(QStringLiteral("Search"));
-        reset = Button(QStringLiteral("Reset"));
+        fields = widget->findChildren<QLineEdit*>();
+        fields.removeIf([this](const QLineEdit* field) { return details->isAncestorOf(field); });
+        auto comboBoxes = widget->findChildren<QComboBox*>();
+        comboBoxes.removeIf([this](const QComboBox* box) { return details->isAncestorOf(box); });
+        country = comboBoxes.first();
+        search = Button(*widget, u"Search"_s);
+        reset = Button(*widget, u"Reset"_s);
+        widget->SetConnector(connector);
     }
 
-    QPushButton* Button(const QString& text) const
+    void Show()
     {
-        for (QPushButton* button : widget->findChildren<QPushButton*>()) {
-            if (button->text() == text)
-                return button;
-        }
-        return nullptr;
-    }
-
-    QStringList Countries() const
-    {
-        QStringList countries;
-        for (int index = 0; index < country->count(); ++index)
-            countries.append(country->itemText(index));
-        return countries;
+        dialog.resize(1062, 768);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
     }
 
     QStringList ShownNames() const
     {
-        QStringList names;
-        for (int row = 0; table->model() && row < table->model()->rowCount(); ++row)
-            names.append(table->model()->index(row, 1).data().toString());
-        return names;
+        return ColumnTexts(table, 1);
     }
 
     QLabel* Label(const QString& text) const
     {
-        for (QLabel* label : widget->findChildren<QLabel*>()) {
-            if (label->text() == text && !details->isAncestorOf(label))
-                return label;
-        }
-        return nullptr;
+        auto labels = widget->findChildren<QLabel*>();
+        labels.removeIf(
+            [&](const QLabel* label) { return label->text() != text || details->isAncestorOf(label); });
+        return labels.value(0);
     }
 
     QLabel statusLabel;
@@ -116,16 +87,21 @@ struct Panel
     QPushButton* reset = nullptr;
 };
 
-/// Answers the error box with the button \p button as soon as it is open.
-std::unique_ptr<ModalDriver<QMessageBox>> AnswerErrorBox(QMessageBox::StandardButton button)
+/// The panel after its first search.
+struct FilledPanel : Panel
 {
-    return std::make_unique<ModalDriver<QMessageBox>>(
-        [button](QMessageBox* box) { QTest::mouseClick(box->button(button), Qt::LeftButton); });
-}
+    explicit FilledPanel(ConnectorStub* connector)
+        : Panel(connector)
+    {
+        widget->PerformQuery();
+        connector->searches.clear();
+        connector->calls.clear();
+    }
+};
 
 } // namespace
 
-class tst_VenueDbCentralWidget : public QObject
+class tst_VenueDbCentralWidget : public StrictTest
 {
     Q_OBJECT
 
@@ -135,33 +111,23 @@ private:
 private Q_SLOTS:
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_stub.onFindVenues = nullptr;
-        m_stub.onGetPictures = nullptr;
-        m_stub.onGetFiles = nullptr;
-        m_stub.searches.clear();
-        m_stub.calls.clear();
-        m_stub.venues = {MakeVenue(11, QStringLiteral("Alpha Hall"), QStringLiteral("Germany")),
-                         MakeVenue(12, QStringLiteral("Beta Arena"), QStringLiteral("austria")),
-                         MakeVenue(13, QStringLiteral("Gamma Theatre"), QStringLiteral("Germany"))};
+        StrictTest::init();
+        m_stub.Reset();
+        m_stub.venues
+            = {MakeVenue(11, u"Alpha Hall"_s, u"Germany"_s), MakeVenue(12, u"Beta Arena"_s, u"austria"_s),
+               MakeVenue(13, u"Gamma Theatre"_s, u"Germany"_s)};
     }
 
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
-    // --- construction
-    // ---------------------------------------------------------------------------------------
+    // Construction.
 
     void ConstructionBuildsEverythingAndAsksNobody()
     {
         const Panel panel;
         QCOMPARE(panel.fields.size(), 3);
         QCOMPARE(panel.country->count(), 246);
-        QCOMPARE(panel.country->itemText(0), QStringLiteral("--"));
-        QCOMPARE(panel.country->itemText(1), QStringLiteral("Afghanistan"));
-        QCOMPARE(panel.country->currentText(), QStringLiteral("--"));
+        QCOMPARE(panel.country->itemText(0), u"--"_s);
+        QCOMPARE(panel.country->itemText(1), u"Afghanistan"_s);
+        QCOMPARE(panel.country->currentText(), u"--"_s);
         QVERIFY(!panel.country->itemData(0).isValid());
         QVERIFY(panel.details->isHidden());
         QVERIFY(m_stub.calls.isEmpty());
@@ -176,30 +142,27 @@ private Q_SLOTS:
     void HintLabelExplainsTheSearch()
     {
         const Panel panel;
-        QLabel* hint = panel.Label(QStringLiteral(
-            "To conduct a targeted search, please enter search terms or single letters in the fields "
-            "below and click Search. To view the complete result list, click Reset."));
+        QLabel* hint = panel.Label(
+            u"To conduct a targeted search, please enter search terms or single letters in the fields "
+            "below and click Search. To view the complete result list, click Reset."_s);
         QVERIFY(hint);
         QCOMPARE(hint->margin(), 4);
-        QCOMPARE(StyleOf(hint), QStringLiteral("labelKorvelDefault"));
+        QCOMPARE(StyleOf(hint), u"labelKorvelDefault"_s);
     }
 
     void SearchRowLabels_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("indent");
-        QTest::addColumn<QString>("toolTip");
-        QTest::addColumn<int>("field");
-        const QString complexToolTip = QStringLiteral("Name of overall multi-venue building or campus "
-                                                      "(identical to Venue name if there is only one event "
-                                                      "venue in the building/on the campus).");
-        const QString roomToolTip = QStringLiteral("Name of the specific venue/room within the multi-venue "
-                                                   "building/campus (identical to Complex name if "
-                                                   "there is only one venue in the building).");
-        QTest::newRow("complex name") << QStringLiteral("Complex name:") << -1 << complexToolTip << 0;
-        QTest::newRow("venue/room name") << QStringLiteral("Venue/room name:") << 10 << roomToolTip << 1;
-        QTest::newRow("city") << QStringLiteral("City:") << 10 << QString() << 2;
-        QTest::newRow("country") << QStringLiteral("Country:") << 10 << QString() << -1;
+        const Rows<QString, int, QString, int> row("text", "indent", "toolTip", "field");
+        const QString complexToolTip = u"Name of overall multi-venue building or campus "
+                                       "(identical to Venue name if there is only one event "
+                                       "venue in the building/on the campus)."_s;
+        const QString roomToolTip = u"Name of the specific venue/room within the multi-venue "
+                                    "building/campus (identical to Complex name if "
+                                    "there is only one venue in the building)."_s;
+        row("complex name", u"Complex name:"_s, -1, complexToolTip, 0);
+        row("venue/room name", u"Venue/room name:"_s, 10, roomToolTip, 1);
+        row("city", u"City:"_s, 10, {}, 2);
+        row("country", u"Country:"_s, 10, {}, -1);
     }
     void SearchRowLabels()
     {
@@ -210,33 +173,32 @@ private Q_SLOTS:
         QVERIFY(label);
         QTEST(label->indent(), "indent");
         QTEST(label->toolTip(), "toolTip");
-        QCOMPARE(StyleOf(label), QStringLiteral("labelKorvelDefault"));
+        QCOMPARE(StyleOf(label), u"labelKorvelDefault"_s);
         if (field >= 0) {
             QTEST(panel.fields.at(field)->toolTip(), "toolTip");
-            QCOMPARE(StyleOf(panel.fields.at(field)), QStringLiteral("lineEditKorvelDefault"));
+            QCOMPARE(StyleOf(panel.fields.at(field)), u"lineEditKorvelDefault"_s);
         }
     }
 
     void SearchRowRunsFromLeftToRight()
     {
         Panel panel;
-        panel.dialog.resize(1062, 768);
-        panel.dialog.show();
-        const QList<QWidget*> row{panel.Label(QStringLiteral("Complex name:")),
+        panel.Show();
+        const QList<QWidget*> row{panel.Label(u"Complex name:"_s),
                                   panel.fields.at(0),
-                                  panel.Label(QStringLiteral("Venue/room name:")),
+                                  panel.Label(u"Venue/room name:"_s),
                                   panel.fields.at(1),
-                                  panel.Label(QStringLiteral("City:")),
+                                  panel.Label(u"City:"_s),
                                   panel.fields.at(2),
-                                  panel.Label(QStringLiteral("Country:")),
+                                  panel.Label(u"Country:"_s),
                                   panel.country,
                                   panel.search,
                                   panel.reset};
         for (qsizetype index = 1; index < row.size(); ++index)
             QVERIFY(row.at(index - 1)->geometry().right() < row.at(index)->geometry().left());
-        QCOMPARE(StyleOf(panel.country), QStringLiteral("comboBoxKorvelDefault"));
-        QCOMPARE(StyleOf(panel.search), QStringLiteral("buttonKorvelDefault"));
-        QCOMPARE(StyleOf(panel.reset), QStringLiteral("buttonKorvelDefault"));
+        QCOMPARE(StyleOf(panel.country), u"comboBoxKorvelDefault"_s);
+        QCOMPARE(StyleOf(panel.search), u"buttonKorvelDefault"_s);
+        QCOMPARE(StyleOf(panel.reset), u"buttonKorvelDefault"_s);
         QCOMPARE(panel.search->minimumWidth(), 90);
         QCOMPARE(panel.reset->minimumWidth(), 0);
     }
@@ -247,7 +209,7 @@ private Q_SLOTS:
         QVERIFY(!panel.table->showGrid());
         QCOMPARE(panel.table->frameShape(), QFrame::NoFrame);
         QCOMPARE(panel.table->frameShadow(), QFrame::Plain);
-        QCOMPARE(StyleOf(panel.table), QStringLiteral("tableViewKorvelAudioNetworkDevices"));
+        QCOMPARE(StyleOf(panel.table), u"tableViewKorvelAudioNetworkDevices"_s);
         QCOMPARE(panel.table->minimumHeight(), 45);
         QVERIFY(panel.table->verticalHeader()->isHidden());
         QVERIFY(panel.table->isSortingEnabled());
@@ -264,13 +226,13 @@ private Q_SLOTS:
         QVERIFY(splitter);
         QCOMPARE(splitter->orientation(), Qt::Vertical);
         QCOMPARE(splitter->contentsMargins(), QMargins());
-        QCOMPARE(StyleOf(splitter), QStringLiteral("splitterKorvelDefault"));
+        QCOMPARE(StyleOf(splitter), u"splitterKorvelDefault"_s);
         QCOMPARE(splitter->indexOf(panel.table), 0);
         QCOMPARE(splitter->indexOf(panel.details), 1);
         QCOMPARE(panel.widget->layout()->contentsMargins(), QMargins());
         QCOMPARE(panel.widget->layout()->spacing(), 0);
-        QCOMPARE(StyleOf(panel.widget->layout()), QStringLiteral("dialogKorvelDefault"));
-        QCOMPARE(StyleOf(panel.widget), QStringLiteral("widgetKorvelDefault"));
+        QCOMPARE(StyleOf(panel.widget->layout()), u"dialogKorvelDefault"_s);
+        QCOMPARE(StyleOf(panel.widget), u"widgetKorvelDefault"_s);
         auto* searchLayout = panel.widget->layout()->itemAt(0)->widget()->layout();
         QCOMPARE(searchLayout->contentsMargins(), QMargins(4, 4, 4, 4));
         auto* line = qobject_cast<QFrame*>(searchLayout->itemAt(2)->widget());
@@ -278,22 +240,19 @@ private Q_SLOTS:
         QCOMPARE(line->height(), 1);
         QCOMPARE(line->frameShape(), QFrame::HLine);
         QCOMPARE(line->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed));
-        QCOMPARE(StyleOf(line), QStringLiteral("lineKorvelDark"));
+        QCOMPARE(StyleOf(line), u"lineKorvelDark"_s);
     }
 
     void StyleSheetBackgroundIsPainted()
     {
         Panel panel;
-        panel.widget->setStyleSheet(
-            QStringLiteral("*[customStyle=\"widgetKorvelDefault\"] { background: #123456; }"));
-        panel.dialog.resize(1062, 768);
-        panel.dialog.show();
+        panel.widget->setStyleSheet(u"*[customStyle=\"widgetKorvelDefault\"] { background: #123456; }"_s);
+        panel.Show();
         const QPoint emptyCorner = panel.widget->findChild<QSplitter*>()->geometry().topLeft() - QPoint(0, 3);
         QCOMPARE(panel.widget->grab().toImage().pixelColor(emptyCorner), QColor(0x12, 0x34, 0x56));
     }
 
-    // --- connector
-    // ------------------------------------------------------------------------------------------
+    // Connector.
 
     void NullConnectorIsRefusedAndThePreviousOneStays()
     {
@@ -338,42 +297,30 @@ private Q_SLOTS:
         QVERIFY(panel.details->isEnabled());
     }
 
-    // --- search
-    // ---------------------------------------------------------------------------------------------
+    // Search.
 
     void FiltersFollowTheFields_data()
     {
-        QTest::addColumn<QStringList>("texts");
-        QTest::addColumn<QString>("country");
-        QTest::addColumn<Filters>("filters");
+        const Rows<QStringList, QString, Filters> row("texts", "country", "filters");
         const QStringList none{QString(), QString(), QString()};
-        QTest::newRow("nothing entered") << none << QStringLiteral("--") << Filters();
-        QTest::newRow("complex name")
-            << QStringList{QStringLiteral("Hall"), QString(), QString()} << QStringLiteral("--")
-            << Filters{{QStringLiteral("title"), QStringLiteral("Hall")}};
-        QTest::newRow("venue/room name")
-            << QStringList{QString(), QStringLiteral("Hall"), QString()} << QStringLiteral("--")
-            << Filters{{QStringLiteral("venue_room_name"), QStringLiteral("Hall")}};
-        QTest::newRow("blanks are sent as typed")
-            << QStringList{QString(), QString(), QStringLiteral("  ")} << QStringLiteral("--")
-            << Filters{{QStringLiteral("address.locality"), QStringLiteral("  ")}};
-        QTest::newRow("country as code")
-            << none << QStringLiteral("Germany")
-            << Filters{{QStringLiteral("address.country_code"), QStringLiteral("DE")}};
-        QTest::newRow("all in order")
-            << QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}
-            << QStringLiteral("Viet Nam")
-            << Filters{{QStringLiteral("title"), QStringLiteral("a")},
-                       {QStringLiteral("venue_room_name"), QStringLiteral("b")},
-                       {QStringLiteral("address.locality"), QStringLiteral("c")},
-                       {QStringLiteral("address.country_code"), QStringLiteral("VN")}};
+        row("nothing entered", none, u"--"_s, {});
+        row("complex name", {u"Hall"_s, QString(), QString()}, u"--"_s, {{u"title"_s, u"Hall"_s}});
+        row("venue/room name", {QString(), u"Hall"_s, QString()}, u"--"_s,
+            {{u"venue_room_name"_s, u"Hall"_s}});
+        row("blanks are sent as typed", {QString(), QString(), u"  "_s}, u"--"_s,
+            {{u"address.locality"_s, u"  "_s}});
+        row("country as code", none, u"Germany"_s, {{u"address.country_code"_s, u"DE"_s}});
+        row("all in order", {u"a"_s, u"b"_s, u"c"_s}, u"Viet Nam"_s,
+            {{u"title"_s, u"a"_s},
+             {u"venue_room_name"_s, u"b"_s},
+             {u"address.locality"_s, u"c"_s},
+             {u"address.country_code"_s, u"VN"_s}});
     }
     void FiltersFollowTheFields()
     {
         QFETCH(QStringList, texts);
         QFETCH(QString, country);
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         for (qsizetype index = 0; index < texts.size(); ++index)
             panel.fields.at(index)->setText(texts.at(index));
         panel.country->setCurrentText(country);
@@ -385,25 +332,20 @@ private Q_SLOTS:
 
     void UnknownCountryIsSentAsDash()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        m_stub.venues = {MakeVenue(1, QStringLiteral("A"), QStringLiteral("unknown"))};
+        const Panel panel(&m_stub);
+        m_stub.venues = {MakeVenue(1, u"A"_s, u"unknown"_s)};
         panel.widget->PerformQuery();
-        panel.country->setCurrentText(QStringLiteral("unknown"));
+        panel.country->setCurrentText(u"unknown"_s);
         m_stub.searches.clear();
         panel.widget->PerformQuery();
-        QCOMPARE(m_stub.searches.at(0),
-                 (Filters{{QStringLiteral("address.country_code"), QStringLiteral("-")}}));
+        QCOMPARE(m_stub.searches.at(0), (Filters{{u"address.country_code"_s, u"-"_s}}));
     }
 
     void ResultsAreShownInTheConnectorsOrder()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         panel.widget->PerformQuery();
-        QCOMPARE(panel.ShownNames(),
-                 (QStringList{QStringLiteral("Alpha Hall"), QStringLiteral("Beta Arena"),
-                              QStringLiteral("Gamma Theatre")}));
+        QCOMPARE(panel.ShownNames(), (QStringList{u"Alpha Hall"_s, u"Beta Arena"_s, u"Gamma Theatre"_s}));
         QVERIFY(panel.table->isColumnHidden(0));
         QVERIFY(panel.table->horizontalHeader()->stretchLastSection());
         QVERIFY(panel.details->isHidden());
@@ -411,14 +353,13 @@ private Q_SLOTS:
 
     void UserSeesThatTheSearchRuns()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         int searches = 0;
         m_stub.onFindVenues = [&](const Filters&, QList<Venue>&) {
             ++searches;
             [&]() {
                 QCOMPARE(panel.widget->cursor().shape(), Qt::WaitCursor);
-                QCOMPARE(panel.statusLabel.text(), QStringLiteral("Loading..."));
+                QCOMPARE(panel.statusLabel.text(), u"Loading..."_s);
                 QVERIFY(!panel.details->isEnabled());
             }();
             return Ok;
@@ -469,77 +410,67 @@ private Q_SLOTS:
 
     void CountriesAreReducedToThoseFound()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        m_stub.venues.append(MakeVenue(14, QStringLiteral("D"), QStringLiteral("Zambia")));
-        m_stub.venues.append(MakeVenue(15, QStringLiteral("E"), QString()));
-        m_stub.venues.append(MakeVenue(16, QStringLiteral("F"), QLatin1String("")));
+        const Panel panel(&m_stub);
+        m_stub.venues.append(MakeVenue(14, u"D"_s, u"Zambia"_s));
+        m_stub.venues.append(MakeVenue(15, u"E"_s, QString()));
+        m_stub.venues.append(MakeVenue(16, u"F"_s, ""_L1));
         QCOMPARE(panel.widget->UpdateCountryComboBox(), Ok);
         // A null country is left out, an empty one is not; upper and lower case sort alike.
-        QCOMPARE(panel.Countries(),
-                 (QStringList{QStringLiteral("--"), QLatin1String(""), QStringLiteral("austria"),
-                              QStringLiteral("Germany"), QStringLiteral("Zambia")}));
+        QCOMPARE(ItemTexts(panel.country),
+                 (QStringList{u"--"_s, ""_L1, u"austria"_s, u"Germany"_s, u"Zambia"_s}));
     }
 
     void CountriesThatBeginInTheSameMemoryAreDifferent()
     {
-        const QString longer = QStringLiteral("Guinea-Bissau");
+        const QString longer = u"Guinea-Bissau"_s;
         const QString shorter = QString::fromRawData(longer.constData(), 6);
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.venues = {MakeVenue(1, {}, shorter), MakeVenue(2, {}, longer), MakeVenue(3, {}, shorter)};
         panel.widget->UpdateCountryComboBox();
-        QCOMPARE(
-            panel.Countries(),
-            (QStringList{QStringLiteral("--"), QStringLiteral("Guinea"), QStringLiteral("Guinea-Bissau")}));
+        QCOMPARE(ItemTexts(panel.country), (QStringList{u"--"_s, u"Guinea"_s, u"Guinea-Bissau"_s}));
         m_stub.venues.clear();
     }
 
     void ManyCountriesAreListedOnceEach()
     {
         constexpr int c_count = 3000;
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.venues.clear();
-        QStringList expected{QStringLiteral("--")};
+        QStringList expected{u"--"_s};
         for (int round = 0; round < 2; ++round) {
             for (int i = 0; i < c_count; ++i) {
                 // The second time the same text lies elsewhere in memory.
-                const QString country = QStringLiteral("Country %1").arg(i, 4, 10, QLatin1Char('0'));
+                const QString country = u"Country %1"_s.arg(i, 4, 10, QChar(u'0'));
                 m_stub.venues.append(MakeVenue(i, {}, country));
                 if (round == 0)
                     expected.append(country);
             }
         }
         panel.widget->UpdateCountryComboBox();
-        QCOMPARE(panel.Countries(), expected);
+        QCOMPARE(ItemTexts(panel.country), expected);
     }
 
     void CountriesDifferingInCaseAreDifferent()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        m_stub.venues
-            = {MakeVenue(1, {}, QStringLiteral("Germany")), MakeVenue(2, {}, QStringLiteral("germany")),
-               MakeVenue(3, {}, QStringLiteral("Austria"))};
+        const Panel panel(&m_stub);
+        m_stub.venues = {MakeVenue(1, {}, u"Germany"_s), MakeVenue(2, {}, u"germany"_s),
+                         MakeVenue(3, {}, u"Austria"_s)};
         panel.widget->UpdateCountryComboBox();
         QCOMPARE(panel.country->count(), 4);
     }
 
     void ChosenCountryStaysWhileItOccurs_data()
     {
-        QTest::addColumn<QString>("country");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("still occurs") << QStringLiteral("Germany") << QStringLiteral("Germany");
-        QTest::newRow("occurs no longer") << QStringLiteral("France") << QStringLiteral("--");
-        QTest::newRow("occurs in another case") << QStringLiteral("Austria") << QStringLiteral("--");
-        QTest::newRow("none chosen") << QStringLiteral("--") << QStringLiteral("--");
+        const Rows<QString, QString> row("country", "after");
+        row("still occurs", u"Germany"_s, u"Germany"_s);
+        row("occurs no longer", u"France"_s, u"--"_s);
+        row("occurs in another case", u"Austria"_s, u"--"_s);
+        row("none chosen", u"--"_s, u"--"_s);
     }
     void ChosenCountryStaysWhileItOccurs()
     {
         QFETCH(QString, country);
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         panel.country->setCurrentText(country);
         panel.search->click();
         QTEST(panel.country->currentText(), "after");
@@ -547,58 +478,52 @@ private Q_SLOTS:
 
     void FailedRefreshLeavesOnlyWhatCameBack()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.onFindVenues = [](const Filters&, QList<Venue>& venues) {
-            venues = {MakeVenue(1, {}, QStringLiteral("Chad"))};
+            venues = {MakeVenue(1, {}, u"Chad"_s)};
             return Timeout;
         };
         QCOMPARE(panel.widget->UpdateCountryComboBox(), Timeout);
-        QCOMPARE(panel.Countries(), (QStringList{QStringLiteral("--"), QStringLiteral("Chad")}));
+        QCOMPARE(ItemTexts(panel.country), (QStringList{u"--"_s, u"Chad"_s}));
     }
 
     void ResetClearsTheFieldsAndListsEverything()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         for (QLineEdit* field : panel.fields)
-            field->setText(QStringLiteral("x"));
-        panel.country->setCurrentText(QStringLiteral("Germany"));
+            field->setText(u"x"_s);
+        panel.country->setCurrentText(u"Germany"_s);
         panel.reset->click();
         for (const QLineEdit* field : panel.fields)
             QCOMPARE(field->text(), QString());
-        QCOMPARE(panel.country->currentText(), QStringLiteral("--"));
+        QCOMPARE(panel.country->currentText(), u"--"_s);
         QCOMPARE(m_stub.searches, (QList<Filters>{Filters(), Filters()}));
     }
 
     void ResetOffersEveryCountryWhenTheServerIsAway()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
+        const FilledPanel panel(&m_stub);
         QCOMPARE(panel.country->count(), 3);
         m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        const auto driver = AnswerBox(QMessageBox::Close);
         panel.reset->click();
         QCOMPARE(panel.country->count(), 246);
     }
 
-    // --- failures
-    // -------------------------------------------------------------------------------------------
+    // Failures.
 
     void FailureShowsTheErrorBox_data()
     {
-        QTest::addColumn<QList<int>>("results");
-        QTest::newRow("search has the wrong type") << QList<int>{WrongContentType};
-        QTest::newRow("search times out") << QList<int>{Timeout};
-        QTest::newRow("refresh has the wrong type") << QList<int>{Ok, WrongContentType};
-        QTest::newRow("refresh times out") << QList<int>{Ok, Timeout};
+        const Rows<QList<int>> row("results");
+        row("search has the wrong type", {WrongContentType});
+        row("search times out", {Timeout});
+        row("refresh has the wrong type", {Ok, WrongContentType});
+        row("refresh times out", {Ok, Timeout});
     }
     void FailureShowsTheErrorBox()
     {
         QFETCH(QList<int>, results);
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.onFindVenues = [&results](const Filters&, QList<Venue>&) {
             return static_cast<ResultStatus>(results.takeFirst());
         };
@@ -608,7 +533,7 @@ private Q_SLOTS:
         bool isRetryDefault = false;
         bool isModal = false;
         QWidget* parent = nullptr;
-        const ModalDriver<QMessageBox> driver([&](QMessageBox* box) {
+        const BoxDriver driver([&](QMessageBox* box) {
             title = box->windowTitle();
             text = box->text();
             buttons = box->standardButtons();
@@ -620,9 +545,8 @@ private Q_SLOTS:
         const QSignalSpy closeRequests(panel.widget, &VenueDbCentralWidget::CloseWindowRequested);
         panel.widget->PerformQuery();
         QCOMPARE(driver.Count(), 1);
-        QCOMPARE(title, QStringLiteral("Error"));
-        QCOMPARE(text,
-                 QStringLiteral("Unable to connect to server. \nPlease check your internet connection."));
+        QCOMPARE(title, u"Error"_s);
+        QCOMPARE(text, u"Unable to connect to server. \nPlease check your internet connection."_s);
         QCOMPARE(buttons, QMessageBox::Retry | QMessageBox::Close);
         QVERIFY(isRetryDefault);
         QVERIFY(isModal);
@@ -633,10 +557,9 @@ private Q_SLOTS:
 
     void EscapeInTheErrorBoxGivesUp()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const ModalDriver<QMessageBox> driver([](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); });
+        const BoxDriver driver([](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); });
         const QSignalSpy closeRequests(panel.widget, &VenueDbCentralWidget::CloseWindowRequested);
         panel.widget->PerformQuery();
         QCOMPARE(closeRequests.count(), 1);
@@ -644,12 +567,10 @@ private Q_SLOTS:
 
     void GivingUpShowsWhatCameBack()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
+        const FilledPanel panel(&m_stub);
         QCOMPARE(panel.ShownNames().size(), 3);
         m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
         QVERIFY(panel.ShownNames().isEmpty());
         QCOMPARE(panel.table->model()->columnCount(), 6);
@@ -657,41 +578,38 @@ private Q_SLOTS:
 
     void RetryRepeatsTheSameFiltersUntilItWorks()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.fields.at(0)->setText(QStringLiteral("Hall"));
+        const Panel panel(&m_stub);
+        panel.fields.at(0)->setText(u"Hall"_s);
         int failures = 2;
         m_stub.onFindVenues = [&](const Filters&, QList<Venue>& venues) {
-            panel.fields.at(0)->setText(QStringLiteral("changed meanwhile"));
+            panel.fields.at(0)->setText(u"changed meanwhile"_s);
             if (failures-- > 0)
                 return Timeout;
             venues = m_stub.venues;
             return Ok;
         };
-        const auto first = AnswerErrorBox(QMessageBox::Retry);
-        std::unique_ptr<ModalDriver<QMessageBox>> second;
+        const auto first = AnswerBox(QMessageBox::Retry);
+        std::unique_ptr<BoxDriver> second;
         m_stub.onGetPictures = nullptr;
         QTimer startSecond;
         connect(&startSecond, &QTimer::timeout, &startSecond, [&]() {
             if (first->Count() == 1 && !second)
-                second = AnswerErrorBox(QMessageBox::Retry);
+                second = AnswerBox(QMessageBox::Retry);
         });
         startSecond.start(1);
         const QSignalSpy closeRequests(panel.widget, &VenueDbCentralWidget::CloseWindowRequested);
         panel.widget->PerformQuery();
-        const Filters hall{{QStringLiteral("title"), QStringLiteral("Hall")}};
+        const Filters hall{{u"title"_s, u"Hall"_s}};
         QCOMPARE(m_stub.searches, (QList<Filters>{hall, hall, hall, Filters()}));
         QCOMPARE(panel.ShownNames().size(), 3);
         QCOMPARE(closeRequests.count(), 0);
     }
 
-    // --- opening
-    // --------------------------------------------------------------------------------------------
+    // Opening.
 
     void OpeningSearchesOnceUntilASearchFailed()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         Q_EMIT panel.widget->WindowOpened();
         // Queued: nothing is asked before control has returned to the event loop.
         QVERIFY(m_stub.calls.isEmpty());
@@ -702,7 +620,7 @@ private Q_SLOTS:
         QCOMPARE(m_stub.calls.size(), 2);
 
         m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
         QCOMPARE(m_stub.calls.size(), 3);
 
@@ -712,40 +630,32 @@ private Q_SLOTS:
         QCOMPARE(panel.ShownNames().size(), 3);
     }
 
-    // --- details
-    // --------------------------------------------------------------------------------------------
+    // Details.
 
     void SelectedRowShowsItsDetails()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
-        m_stub.calls.clear();
+        m_stub.venues[2].SetRiggingComment(u"rigging of Gamma Theatre"_s);
+        const FilledPanel panel(&m_stub);
         m_stub.onGetPictures = [&](qint64) {
             [&]() {
-                QCOMPARE(panel.statusLabel.text(), QStringLiteral("Loading..."));
+                QCOMPARE(panel.statusLabel.text(), u"Loading..."_s);
                 QCOMPARE(panel.widget->cursor().shape(), Qt::WaitCursor);
                 QVERIFY(!panel.details->isEnabled());
             }();
             return QList<Picture>();
         };
-        m_stub.onGetFiles = [](qint64) {
-            TsFile file;
-            QString name = QStringLiteral("plan.tessra");
-            file.SetFileName(name);
-            return QList<TsFile>{file};
-        };
+        m_stub.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(u"plan.tessra"_s)}; };
         panel.details->SetCollapsed(true);
         panel.table->selectRow(2);
-        QCOMPARE(m_stub.calls, (QStringList{QStringLiteral("pictures 13"), QStringLiteral("files 13")}));
+        QCOMPARE(m_stub.calls, (QStringList{u"pictures 13"_s, u"files 13"_s}));
         QVERIFY(!panel.details->isHidden());
         // The full record, not only what the table shows.
         const auto texts = panel.details->findChildren<QTextEdit*>();
         QVERIFY(std::any_of(texts.cbegin(), texts.cend(), [](const QTextEdit* edit) {
-            return edit->toPlainText() == QStringLiteral("rigging of Gamma Theatre");
+            return edit->toPlainText() == u"rigging of Gamma Theatre"_s;
         }));
         QCOMPARE(panel.details->findChild<TsFileOpener*>()->findChild<QComboBox*>()->currentText(),
-                 QStringLiteral("plan.tessra"));
+                 u"plan.tessra"_s);
         // Expanded again.
         QCOMPARE(panel.details->maximumHeight(), 516);
         QCOMPARE(panel.statusLabel.text(), QString());
@@ -754,8 +664,7 @@ private Q_SLOTS:
 
     void SortedTableLoadsTheVenueOfTheRow()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.venues[0].SetEditDate(QDateTime(QDate(2020, 1, 1), QTime(0, 0)));
         m_stub.venues[1].SetEditDate(QDateTime(QDate(2022, 1, 1), QTime(0, 0)));
         m_stub.venues[2].SetEditDate(QDateTime(QDate(2024, 1, 1), QTime(0, 0)));
@@ -763,26 +672,23 @@ private Q_SLOTS:
         panel.table->sortByColumn(5, Qt::AscendingOrder);
         m_stub.calls.clear();
         panel.table->selectRow(0);
-        QCOMPARE(m_stub.calls.first(), QStringLiteral("pictures 13"));
+        QCOMPARE(m_stub.calls.first(), u"pictures 13"_s);
     }
 
     void SortSurvivesTheNextSearch()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.venues[1].SetEditDate(QDateTime(QDate(2022, 1, 1), QTime(0, 0)));
         panel.widget->PerformQuery();
         panel.table->sortByColumn(5, Qt::AscendingOrder);
-        QCOMPARE(panel.ShownNames().first(), QStringLiteral("Beta Arena"));
+        QCOMPARE(panel.ShownNames().first(), u"Beta Arena"_s);
         panel.widget->PerformQuery();
-        QCOMPARE(panel.ShownNames().first(), QStringLiteral("Beta Arena"));
+        QCOMPARE(panel.ShownNames().first(), u"Beta Arena"_s);
     }
 
     void ClearedSelectionHidesTheDetails()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
+        const FilledPanel panel(&m_stub);
         panel.table->selectRow(0);
         QVERIFY(!panel.details->isHidden());
         panel.table->clearSelection();
@@ -793,9 +699,7 @@ private Q_SLOTS:
 
     void NewSearchHidesTheDetails()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
+        const FilledPanel panel(&m_stub);
         panel.table->selectRow(0);
         panel.widget->PerformQuery();
         QVERIFY(panel.details->isHidden());
@@ -803,22 +707,19 @@ private Q_SLOTS:
 
     void EachSelectionLoadsOnceAlsoAfterSeveralSearches()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         for (int round = 0; round < 3; ++round)
             panel.widget->PerformQuery();
         m_stub.calls.clear();
         panel.table->selectRow(1);
-        QCOMPARE(m_stub.calls, (QStringList{QStringLiteral("pictures 12"), QStringLiteral("files 12")}));
+        QCOMPARE(m_stub.calls, (QStringList{u"pictures 12"_s, u"files 12"_s}));
     }
 
-    // --- things that happen during a wait
-    // -------------------------------------------------------------------
+    // Things that happen during a wait.
 
     void SearchDuringASearchReturnsAtOnce()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         int searches = 0;
         m_stub.onFindVenues = [&](const Filters&, QList<Venue>& venues) {
             if (++searches < 10)
@@ -833,10 +734,9 @@ private Q_SLOTS:
 
     void SearchWhileTheErrorBoxIsOpenReturnsAtOnce()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const ModalDriver<QMessageBox> driver([&](QMessageBox* box) {
+        const BoxDriver driver([&](QMessageBox* box) {
             panel.widget->PerformQuery();
             QTest::mouseClick(box->button(QMessageBox::Close), Qt::LeftButton);
         });
@@ -846,10 +746,7 @@ private Q_SLOTS:
 
     void SelectionChangedWhileLoadingIsLoadedAfterwards()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
-        m_stub.calls.clear();
+        const FilledPanel panel(&m_stub);
         m_stub.onGetPictures = [&](qint64 venueId) {
             if (venueId == 11)
                 panel.table->selectRow(2);
@@ -858,18 +755,15 @@ private Q_SLOTS:
         panel.table->selectRow(0);
         // Not inside: the first load asks for its files before the second begins.
         QCOMPARE(m_stub.calls,
-                 (QStringList{QStringLiteral("pictures 11"), QStringLiteral("files 11"),
-                              QStringLiteral("pictures 13"), QStringLiteral("files 13")}));
+                 (QStringList{u"pictures 11"_s, u"files 11"_s, u"pictures 13"_s, u"files 13"_s}));
         const auto lines = panel.details->findChildren<QLineEdit*>();
         QVERIFY(std::any_of(lines.cbegin(), lines.cend(),
-                            [](const QLineEdit* edit) { return edit->text() == QStringLiteral("13"); }));
+                            [](const QLineEdit* edit) { return edit->text() == u"13"_s; }));
     }
 
     void DetailsThatArriveAfterAResetAreDropped()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
+        const FilledPanel panel(&m_stub);
         m_stub.onGetFiles = [&](qint64) {
             panel.widget->PerformQuery();
             return QList<TsFile>();
@@ -884,9 +778,7 @@ private Q_SLOTS:
 
     void SelectionDuringASearchIsLeftToItsResults()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
+        const FilledPanel panel(&m_stub);
         m_stub.onFindVenues = [&](const Filters&, QList<Venue>& venues) {
             panel.table->selectRow(0);
             venues = m_stub.venues;
@@ -894,21 +786,20 @@ private Q_SLOTS:
         };
         m_stub.calls.clear();
         panel.widget->PerformQuery();
-        QCOMPARE(m_stub.calls, (QStringList{QStringLiteral("find"), QStringLiteral("find")}));
+        QCOMPARE(m_stub.calls, (QStringList{u"find"_s, u"find"_s}));
         QVERIFY(panel.details->isHidden());
     }
 
     void WidgetMayBeDeletedDuringTheSearch_data()
     {
-        QTest::addColumn<int>("atCall");
-        QTest::newRow("during the search") << 1;
-        QTest::newRow("during the country refresh") << 2;
+        const Rows<int> row("atCall");
+        row("during the search", 1);
+        row("during the country refresh", 2);
     }
     void WidgetMayBeDeletedDuringTheSearch()
     {
         QFETCH(int, atCall);
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         int call = 0;
         m_stub.onFindVenues = [&](const Filters&, QList<Venue>&) {
             if (++call == atCall)
@@ -922,10 +813,9 @@ private Q_SLOTS:
 
     void WidgetMayBeDeletedWhileTheErrorBoxIsOpen()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const ModalDriver<QMessageBox> driver([&](QMessageBox*) { delete panel.widget.data(); });
+        const BoxDriver driver([&](QMessageBox*) { delete panel.widget.data(); });
         panel.widget->PerformQuery();
         QVERIFY(!panel.widget);
         QCOMPARE(m_stub.calls.size(), 1);
@@ -933,12 +823,11 @@ private Q_SLOTS:
 
     void WidgetMayBeDeletedByWhoHearsThatTheUserGaveUp()
     {
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
+        const Panel panel(&m_stub);
         m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
         connect(panel.widget, &VenueDbCentralWidget::CloseWindowRequested, this,
                 [&panel]() { delete panel.widget.data(); });
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
         QVERIFY(!panel.widget);
     }
@@ -952,7 +841,7 @@ private Q_SLOTS:
             delete shortLived.data();
             return Timeout;
         };
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
         QCOMPARE(driver->Count(), 1);
         QVERIFY(panel.ShownNames().isEmpty());
@@ -967,7 +856,7 @@ private Q_SLOTS:
             delete shortLived.data();
             return Ok;
         };
-        const auto driver = AnswerErrorBox(QMessageBox::Close);
+        const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
         QCOMPARE(driver->Count(), 1);
     }
@@ -978,7 +867,7 @@ private Q_SLOTS:
         auto shortLived = std::make_unique<ConnectorStub>();
         shortLived->onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
         panel.widget->SetConnector(shortLived.get());
-        const ModalDriver<QMessageBox> driver([&](QMessageBox* box) {
+        const BoxDriver driver([&](QMessageBox* box) {
             shortLived.reset();
             panel.widget->SetConnector(&m_stub);
             QTest::mouseClick(box->button(QMessageBox::Retry), Qt::LeftButton);
@@ -990,16 +879,14 @@ private Q_SLOTS:
 
     void LoadingStopsWhenTheWidgetIsDeleted_data()
     {
-        QTest::addColumn<bool>("duringFiles");
-        QTest::newRow("while the pictures come") << false;
-        QTest::newRow("while the model files come") << true;
+        const Rows<bool> row("duringFiles");
+        row("while the pictures come", false);
+        row("while the model files come", true);
     }
     void LoadingStopsWhenTheWidgetIsDeleted()
     {
         QFETCH(bool, duringFiles);
-        const Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.widget->PerformQuery();
+        const FilledPanel panel(&m_stub);
         panel.table->selectRow(0);
         m_stub.calls.clear();
         m_stub.onGetPictures = [&](qint64) {
@@ -1034,16 +921,12 @@ private Q_SLOTS:
         QVERIFY(panel.details->isEnabled());
     }
 
-    // --- layout
-    // ---------------------------------------------------------------------------------------------
+    // Layout.
 
     void ColumnsAlignWithTheSearchRow()
     {
-        Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.dialog.resize(1062, 768);
-        panel.dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel.dialog));
+        Panel panel(&m_stub);
+        panel.Show();
         panel.widget->PerformQuery();
         const auto width
             = [&panel](const char* label) { return panel.Label(QString::fromLatin1(label))->width(); };
@@ -1056,11 +939,8 @@ private Q_SLOTS:
 
     void ColumnsFollowTheWindowWidth()
     {
-        Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.dialog.resize(1062, 768);
-        panel.dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel.dialog));
+        Panel panel(&m_stub);
+        panel.Show();
         panel.widget->PerformQuery();
         const int before = panel.table->columnWidth(1);
         panel.dialog.resize(1400, 768);
@@ -1098,12 +978,10 @@ private Q_SLOTS:
     {
         QFETCH(int, field);
         QFETCH(Qt::Key, key);
-        Panel panel;
-        panel.widget->SetConnector(&m_stub);
-        panel.dialog.show();
-        QVERIFY(QTest::qWaitForWindowActive(&panel.dialog));
+        Panel panel(&m_stub);
+        panel.Show();
         panel.fields.at(field)->setFocus();
-        panel.fields.at(field)->setText(QStringLiteral("x"));
+        panel.fields.at(field)->setText(u"x"_s);
         QTest::keyClick(panel.fields.at(field), key);
         QCOMPARE(m_stub.searches.size(), 2);
         // A search with the text, not a reset.

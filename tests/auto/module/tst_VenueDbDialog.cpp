@@ -7,8 +7,11 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
 #include <tests/support/ModalDriver.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -20,17 +23,16 @@
 #include <QSignalSpy>
 #include <QStyle>
 #include <QTableView>
-#include <QTest>
 #include <QTimer>
 
 #include <memory>
 
+using namespace Qt::Literals::StringLiterals;
 using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Test::ConnectorStub;
-using korvel::Test::ModalDriver;
 
-class tst_VenueDbDialog : public QObject
+class tst_VenueDbDialog : public StrictTest
 {
     Q_OBJECT
 
@@ -56,21 +58,9 @@ private:
 private Q_SLOTS:
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_stub.onFindVenues = nullptr;
-        m_stub.onGetPictures = nullptr;
-        m_stub.onGetFiles = nullptr;
-        m_stub.calls.clear();
-        Venue first;
-        first.SetId(1);
-        Venue second;
-        second.SetId(2);
-        m_stub.venues = {first, second};
-    }
-
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
+        StrictTest::init();
+        m_stub.Reset();
+        m_stub.venues = {MakeVenue(1), MakeVenue(2)};
     }
 
     void IsBuiltHiddenWithTitleAndButtons()
@@ -79,8 +69,8 @@ private Q_SLOTS:
         QCOMPARE(dialog.parent(), nullptr);
         QVERIFY(!dialog.isModal());
         QVERIFY(dialog.isHidden());
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Venue database"));
-        QCOMPARE(dialog.property("customStyle").toString(), QStringLiteral("dialogKorvelDefault"));
+        QCOMPARE(dialog.windowTitle(), u"Venue database"_s);
+        QCOMPARE(StyleOf(&dialog), u"dialogKorvelDefault"_s);
         // Qt adds the title and the system menu to any frame; nothing else, no minimise or help button.
         QCOMPARE(dialog.windowFlags(),
                  Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint | Qt::WindowTitleHint
@@ -92,15 +82,12 @@ private Q_SLOTS:
 
     void ConnectionTypes_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<bool>("isConnected");
-        QTest::addColumn<QString>("info");
-        const QString none = QStringLiteral("no connection specified");
-        QTest::newRow("JSONREST") << QStringLiteral("JSONREST") << true
-                                  << QStringLiteral("JsonRest connection ");
-        QTest::newRow("lower case") << QStringLiteral("jsonrest") << false << none;
-        QTest::newRow("blank behind") << QStringLiteral("JSONREST ") << false << none;
-        QTest::newRow("empty") << QString() << false << none;
+        const Rows<QString, bool, QString> row("type", "isConnected", "info");
+        const QString none = u"no connection specified"_s;
+        row("JSONREST", u"JSONREST"_s, true, u"JsonRest connection "_s);
+        row("lower case", u"jsonrest"_s, false, none);
+        row("blank behind", u"JSONREST "_s, false, none);
+        row("empty", {}, false, none);
     }
     void ConnectionTypes()
     {
@@ -113,36 +100,36 @@ private Q_SLOTS:
     void DisconnectKeepsTheInfo()
     {
         VenueDbDialog dialog;
-        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        dialog.ConnectVdb(u"JSONREST"_s);
         dialog.DisconnectVdb();
-        QCOMPARE(dialog.GetVdbConnectionInfo(), QStringLiteral("JsonRest connection "));
+        QCOMPARE(dialog.GetVdbConnectionInfo(), u"JsonRest connection "_s);
         dialog.DisconnectVdb();
     }
 
     void AfterDisconnectOrUnknownTypeSearchesDoNothing_data()
     {
-        QTest::addColumn<bool>("disconnects");
-        QTest::newRow("disconnected") << true;
-        QTest::newRow("unknown type") << false;
+        const Rows<bool> row("disconnects");
+        row("disconnected", true);
+        row("unknown type", false);
     }
     void AfterDisconnectOrUnknownTypeSearchesDoNothing()
     {
         QFETCH(bool, disconnects);
         VenueDbDialog dialog;
-        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        dialog.ConnectVdb(u"JSONREST"_s);
         if (disconnects)
             dialog.DisconnectVdb();
         else
-            dialog.ConnectVdb(QStringLiteral("OTHER"));
+            dialog.ConnectVdb(u"OTHER"_s);
         PanelOf(dialog)->PerformQuery();
         QVERIFY(!dialog.findChild<QTableView*>()->model());
     }
 
     void OpenCentresTheDialogOnTheScreen_data()
     {
-        QTest::addColumn<bool>("givesScreen");
-        QTest::newRow("given screen") << true;
-        QTest::newRow("primary screen for null") << false;
+        const Rows<bool> row("givesScreen");
+        row("given screen", true);
+        row("primary screen for null", false);
     }
     void OpenCentresTheDialogOnTheScreen()
     {
@@ -154,10 +141,10 @@ private Q_SLOTS:
 
     void OpenRestoresSizeAndState_data()
     {
-        QTest::addColumn<Qt::WindowState>("state");
-        QTest::newRow("resized") << Qt::WindowNoState;
-        QTest::newRow("maximised") << Qt::WindowMaximized;
-        QTest::newRow("minimised") << Qt::WindowMinimized;
+        const Rows<Qt::WindowState> row("state");
+        row("resized", Qt::WindowNoState);
+        row("maximised", Qt::WindowMaximized);
+        row("minimised", Qt::WindowMinimized);
     }
     void OpenRestoresSizeAndState()
     {
@@ -189,7 +176,7 @@ private Q_SLOTS:
             return Ok;
         };
         PanelOf(dialog)->PerformQuery();
-        QCOMPARE(textMeanwhile, QStringLiteral("Loading..."));
+        QCOMPARE(textMeanwhile, u"Loading..."_s);
     }
 
     void ClosingOnlyHides()
@@ -216,18 +203,17 @@ private Q_SLOTS:
         VenueDbDialog dialog;
         PanelOf(dialog)->SetConnector(&m_stub);
         m_stub.onFindVenues = [](const ConnectorStub::Filters&, QList<Venue>&) { return Timeout; };
-        const ModalDriver<QMessageBox> driver(
-            [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::Close), Qt::LeftButton); });
+        const auto driver = AnswerBox(QMessageBox::Close);
         dialog.Open(nullptr);
         QTRY_VERIFY(dialog.isHidden());
-        QCOMPARE(driver.Count(), 1);
+        QCOMPARE(driver->Count(), 1);
     }
 
     void VenueLoadedReachesTheHubOnce_data()
     {
-        QTest::addColumn<bool>("loaded");
-        QTest::newRow("imported") << true;
-        QTest::newRow("refused") << false;
+        const Rows<bool> row("loaded");
+        row("imported", true);
+        row("refused", false);
     }
     void VenueLoadedReachesTheHubOnce()
     {
@@ -258,9 +244,9 @@ private Q_SLOTS:
 
     void QuittingIsNotStoppedByVisibleWindows_data()
     {
-        QTest::addColumn<bool>("opensViewer");
-        QTest::newRow("dialog") << false;
-        QTest::newRow("dialog and full-screen viewer") << true;
+        const Rows<bool> row("opensViewer");
+        row("dialog", false);
+        row("dialog and full-screen viewer", true);
     }
     void QuittingIsNotStoppedByVisibleWindows()
     {
@@ -275,14 +261,14 @@ private Q_SLOTS:
         QTimer::singleShot(0, &dialog, []() { QCoreApplication::quit(); });
         QCOMPARE(QCoreApplication::exec(), 0);
         QVERIFY(dialog.isHidden());
-        QVERIFY(korvel::Test::NoWindowIsLeft());
+        QVERIFY(NoWindowIsLeft());
     }
 
     void DialogMayBeDeletedDuringTheSearch_data()
     {
-        QTest::addColumn<bool>("later");
-        QTest::newRow("directly") << false;
-        QTest::newRow("deleteLater") << true;
+        const Rows<bool> row("later");
+        row("directly", false);
+        row("deleteLater", true);
     }
     void DialogMayBeDeletedDuringTheSearch()
     {
@@ -329,9 +315,7 @@ private Q_SLOTS:
             return QList<Picture>();
         };
         // A real click: Qt's view code is on the stack while the details load.
-        auto* table = dialog->findChild<QTableView*>();
-        QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
-                          table->visualRect(table->model()->index(0, 1)).center());
+        ClickRow(dialog->findChild<QTableView*>(), 0);
         QVERIFY(wasAliveAfterTheEvent);
         QTRY_VERIFY(!dialog);
     }
@@ -340,7 +324,7 @@ private Q_SLOTS:
     {
         const QPointer<VenueDbDialog> dialog = new VenueDbDialog;
         // Two connectors: the dialog's own, real one ends with the dialog's decision; the stub tells when.
-        dialog->ConnectVdb(QStringLiteral("JSONREST"));
+        dialog->ConnectVdb(u"JSONREST"_s);
         PanelOf(*dialog)->SetConnector(&m_stub);
         dialog->Open(nullptr);
         QTRY_COMPARE(m_stub.calls.size(), 2);
@@ -359,10 +343,10 @@ private Q_SLOTS:
     void DeletionEndsTheConnector()
     {
         auto dialog = std::make_unique<VenueDbDialog>();
-        dialog->ConnectVdb(QStringLiteral("JSONREST"));
-        dialog->ConnectVdb(QStringLiteral("JSONREST"));
+        dialog->ConnectVdb(u"JSONREST"_s);
+        dialog->ConnectVdb(u"JSONREST"_s);
         dialog.reset();
-        QVERIFY(korvel::Test::NoWindowIsLeft());
+        QVERIFY(NoWindowIsLeft());
     }
 };
 

@@ -1,7 +1,9 @@
 #include <ui/VenueDbDialogBase.h>
 #include <ui/VenueDbSignalHandler.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QFrame>
 #include <QKeyEvent>
@@ -11,30 +13,15 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QTest>
 #include <QVBoxLayout>
 
 #include <memory>
 
-using korvel::Ui::VenueDatabase::VenueDbDialogBase;
-using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
+using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
-
-QString StyleOf(const QObject* object)
-{
-    return object->property("customStyle").toString();
-}
-
-QPushButton* Button(const QWidget& dialog, const QString& text)
-{
-    const QList<QPushButton*> buttons = dialog.findChildren<QPushButton*>();
-    for (QPushButton* button : buttons) {
-        if (button->text() == text)
-            return button;
-    }
-    return nullptr;
-}
 
 QWidget* Footer(const VenueDbDialogBase& dialog)
 {
@@ -43,20 +30,11 @@ QWidget* Footer(const VenueDbDialogBase& dialog)
 
 } // namespace
 
-class tst_VenueDbDialogBase : public QObject
+class tst_VenueDbDialogBase : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void FooterHoldsStatusCloseAndHelpInThisOrder()
     {
         const VenueDbDialogBase dialog;
@@ -64,8 +42,8 @@ private Q_SLOTS:
         QVERIFY(layout);
         QCOMPARE(layout->count(), 3);
         QCOMPARE(layout->itemAt(0)->widget(), dialog.GetStatusLabel());
-        QCOMPARE(layout->itemAt(1)->widget(), Button(dialog, QStringLiteral("Close")));
-        QCOMPARE(layout->itemAt(2)->widget(), Button(dialog, QStringLiteral("Help")));
+        QCOMPARE(layout->itemAt(1)->widget(), Button(dialog, u"Close"_s));
+        QCOMPARE(layout->itemAt(2)->widget(), Button(dialog, u"Help"_s));
     }
 
     void FooterSizes()
@@ -73,7 +51,7 @@ private Q_SLOTS:
         const VenueDbDialogBase dialog;
         QCOMPARE(Footer(dialog)->contentsMargins(), QMargins(8, 8, 8, 8));
         QCOMPARE(Footer(dialog)->layout()->contentsMargins(), QMargins());
-        for (const QString& text : {QStringLiteral("Close"), QStringLiteral("Help")}) {
+        for (const QString& text : {u"Close"_s, u"Help"_s}) {
             const QPushButton* button = Button(dialog, text);
             QVERIFY(button);
             QCOMPARE(button->minimumWidth(), 90);
@@ -93,12 +71,12 @@ private Q_SLOTS:
     void StyleClasses()
     {
         const VenueDbDialogBase dialog;
-        QCOMPARE(StyleOf(&dialog), QStringLiteral("widgetKorvelDefault"));
-        QCOMPARE(StyleOf(dialog.GetBaseLayout()), QStringLiteral("dialogKorvelDefault"));
-        QCOMPARE(StyleOf(dialog.GetStatusLabel()), QStringLiteral("labelKorvelDefault"));
-        QCOMPARE(StyleOf(Button(dialog, QStringLiteral("Close"))), QStringLiteral("buttonKorvelDefault"));
-        QCOMPARE(StyleOf(Button(dialog, QStringLiteral("Help"))), QStringLiteral("buttonKorvelDefault"));
-        QCOMPARE(StyleOf(Footer(dialog)), QStringLiteral("frameKorvelButtonBox"));
+        QCOMPARE(StyleOf(&dialog), u"widgetKorvelDefault"_s);
+        QCOMPARE(StyleOf(dialog.GetBaseLayout()), u"dialogKorvelDefault"_s);
+        QCOMPARE(StyleOf(dialog.GetStatusLabel()), u"labelKorvelDefault"_s);
+        QCOMPARE(StyleOf(Button(dialog, u"Close"_s)), u"buttonKorvelDefault"_s);
+        QCOMPARE(StyleOf(Button(dialog, u"Help"_s)), u"buttonKorvelDefault"_s);
+        QCOMPARE(StyleOf(Footer(dialog)), u"frameKorvelButtonBox"_s);
         QVERIFY(qobject_cast<QFrame*>(Footer(dialog)));
     }
 
@@ -135,15 +113,15 @@ private Q_SLOTS:
         QCOMPARE(Footer(dialog)->width(), 700);
         QCOMPARE(Footer(dialog)->geometry().bottom(), 399);
         QVERIFY(dialog.GetStatusLabel()->width() > 400);
-        QCOMPARE(Button(dialog, QStringLiteral("Help"))->geometry().right(), 699 - 8);
+        QCOMPARE(Button(dialog, u"Help"_s)->geometry().right(), 699 - 8);
     }
 
     void StatusTextIsShownLiterally_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("plain") << QStringLiteral("Loading...");
-        QTest::newRow("empty") << QString();
-        QTest::newRow("markup") << QStringLiteral("<h1>Hall</h1><img src=\"/etc/x.png\" width=30000>");
+        const Rows<QString> row("text");
+        row("plain", u"Loading..."_s);
+        row("empty", {});
+        row("markup", u"<h1>Hall</h1><img src=\"/etc/x.png\" width=30000>"_s);
     }
     void StatusTextIsShownLiterally()
     {
@@ -160,14 +138,14 @@ private Q_SLOTS:
         auto* field = new QLineEdit;
         dialog.SetContentWidget(field);
         dialog.show();
-        field->setText(QStringLiteral("kept"));
+        field->setText(u"kept"_s);
         QSignalSpy closeRequests(&dialog, &VenueDbDialogBase::CloseWindowRequested);
-        QTest::mouseClick(Button(dialog, QStringLiteral("Close")), Qt::LeftButton);
+        QTest::mouseClick(Button(dialog, u"Close"_s), Qt::LeftButton);
         QVERIFY(!dialog.isVisible());
         QCOMPARE(closeRequests.count(), 0);
 
         dialog.show();
-        QCOMPARE(field->text(), QStringLiteral("kept"));
+        QCOMPARE(field->text(), u"kept"_s);
         dialog.OnCloseWindowRequested();
         QVERIFY(!dialog.isVisible());
     }
@@ -176,9 +154,9 @@ private Q_SLOTS:
     {
         VenueDbDialogBase dialog;
         QSignalSpy help(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::HelpRequested);
-        QTest::mouseClick(Button(dialog, QStringLiteral("Help")), Qt::LeftButton);
+        QTest::mouseClick(Button(dialog, u"Help"_s), Qt::LeftButton);
         QCOMPARE(help.count(), 1);
-        QTest::mouseClick(Button(dialog, QStringLiteral("Help")), Qt::LeftButton);
+        QTest::mouseClick(Button(dialog, u"Help"_s), Qt::LeftButton);
         QCOMPARE(help.count(), 2);
     }
 
@@ -210,16 +188,14 @@ private Q_SLOTS:
 
     void CtrlBAsksForTheOtherAppearance_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<int>("requests");
+        const Rows<int, Qt::KeyboardModifiers, int> row("key", "modifiers", "requests");
         const Qt::KeyboardModifiers none;
-        QTest::newRow("Ctrl+B") << int(Qt::Key_B) << Qt::KeyboardModifiers(Qt::ControlModifier) << 1;
-        QTest::newRow("Ctrl+Shift+B") << int(Qt::Key_B) << (Qt::ControlModifier | Qt::ShiftModifier) << 1;
-        QTest::newRow("Ctrl+Alt+B") << int(Qt::Key_B) << (Qt::ControlModifier | Qt::AltModifier) << 1;
-        QTest::newRow("B goes on") << int(Qt::Key_B) << none << 0;
-        QTest::newRow("Shift+B goes on") << int(Qt::Key_B) << Qt::KeyboardModifiers(Qt::ShiftModifier) << 0;
-        QTest::newRow("Ctrl+N goes on") << int(Qt::Key_N) << Qt::KeyboardModifiers(Qt::ControlModifier) << 0;
+        row("Ctrl+B", Qt::Key_B, Qt::ControlModifier, 1);
+        row("Ctrl+Shift+B", Qt::Key_B, (Qt::ControlModifier | Qt::ShiftModifier), 1);
+        row("Ctrl+Alt+B", Qt::Key_B, (Qt::ControlModifier | Qt::AltModifier), 1);
+        row("B goes on", Qt::Key_B, none, 0);
+        row("Shift+B goes on", Qt::Key_B, Qt::ShiftModifier, 0);
+        row("Ctrl+N goes on", Qt::Key_N, Qt::ControlModifier, 0);
     }
     void CtrlBAsksForTheOtherAppearance()
     {
@@ -257,7 +233,6 @@ private Q_SLOTS:
         dialog.show();
         QTest::keyClick(&dialog, Qt::Key_Return);
         QCOMPARE(clicks.count(), 1);
-        dialog.hide();
     }
 
     void HostMayDeleteTheDialogInItsHandler()

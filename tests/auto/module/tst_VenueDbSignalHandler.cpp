@@ -1,11 +1,10 @@
 #include <ui/VenueDbDialogBase.h>
 #include <ui/VenueDbSignalHandler.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/StrictTest.h>
 
 #include <QMetaMethod>
 #include <QSignalSpy>
-#include <QTest>
 #include <QThread>
 
 #include <algorithm>
@@ -17,8 +16,8 @@
 #include <utility>
 #include <vector>
 
-using korvel::Ui::VenueDatabase::VenueDbDialogBase;
-using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 static_assert(!std::is_default_constructible_v<VenueDbSignalHandler>);
 static_assert(!std::is_destructible_v<VenueDbSignalHandler>);
@@ -87,16 +86,11 @@ private:
 
 } // namespace
 
-class tst_VenueDbSignalHandler : public QObject
+class tst_VenueDbSignalHandler : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     // First, as long as there is no instance yet.
     void ThreadsThatAskAtOnceGetOneInstance()
     {
@@ -132,8 +126,7 @@ private Q_SLOTS:
     void InstanceHasNoParent()
     {
         QCOMPARE(VenueDbSignalHandler::GetInstance()->parent(), nullptr);
-        QCOMPARE(VenueDbSignalHandler::GetInstance()->metaObject()->className(),
-                 "korvel::Ui::VenueDatabase::VenueDbSignalHandler");
+        QCOMPARE(VenueDbSignalHandler::GetInstance()->metaObject()->className(), "VenueDbSignalHandler");
     }
 
     void OffersFourSignalsInThisOrder()

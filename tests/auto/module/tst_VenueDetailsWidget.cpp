@@ -1,9 +1,11 @@
-#include <data/Venue.h>
 #include <ui/PictureSlider.h>
 #include <ui/TsFileOpener.h>
 #include <ui/VenueDetailsWidget.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QComboBox>
 #include <QFrame>
@@ -14,7 +16,6 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QTableView>
-#include <QTest>
 #include <QTextCursor>
 #include <QTextDocumentFragment>
 #include <QTextEdit>
@@ -22,17 +23,12 @@
 
 #include <algorithm>
 
+using namespace Qt::Literals::StringLiterals;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Data::VenueDatabase::Picture;
-using korvel::Data::VenueDatabase::TsFile;
-using korvel::Data::VenueDatabase::Venue;
 
 namespace {
-
-QString StyleOf(const QObject* object)
-{
-    return object->property("customStyle").toString();
-}
 
 /// A position that names a field: labels "Address" and "Comment" exist several times.
 enum LineField
@@ -81,22 +77,9 @@ QScrollArea* Body(const QWidget& panel)
     return panel.findChild<QScrollArea*>();
 }
 
-QLabel* Label(const QWidget& panel, const QString& text)
-{
-    const QList<QLabel*> labels = panel.findChildren<QLabel*>();
-    const auto found = std::find_if(labels.cbegin(), labels.cend(),
-                                    [&text](const QLabel* label) { return label->text() == text; });
-    return found == labels.cend() ? nullptr : *found;
-}
-
 QWidget* CaptionBar(const QWidget& panel)
 {
-    return Label(panel, QStringLiteral("Venue details"))->parentWidget();
-}
-
-QLabel* FoldIcon(const QWidget& panel)
-{
-    return qobject_cast<QLabel*>(CaptionBar(panel)->layout()->itemAt(0)->widget());
+    return Label(panel, u"Venue details"_s)->parentWidget();
 }
 
 QColor FoldIconColour(const QWidget& panel)
@@ -109,44 +92,14 @@ QRect GeometryIn(const QWidget& panel, const QWidget* widget)
     return {widget->mapTo(&panel, QPoint(0, 0)), widget->size()};
 }
 
-Venue CreateVenue()
-{
-    Venue venue;
-    venue.SetId(4294967297);
-    venue.SetComplexName(QStringLiteral("complex"));
-    venue.SetVenueRoomName(QStringLiteral("room"));
-    venue.SetGeneralComment(QStringLiteral("general"));
-    venue.SetStreetAddress(QStringLiteral("Main St 5"));
-    venue.SetPostalCode(QStringLiteral("10115"));
-    venue.SetCity(QStringLiteral("Berlin"));
-    venue.SetCountryCode(QStringLiteral("DE"));
-    venue.SetCountry(QStringLiteral("Germany"));
-    venue.SetLocationComment(QStringLiteral("location"));
-    venue.SetLoadDockStreetAddress(QStringLiteral("dock address"));
-    venue.SetLoadDockComment(QStringLiteral("dock comment"));
-    venue.SetClearingOfHouseGrid(QStringLiteral("12.5"));
-    venue.SetRiggingComment(QStringLiteral("rigging"));
-    venue.SetUploadDate(QDate(2020, 1, 2));
-    venue.SetEditor(77);
-    venue.SetEditDate(QDateTime(QDate(2024, 3, 1), QTime(10, 30)));
-    return venue;
-}
-
 QList<Picture> TwoPictures()
 {
-    Picture first;
-    first.SetAlternativeDescription(QStringLiteral("Stage"));
-    return {first, Picture()};
+    return {MakePicture({}, {}, u"Stage"_s), Picture()};
 }
 
 QList<TsFile> TwoFiles()
 {
-    QList<TsFile> files(2);
-    QString name = QStringLiteral("a.tessra");
-    files[0].SetFileName(name);
-    name = QStringLiteral("b.tessra");
-    files[1].SetFileName(name);
-    return files;
+    return {MakeFile(u"a.tessra"_s), MakeFile(u"b.tessra"_s)};
 }
 
 void Fill(VenueDetailsWidget& panel, Venue venue)
@@ -156,22 +109,27 @@ void Fill(VenueDetailsWidget& panel, Venue venue)
     panel.UpdateUi(&venue, &pictures, &files);
 }
 
+/// The panel on the screen, filled.
+struct ShownPanel : VenueDetailsWidget
+{
+    explicit ShownPanel(int width = 1062)
+    {
+        Fill(*this, FilledVenue(4294967297));
+        resize(width, 516);
+        show();
+        isShown = QTest::qWaitForWindowActive(this);
+    }
+
+    bool isShown = false;
+};
+
 } // namespace
 
-class tst_VenueDetailsWidget : public QObject
+class tst_VenueDetailsWidget : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
-    }
-
     void StartsEmptyAndExpanded()
     {
         const VenueDetailsWidget panel;
@@ -191,41 +149,41 @@ private Q_SLOTS:
     void EachFieldShowsItsValue()
     {
         VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
-        QCOMPARE(LineText(panel, Id), QStringLiteral("4294967297"));
-        QCOMPARE(LineText(panel, Editor), QStringLiteral("77"));
-        QCOMPARE(
-            LineText(panel, EditDate),
-            QLocale::system().toString(QDateTime(QDate(2024, 3, 1), QTime(10, 30)), QLocale::ShortFormat));
-        QVERIFY(LineText(panel, EditDate).contains(QStringLiteral("10:30")));
+        Fill(panel, FilledVenue(4294967297));
+        QCOMPARE(LineText(panel, Id), u"4294967297"_s);
+        QCOMPARE(LineText(panel, Editor), u"42"_s);
+        QCOMPARE(LineText(panel, EditDate),
+                 QLocale::system().toString(QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30)),
+                                            QLocale::ShortFormat));
+        QVERIFY(LineText(panel, EditDate).contains(u"10:20"_s));
         QCOMPARE(LineText(panel, UploadDate),
-                 QLocale::system().toString(QDate(2020, 1, 2), QLocale::ShortFormat));
-        QVERIFY(LineText(panel, UploadDate).contains(QStringLiteral("20")));
-        QCOMPARE(LineText(panel, ComplexName), QStringLiteral("complex"));
-        QCOMPARE(LineText(panel, VenueRoomName), QStringLiteral("room"));
-        QCOMPARE(AreaText(panel, GeneralComment), QStringLiteral("general"));
-        QCOMPARE(AreaText(panel, LocationComment), QStringLiteral("location"));
-        QCOMPARE(LineText(panel, DockAddress), QStringLiteral("dock address"));
-        QCOMPARE(AreaText(panel, DockComment), QStringLiteral("dock comment"));
-        QCOMPARE(LineText(panel, Clearance), QStringLiteral("12.5"));
-        QCOMPARE(AreaText(panel, RiggingComment), QStringLiteral("rigging"));
+                 QLocale::system().toString(QDate(2023, 2, 1), QLocale::ShortFormat));
+        QVERIFY(LineText(panel, UploadDate).contains(u"2023"_s));
+        QCOMPARE(LineText(panel, ComplexName), u"complex"_s);
+        QCOMPARE(LineText(panel, VenueRoomName), u"room"_s);
+        QCOMPARE(AreaText(panel, GeneralComment), u"general"_s);
+        QCOMPARE(AreaText(panel, LocationComment), u"location"_s);
+        QCOMPARE(LineText(panel, DockAddress), u"dock street"_s);
+        QCOMPARE(AreaText(panel, DockComment), u"dock comment"_s);
+        QCOMPARE(LineText(panel, Clearance), u"12.5"_s);
+        QCOMPARE(AreaText(panel, RiggingComment), u"rigging"_s);
     }
 
     void AddressShowsItsLinesAsLines()
     {
         VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
-        QCOMPARE(AreaText(panel, Address), QStringLiteral("Main St 5\n10115 Berlin\nGermany"));
+        Fill(panel, FilledVenue(4294967297));
+        QCOMPARE(AreaText(panel, Address), u"Main St 5\n10115 Berlin\nGermany"_s);
         QCOMPARE(TextEdits(panel).value(Address)->document()->blockCount(), 3);
     }
 
     void UnknownValuesAreMinusOneOrEmpty()
     {
         VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
+        Fill(panel, FilledVenue(4294967297));
         Fill(panel, Venue());
-        QCOMPARE(LineText(panel, Id), QStringLiteral("-1"));
-        QCOMPARE(LineText(panel, Editor), QStringLiteral("-1"));
+        QCOMPARE(LineText(panel, Id), u"-1"_s);
+        QCOMPARE(LineText(panel, Editor), u"-1"_s);
         for (const LineField field :
              {EditDate, UploadDate, ComplexName, VenueRoomName, DockAddress, Clearance})
             QVERIFY(LineText(panel, field).isEmpty());
@@ -236,24 +194,24 @@ private Q_SLOTS:
     void PicturesAndFilesAreHandedOn()
     {
         VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
-        QVERIFY(Label(panel, QStringLiteral("1/2 Stage")));
+        Fill(panel, FilledVenue(4294967297));
+        QVERIFY(Label(panel, u"1/2 Stage"_s));
         const auto* combo = panel.findChild<QComboBox*>();
         QCOMPARE(combo->count(), 2);
-        QCOMPARE(combo->itemText(1), QStringLiteral("b.tessra"));
+        QCOMPARE(combo->itemText(1), u"b.tessra"_s);
     }
 
     void NullVenueAndResetEmptyEverything_data()
     {
-        QTest::addColumn<bool>("byNullVenue");
-        QTest::newRow("null venue") << true;
-        QTest::newRow("reset") << false;
+        const Rows<bool> row("byNullVenue");
+        row("null venue", true);
+        row("reset", false);
     }
     void NullVenueAndResetEmptyEverything()
     {
         QFETCH(bool, byNullVenue);
         VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
+        Fill(panel, FilledVenue(4294967297));
         if (byNullVenue) {
             QList<Picture> pictures = TwoPictures();
             QList<TsFile> files = TwoFiles();
@@ -265,14 +223,14 @@ private Q_SLOTS:
             QVERIFY(field->text().isEmpty());
         for (const QTextEdit* field : TextEdits(panel))
             QVERIFY(field->toPlainText().isEmpty());
-        QVERIFY(Label(panel, QStringLiteral("-/0")));
+        QVERIFY(Label(panel, u"-/0"_s));
         QCOMPARE(panel.findChild<QComboBox*>()->count(), 0);
     }
 
     void NullVenueNeedsNoLists()
     {
         VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
+        Fill(panel, FilledVenue(4294967297));
         panel.UpdateUi(nullptr, nullptr, nullptr);
         QVERIFY(LineText(panel, Id).isEmpty());
     }
@@ -281,20 +239,19 @@ private Q_SLOTS:
     {
         VenueDetailsWidget panel;
         panel.show();
-        Fill(panel, CreateVenue());
-        QCOMPARE(LineText(panel, Editor), QStringLiteral("77"));
+        Fill(panel, FilledVenue(4294967297));
+        QCOMPARE(LineText(panel, Editor), u"42"_s);
         QVERIFY(!LineEdits(panel).value(Editor)->isVisible());
-        QVERIFY(!Label(panel, QStringLiteral("Editor:"))->isVisible());
+        QVERIFY(!Label(panel, u"Editor:"_s)->isVisible());
         panel.SetCollapsed(true);
         panel.SetCollapsed(false);
         QVERIFY(!LineEdits(panel).value(Editor)->isVisible());
         QVERIFY(LineEdits(panel).value(Id)->isVisible());
-        panel.hide();
     }
 
     void HostileTextsAreShownLiterally()
     {
-        const QString markup = QStringLiteral("<h1>Hall</h1><img src=\"/etc/x.png\" width=30000>&lt;");
+        const QString markup = u"<h1>Hall</h1><img src=\"/etc/x.png\" width=30000>&lt;"_s;
         Venue venue;
         venue.SetComplexName(markup);
         venue.SetVenueRoomName(markup);
@@ -303,7 +260,7 @@ private Q_SLOTS:
         venue.SetLocationComment(markup);
         venue.SetLoadDockStreetAddress(markup);
         venue.SetLoadDockComment(markup);
-        venue.SetClearingOfHouseGrid(QString(5000, QLatin1Char('W')));
+        venue.SetClearingOfHouseGrid(QString(5000, u'W'));
         venue.SetRiggingComment(markup);
         VenueDetailsWidget panel;
         const QSize hint = panel.minimumSizeHint();
@@ -322,17 +279,15 @@ private Q_SLOTS:
     {
         VenueDetailsWidget panel;
         Venue venue;
-        venue.SetComplexName(QString(500, QLatin1Char('x')));
+        venue.SetComplexName(QString(500, u'x'));
         Fill(panel, venue);
         QCOMPARE(LineEdits(panel).value(ComplexName)->cursorPosition(), 0);
     }
 
     void RowsStandInOrder()
     {
-        VenueDetailsWidget panel;
-        panel.resize(1062, 516);
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const ShownPanel panel;
+        QVERIFY(panel.isShown);
         const QList<QLineEdit*> lines = LineEdits(panel);
         const QList<QTextEdit*> texts = TextEdits(panel);
         const auto isAbove = [&panel](const QWidget* upper, const QWidget* lower) {
@@ -355,37 +310,31 @@ private Q_SLOTS:
         QVERIFY(isAbove(texts.at(DockComment), captionOf("Rigging")));
         QVERIFY(isAbove(captionOf("Rigging"), lines.at(Clearance)));
         QVERIFY(isAbove(lines.at(Clearance), texts.at(RiggingComment)));
-        panel.hide();
     }
 
     void LabelsStandBeforeTheirFields_data()
     {
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<int>("line");
-        QTest::addColumn<int>("text");
-        QTest::newRow("id") << QStringLiteral("ID:") << int(Id) << -1;
-        QTest::newRow("editing date") << QStringLiteral("Editing date (UTC):") << int(EditDate) << -1;
-        QTest::newRow("upload date") << QStringLiteral("Upload date:") << int(UploadDate) << -1;
-        QTest::newRow("complex name") << QStringLiteral("Complex name:") << int(ComplexName) << -1;
-        QTest::newRow("venue/room name") << QStringLiteral("Venue/room name:") << int(VenueRoomName) << -1;
-        QTest::newRow("dock address") << QStringLiteral("Address:") << int(DockAddress) << -1;
-        QTest::newRow("clearance") << QStringLiteral("Clearance of house grid (m):") << int(Clearance) << -1;
-        QTest::newRow("general comment") << QStringLiteral("General comment:") << -1 << int(GeneralComment);
-        QTest::newRow("address") << QStringLiteral("Address:") << -1 << int(Address);
-        QTest::newRow("location comment")
-            << QStringLiteral("Location comment:") << -1 << int(LocationComment);
-        QTest::newRow("dock comment") << QStringLiteral("Comment:") << -1 << int(DockComment);
-        QTest::newRow("rigging comment") << QStringLiteral("Comment:") << -1 << int(RiggingComment);
+        const Rows<QString, int, int> row("label", "line", "text");
+        row("id", u"ID:"_s, int(Id), -1);
+        row("editing date", u"Editing date (UTC):"_s, int(EditDate), -1);
+        row("upload date", u"Upload date:"_s, int(UploadDate), -1);
+        row("complex name", u"Complex name:"_s, int(ComplexName), -1);
+        row("venue/room name", u"Venue/room name:"_s, int(VenueRoomName), -1);
+        row("dock address", u"Address:"_s, int(DockAddress), -1);
+        row("clearance", u"Clearance of house grid (m):"_s, int(Clearance), -1);
+        row("general comment", u"General comment:"_s, -1, int(GeneralComment));
+        row("address", u"Address:"_s, -1, int(Address));
+        row("location comment", u"Location comment:"_s, -1, int(LocationComment));
+        row("dock comment", u"Comment:"_s, -1, int(DockComment));
+        row("rigging comment", u"Comment:"_s, -1, int(RiggingComment));
     }
     void LabelsStandBeforeTheirFields()
     {
         QFETCH(QString, label);
         QFETCH(int, line);
         QFETCH(int, text);
-        VenueDetailsWidget panel;
-        panel.resize(1062, 516);
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const ShownPanel panel;
+        QVERIFY(panel.isShown);
         const QWidget* field = line >= 0 ? static_cast<QWidget*>(LineEdits(panel).value(line))
                                          : static_cast<QWidget*>(TextEdits(panel).value(text));
         const QRect place = GeometryIn(panel, field);
@@ -397,10 +346,9 @@ private Q_SLOTS:
         });
         QVERIFY(found != labels.cend());
         QCOMPARE((*found)->minimumWidth(), 140);
-        QCOMPARE(StyleOf(*found), QStringLiteral("labelKorvelLight"));
+        QCOMPARE(StyleOf(*found), u"labelKorvelLight"_s);
         if (text >= 0)
             QVERIFY((*found)->alignment().testFlag(Qt::AlignTop));
-        panel.hide();
     }
 
     void FieldsAreReadOnlyAndStyled()
@@ -408,11 +356,11 @@ private Q_SLOTS:
         const VenueDetailsWidget panel;
         for (const QLineEdit* field : LineEdits(panel)) {
             QVERIFY(field->isReadOnly());
-            QCOMPARE(StyleOf(field), QStringLiteral("lineEditKorvelDisplayOnly"));
+            QCOMPARE(StyleOf(field), u"lineEditKorvelDisplayOnly"_s);
         }
         for (const QTextEdit* field : TextEdits(panel)) {
             QVERIFY(field->isReadOnly());
-            QCOMPARE(StyleOf(field), QStringLiteral("textEditKorvelDisplayOnly"));
+            QCOMPARE(StyleOf(field), u"textEditKorvelDisplayOnly"_s);
             QCOMPARE(field->minimumHeight(), 54);
             QCOMPARE(field->maximumHeight(), 54);
         }
@@ -421,16 +369,14 @@ private Q_SLOTS:
     void StyleClassesOfTheFrame()
     {
         const VenueDetailsWidget panel;
-        QCOMPARE(StyleOf(&panel), QStringLiteral("widgetKorvelDefault"));
-        QCOMPARE(StyleOf(CaptionBar(panel)), QStringLiteral("widgetKorvelViewSectionHeaderBright"));
-        QCOMPARE(StyleOf(Label(panel, QStringLiteral("Venue details"))),
-                 QStringLiteral("labelKorvelSectionCaptionDark"));
-        QCOMPARE(StyleOf(Body(panel)), QStringLiteral("scrollAreaKorvelDefault"));
-        QCOMPARE(StyleOf(Body(panel)->widget()), QStringLiteral("widgetKorvelDefault"));
-        QCOMPARE(StyleOf(panel.findChild<TsFileOpener*>()), QStringLiteral("buttonKorvelDefault"));
+        QCOMPARE(StyleOf(&panel), u"widgetKorvelDefault"_s);
+        QCOMPARE(StyleOf(CaptionBar(panel)), u"widgetKorvelViewSectionHeaderBright"_s);
+        QCOMPARE(StyleOf(Label(panel, u"Venue details"_s)), u"labelKorvelSectionCaptionDark"_s);
+        QCOMPARE(StyleOf(Body(panel)), u"scrollAreaKorvelDefault"_s);
+        QCOMPARE(StyleOf(Body(panel)->widget()), u"widgetKorvelDefault"_s);
+        QCOMPARE(StyleOf(panel.findChild<TsFileOpener*>()), u"buttonKorvelDefault"_s);
         for (const char* section : {"General", "Loading dock", "Rigging"})
-            QCOMPARE(StyleOf(Label(panel, QString::fromLatin1(section))),
-                     QStringLiteral("labelKorvelCaptionSmall"));
+            QCOMPARE(StyleOf(Label(panel, QString::fromLatin1(section))), u"labelKorvelCaptionSmall"_s);
     }
 
     void SeparatorsAreThinLines()
@@ -438,7 +384,7 @@ private Q_SLOTS:
         const VenueDetailsWidget panel;
         int separators = 0;
         for (const QFrame* frame : panel.findChildren<QFrame*>()) {
-            if (StyleOf(frame) != QStringLiteral("lineKorvelDark"))
+            if (StyleOf(frame) != u"lineKorvelDark"_s)
                 continue;
             ++separators;
             QCOMPARE(frame->frameShape(), QFrame::HLine);
@@ -447,9 +393,9 @@ private Q_SLOTS:
             QCOMPARE(frame->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed));
         }
         QCOMPARE(separators, 3);
-        QCOMPARE(StyleOf(panel.layout()->itemAt(0)->widget()), QStringLiteral("lineKorvelDark"));
+        QCOMPARE(StyleOf(panel.layout()->itemAt(0)->widget()), u"lineKorvelDark"_s);
         QCOMPARE(panel.layout()->itemAt(1)->widget(), CaptionBar(panel));
-        QCOMPARE(StyleOf(panel.layout()->itemAt(2)->widget()), QStringLiteral("lineKorvelDark"));
+        QCOMPARE(StyleOf(panel.layout()->itemAt(2)->widget()), u"lineKorvelDark"_s);
         QCOMPARE(panel.layout()->itemAt(3)->widget(), Body(panel));
     }
 
@@ -464,7 +410,7 @@ private Q_SLOTS:
         QCOMPARE(CaptionBar(panel)->maximumHeight(), 34);
         // The icon and the caption, and nothing else.
         QCOMPARE(CaptionBar(panel)->layout()->count(), 2);
-        QCOMPARE(Label(panel, QStringLiteral("Venue details"))->sizePolicy(),
+        QCOMPARE(Label(panel, u"Venue details"_s)->sizePolicy(),
                  QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum));
 
         const QScrollArea* body = Body(panel);
@@ -483,25 +429,20 @@ private Q_SLOTS:
 
     void SliderIsNotCutOff()
     {
-        VenueDetailsWidget panel;
-        panel.resize(1062, 516);
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const ShownPanel panel;
+        QVERIFY(panel.isShown);
         const auto* slider = panel.findChild<PictureSlider*>();
         QCOMPARE(slider->size(), QSize(500, 240));
         QCOMPARE(slider->parentWidget()->minimumHeight(), 240);
         QCOMPARE(slider->parentWidget()->maximumHeight(), 240);
         QVERIFY(slider->parentWidget()->rect().contains(slider->geometry()));
         QCOMPARE(slider->visibleRegion().boundingRect(), QRect(0, 0, 500, 240));
-        panel.hide();
     }
 
     void NothingOfTheBodyIsCutOffOrOverlaps()
     {
-        VenueDetailsWidget panel;
-        panel.resize(1062, 516);
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const ShownPanel panel;
+        QVERIFY(panel.isShown);
         QVERIFY(!Body(panel)->horizontalScrollBar()->isVisible());
         QVERIFY(Body(panel)->verticalScrollBar()->isVisible());
         QList<QWidget*> shown;
@@ -523,72 +464,56 @@ private Q_SLOTS:
             for (const QWidget* other : std::as_const(shown))
                 QVERIFY(other == widget || !GeometryIn(*Body(panel)->widget(), other).intersects(place));
         }
-        panel.hide();
     }
 
     void ColumnsStandInLine()
     {
-        VenueDetailsWidget panel;
-        panel.resize(1200, 516);
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
-        const QRect general = GeometryIn(panel, Label(panel, QStringLiteral("General")));
-        const QRect dock = GeometryIn(panel, Label(panel, QStringLiteral("Loading dock")));
+        const ShownPanel panel(1200);
+        QVERIFY(panel.isShown);
+        const QRect general = GeometryIn(panel, Label(panel, u"General"_s));
+        const QRect dock = GeometryIn(panel, Label(panel, u"Loading dock"_s));
         QCOMPARE(general.width(), 500);
         QCOMPARE(general.top(), dock.top());
         QVERIFY(dock.left() - general.right() - 1 >= 22);
-        QCOMPARE(GeometryIn(panel, Label(panel, QStringLiteral("ID:"))).left(), dock.left());
+        QCOMPARE(GeometryIn(panel, Label(panel, u"ID:"_s)).left(), dock.left());
         const QRect id = GeometryIn(panel, LineEdits(panel).value(Id));
         const QRect comment = GeometryIn(panel, TextEdits(panel).value(DockComment));
         QCOMPARE(id.left(), comment.left());
         QCOMPARE(id.right(), comment.right());
         QCOMPARE(GeometryIn(panel, TextEdits(panel).value(LocationComment)).bottom(),
                  GeometryIn(panel, TextEdits(panel).value(RiggingComment)).bottom());
-        panel.hide();
     }
 
     void TooltipTellsWhatTheFieldMeans_data()
     {
-        QTest::addColumn<int>("line");
-        QTest::addColumn<int>("text");
-        QTest::addColumn<QString>("tooltip");
-        QTest::newRow("complex name")
-            << int(ComplexName) << -1
-            << QStringLiteral(
-                   "Name of overall multi-venue building or campus (identical to Venue name if there "
-                   "is only one event venue in the building/on the campus).");
-        QTest::newRow("venue/room name")
-            << int(VenueRoomName) << -1
-            << QStringLiteral(
-                   "Name of the specific venue/room within the multi-venue building/campus (identical "
-                   "to Complex name if there is only one venue in the building).");
-        QTest::newRow("address") << -1 << int(Address) << QStringLiteral("Official address of venue.");
-        QTest::newRow("location comment")
-            << -1 << int(LocationComment)
-            << QStringLiteral("Anything that is important to know when accessing the venue, such as \"try to "
-                              "arrive before 9am to avoid terrible traffic\".");
-        QTest::newRow("dock address")
-            << int(DockAddress) << -1
-            << QStringLiteral(
-                   "If the street address of the loading dock is not the same as the official loading "
-                   "dock address, please enter here.");
-        QTest::newRow("dock comment")
-            << -1 << int(DockComment)
-            << QStringLiteral("If there are any peculiarities about the dock (e.g. \"difficult to reverse "
-                              "into\", or \"freight elevator only\"), please note them here.");
-        QTest::newRow("clearance") << int(Clearance) << -1
-                                   << QStringLiteral(
-                                          "To calculate how much actual rigging height is going to be "
-                                          "available considering production-specific pre-riggs and "
-                                          "chain motors.");
-        QTest::newRow("rigging comment")
-            << -1 << int(RiggingComment)
-            << QStringLiteral("Any specialties or unusual restrictions, such as \"all points have to be "
-                              "bridled\" or \"no access to catwalk, all points have to be set via cherry "
-                              "picker\".");
+        const Rows<int, int, QString> row("line", "text", "tooltip");
+        row("complex name", int(ComplexName), -1,
+            u"Name of overall multi-venue building or campus (identical to Venue name if there "
+            "is only one event venue in the building/on the campus)."_s);
+        row("venue/room name", int(VenueRoomName), -1,
+            u"Name of the specific venue/room within the multi-venue building/campus (identical "
+            "to Complex name if there is only one venue in the building)."_s);
+        row("address", -1, int(Address), u"Official address of venue."_s);
+        row("location comment", -1, int(LocationComment),
+            u"Anything that is important to know when accessing the venue, such as \"try to "
+            "arrive before 9am to avoid terrible traffic\"."_s);
+        row("dock address", int(DockAddress), -1,
+            u"If the street address of the loading dock is not the same as the official loading "
+            "dock address, please enter here."_s);
+        row("dock comment", -1, int(DockComment),
+            u"If there are any peculiarities about the dock (e.g. \"difficult to reverse "
+            "into\", or \"freight elevator only\"), please note them here."_s);
+        row("clearance", int(Clearance), -1,
+            u"To calculate how much actual rigging height is going to be "
+            "available considering production-specific pre-riggs and "
+            "chain motors."_s);
+        row("rigging comment", -1, int(RiggingComment),
+            u"Any specialties or unusual restrictions, such as \"all points have to be "
+            "bridled\" or \"no access to catwalk, all points have to be set via cherry "
+            "picker\"."_s);
         for (const LineField field : {Id, Editor, EditDate, UploadDate})
             QTest::addRow("none for line field %d", int(field)) << int(field) << -1 << QString();
-        QTest::newRow("none for the general comment") << -1 << int(GeneralComment) << QString();
+        row("none for the general comment", -1, int(GeneralComment), {});
     }
     void TooltipTellsWhatTheFieldMeans()
     {
@@ -620,7 +545,6 @@ private Q_SLOTS:
         QVERIFY(Body(panel)->isVisible());
         QCOMPARE(panel.minimumHeight(), 0);
         QCOMPARE(panel.maximumHeight(), 516);
-        panel.hide();
     }
 
     void CollapsedHeightDependsOnNoFont()
@@ -678,7 +602,6 @@ private Q_SLOTS:
         QTest::mouseClick(FoldIcon(panel), Qt::LeftButton);
         QVERIFY(Body(panel)->isVisible());
         QCOMPARE(FoldIconColour(panel), QColor(0x01, 0x02, 0x03));
-        panel.hide();
     }
 
     void DayModeShowsTheDayIconsAtOnce()
@@ -723,10 +646,9 @@ private Q_SLOTS:
     {
         VenueDetailsWidget panel;
         panel.show();
-        QTest::mouseClick(Label(panel, QStringLiteral("Venue details")), Qt::LeftButton);
+        QTest::mouseClick(Label(panel, u"Venue details"_s), Qt::LeftButton);
         QTest::mouseClick(CaptionBar(panel), Qt::LeftButton);
         QVERIFY(Body(panel)->isVisible());
-        panel.hide();
     }
 
     void FocusSelectsACommentAndLeavingItUnselects_data()
@@ -738,10 +660,8 @@ private Q_SLOTS:
     void FocusSelectsACommentAndLeavingItUnselects()
     {
         QFETCH(int, field);
-        VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        const ShownPanel panel;
+        QVERIFY(panel.isShown);
         QTextEdit* textEdit = TextEdits(panel).value(field);
         LineEdits(panel).value(Id)->setFocus();
         QVERIFY(!textEdit->textCursor().hasSelection());
@@ -752,15 +672,12 @@ private Q_SLOTS:
         LineEdits(panel).value(Id)->setFocus(Qt::BacktabFocusReason);
         QTRY_VERIFY(!textEdit->hasFocus());
         QVERIFY(!textEdit->textCursor().hasSelection());
-        panel.hide();
     }
 
     void TabLeavesAComment()
     {
-        VenueDetailsWidget panel;
-        Fill(panel, CreateVenue());
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        const ShownPanel panel;
+        QVERIFY(panel.isShown);
         QTextEdit* first = TextEdits(panel).value(GeneralComment);
         QTextEdit* second = TextEdits(panel).value(Address);
         first->setFocus();
@@ -769,14 +686,13 @@ private Q_SLOTS:
         QTRY_VERIFY(second->hasFocus());
         QVERIFY(!first->textCursor().hasSelection());
         QCOMPARE(second->textCursor().selection().toPlainText(), second->toPlainText());
-        panel.hide();
     }
 
     void LeavingALongCommentDoesNotScrollIt()
     {
         VenueDetailsWidget panel;
         Venue venue;
-        venue.SetGeneralComment(QStringList(40, QStringLiteral("line")).join(QLatin1Char('\n')));
+        venue.SetGeneralComment(QStringList(40, u"line"_s).join(u'\n'));
         Fill(panel, venue);
         panel.show();
         QVERIFY(QTest::qWaitForWindowActive(&panel));
@@ -787,16 +703,14 @@ private Q_SLOTS:
         LineEdits(panel).value(Id)->setFocus();
         QTRY_VERIFY(!textEdit->hasFocus());
         QCOMPARE(textEdit->verticalScrollBar()->value(), 0);
-        panel.hide();
     }
 
     void StyleSheetBackgroundIsPainted()
     {
         VenueDetailsWidget panel;
-        panel.setStyleSheet(
-            QStringLiteral("korvel--Ui--VenueDatabase--VenueDetailsWidget { background: #ff0000; }"
-                           "QScrollArea, QScrollArea > QWidget > QWidget { background: "
-                           "transparent; }"));
+        panel.setStyleSheet(u"korvel--Ui--VenueDatabase--VenueDetailsWidget { background: #ff0000; }"
+                            "QScrollArea, QScrollArea > QWidget > QWidget { background: "
+                            "transparent; }"_s);
         panel.resize(1062, 516);
         QCOMPARE(panel.grab().toImage().pixelColor(1, 514), QColor(Qt::red));
     }

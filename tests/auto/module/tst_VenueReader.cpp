@@ -2,12 +2,12 @@
 #include <fuzz/MutatedReplies.h>
 #include <fuzz/ReaderComparison.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/StrictTest.h>
 
 #include <QDir>
 #include <QFile>
-#include <QTest>
 
+using namespace korvel::Test;
 using korvel::Fuzz::IsReadQuickly;
 using korvel::Fuzz::MutatedReplies;
 using korvel::Fuzz::ReaderDifference;
@@ -37,16 +37,11 @@ QByteArray WithDepth(int depth)
 } // namespace
 
 /// Holds the reading of replies straight from their bytes to what QJsonDocument makes of them.
-class tst_VenueReader : public QObject
+class tst_VenueReader : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void ReadsLikeQJsonDocument_data()
     {
         QTest::addColumn<QByteArray>("body");

@@ -1,54 +1,27 @@
-#include <data/ConnectorJsonRest.h>
-
+#include <tests/support/ConnectorTest.h>
 #include <tests/support/Fixture.h>
-#include <tests/support/MessageGuard.h>
-#include <tests/support/ScriptedServer.h>
-#include <tests/support/VdbMessages.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
 
-#include <QElapsedTimer>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QNetworkReply>
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
 
-#include <functional>
-#include <memory>
-
-using namespace korvel::Data::VenueDatabase;
 using namespace Qt::Literals::StringLiterals;
-using korvel::Demo::Fault;
-using korvel::Demo::NetworkFault;
-using korvel::Test::Fixture;
-using korvel::Test::FixtureObject;
-using korvel::Test::JsonObject;
-using korvel::Test::ScriptedServer;
-using korvel::Test::VdbMessages;
+using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Demo;
+using namespace korvel::Test;
 
 using Filters = QList<std::pair<QString, QString>>;
-using Script = std::function<void(ScriptedServer&)>;
 using TextGetter = QString (Venue::*)() const;
 
-Q_DECLARE_METATYPE(Script)
 Q_DECLARE_METATYPE(TextGetter)
 
 namespace {
 
-QStringList ComplexNames(const QList<Venue>& venues)
-{
-    QStringList names;
-    for (const Venue& venue : venues)
-        names.append(venue.GetComplexName());
-    return names;
-}
-
 /// What stood in the caller's list before a search.
 QList<Venue> OldVenues()
 {
-    Venue venue;
-    venue.SetComplexName(u"old"_s);
-    return {venue, venue};
+    return {MakeVenue(-1, u"old"_s), MakeVenue(-1, u"old"_s)};
 }
 
 /// A document with one venue that has these "attributes".
@@ -57,45 +30,21 @@ QByteArray DocumentWithAttributes(const QByteArray& attributes)
     return R"({"data": [{"type": "venue", "attributes": )" + attributes + "}]}";
 }
 
-constexpr const char* c_jsonApi = "application/vnd.api+json";
 const QByteArray c_oneVenue = R"({"data": [{"attributes": {"title": "new"}}]})";
 
 } // namespace
 
-class tst_VenueSearch : public QObject
+class tst_VenueSearch : public ConnectorTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_server = std::make_unique<ScriptedServer>();
-    }
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_messages = std::make_unique<VdbMessages>();
-        m_server->Reset();
-        m_connector = std::make_unique<ConnectorJsonRest>(nullptr);
-    }
-    void cleanup()
-    {
-        m_connector.reset();
-        // A failed search is shown to the user, so nothing of it belongs into the log.
-        QCOMPARE(m_messages->Take(), QStringList());
-        m_messages.reset();
-    }
-    void cleanupTestCase()
-    {
-        m_server.reset();
-    }
-
     // The reply.
 
     void WholeReplyIsReadInReverseOrder()
     {
         const QList<Venue> venues = m_connector->ProcessVenueEntriesReply(FixtureObject(u"venues.json"_s));
-        QCOMPARE(ComplexNames(venues), QStringList({u"Complex C"_s, u"Complex B"_s, u"Komplex \u00c4"_s}));
+        QCOMPARE(NamesOf(venues), QStringList({u"Complex C"_s, u"Complex B"_s, u"Komplex \u00c4"_s}));
 
         const Venue& full = venues.at(2);
         QCOMPARE(full.GetId(), 101);
@@ -133,14 +82,14 @@ private Q_SLOTS:
 
     void ReplyWithoutVenues_data()
     {
-        QTest::addColumn<QByteArray>("reply");
-        QTest::newRow("empty object") << QByteArray("{}");
-        QTest::newRow("no data") << QByteArray(R"({"meta": {"count": 0}})");
-        QTest::newRow("empty data") << QByteArray(R"({"data": []})");
-        QTest::newRow("data is null") << QByteArray(R"({"data": null})");
-        QTest::newRow("data is an object") << QByteArray(R"({"data": {"attributes": {"title": "x"}}})");
-        QTest::newRow("data is a text") << QByteArray(R"({"data": "x"})");
-        QTest::newRow("data in capitals") << QByteArray(R"({"Data": [{"attributes": {"title": "x"}}]})");
+        const Rows<QByteArray> row("reply");
+        row("empty object", "{}");
+        row("no data", R"({"meta": {"count": 0}})");
+        row("empty data", R"({"data": []})");
+        row("data is null", R"({"data": null})");
+        row("data is an object", R"({"data": {"attributes": {"title": "x"}}})");
+        row("data is a text", R"({"data": "x"})");
+        row("data in capitals", R"({"Data": [{"attributes": {"title": "x"}}]})");
     }
     void ReplyWithoutVenues()
     {
@@ -150,10 +99,9 @@ private Q_SLOTS:
 
     void AttributeGoesToItsField_data()
     {
-        QTest::addColumn<QByteArray>("attributes");
-        QTest::addColumn<TextGetter>("getter");
+        const Rows<QByteArray, TextGetter> row("attributes", "getter");
         for (const Attribute& attribute : c_attributes)
-            QTest::newRow(attribute.json) << QByteArray(attribute.json) << attribute.getter;
+            row(attribute.json, QByteArray(attribute.json), attribute.getter);
     }
     void AttributeGoesToItsField()
     {
@@ -180,12 +128,12 @@ private Q_SLOTS:
 
     void TextOfAnotherTypeIsEmpty_data()
     {
-        QTest::addColumn<QByteArray>("value");
-        QTest::newRow("number") << QByteArray("12.5");
-        QTest::newRow("bool") << QByteArray("true");
-        QTest::newRow("null") << QByteArray("null");
-        QTest::newRow("array") << QByteArray(R"(["x"])");
-        QTest::newRow("object") << QByteArray(R"({"x": "x"})");
+        const Rows<QByteArray> row("value");
+        row("number", "12.5");
+        row("bool", "true");
+        row("null", "null");
+        row("array", R"(["x"])");
+        row("object", R"({"x": "x"})");
     }
     void TextOfAnotherTypeIsEmpty()
     {
@@ -200,16 +148,15 @@ private Q_SLOTS:
 
     void IncompleteElementIsAnEmptyVenue_data()
     {
-        QTest::addColumn<QByteArray>("element");
-        QTest::newRow("empty object") << QByteArray("{}");
-        QTest::newRow("null") << QByteArray("null");
-        QTest::newRow("number") << QByteArray("1");
-        QTest::newRow("text") << QByteArray(R"("venue")");
-        QTest::newRow("array") << QByteArray(R"([{"attributes": {"title": "x"}}])");
-        QTest::newRow("attributes are null") << QByteArray(R"({"attributes": null})");
-        QTest::newRow("attributes are an array") << QByteArray(R"({"attributes": [{"title": "x"}]})");
-        QTest::newRow("relationships are a text")
-            << QByteArray(R"({"relationships": "x", "attributes": {}})");
+        const Rows<QByteArray> row("element");
+        row("empty object", "{}");
+        row("null", "null");
+        row("number", "1");
+        row("text", R"("venue")");
+        row("array", R"([{"attributes": {"title": "x"}}])");
+        row("attributes are null", R"({"attributes": null})");
+        row("attributes are an array", R"({"attributes": [{"title": "x"}]})");
+        row("relationships are a text", R"({"relationships": "x", "attributes": {}})");
     }
     void IncompleteElementIsAnEmptyVenue()
     {
@@ -251,18 +198,14 @@ private Q_SLOTS:
 
     void Country_data()
     {
-        QTest::addColumn<QByteArray>("address");
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("known") << QByteArray(R"({"country_code": "DE"})") << u"DE"_s << u"Germany"_s;
-        QTest::newRow("lower case") << QByteArray(R"({"country_code": "de"})") << u"de"_s << u"unknown"_s;
-        QTest::newRow("not in the table")
-            << QByteArray(R"({"country_code": "UA"})") << u"UA"_s << u"unknown"_s;
-        QTest::newRow("missing") << QByteArray("{}") << QString() << u"unknown"_s;
-        QTest::newRow("number") << QByteArray(R"({"country_code": 49})") << QString() << u"unknown"_s;
-        QTest::newRow("name instead of code")
-            << QByteArray(R"({"country_code": "Germany"})") << u"Germany"_s << u"unknown"_s;
-        QTest::newRow("no address") << QByteArray("null") << QString() << u"unknown"_s;
+        const Rows<QByteArray, QString, QString> row("address", "code", "name");
+        row("known", R"({"country_code": "DE"})", u"DE"_s, u"Germany"_s);
+        row("lower case", R"({"country_code": "de"})", u"de"_s, u"unknown"_s);
+        row("not in the table", R"({"country_code": "UA"})", u"UA"_s, u"unknown"_s);
+        row("missing", "{}", {}, u"unknown"_s);
+        row("number", R"({"country_code": 49})", {}, u"unknown"_s);
+        row("name instead of code", R"({"country_code": "Germany"})", u"Germany"_s, u"unknown"_s);
+        row("no address", "null", {}, u"unknown"_s);
     }
     void Country()
     {
@@ -276,19 +219,18 @@ private Q_SLOTS:
 
     void UploadDate_data()
     {
-        QTest::addColumn<QByteArray>("created");
-        QTest::addColumn<QDate>("date");
-        QTest::newRow("date") << QByteArray(R"("2023-02-01")") << QDate(2023, 2, 1);
-        QTest::newRow("leap day") << QByteArray(R"("2024-02-29")") << QDate(2024, 2, 29);
-        QTest::newRow("no leap day") << QByteArray(R"("2023-02-29")") << QDate();
-        QTest::newRow("with a time") << QByteArray(R"("2023-02-01T00:00:00+00:00")") << QDate();
-        QTest::newRow("single digits") << QByteArray(R"("2023-2-1")") << QDate();
-        QTest::newRow("without hyphens") << QByteArray(R"("20230201")") << QDate();
-        QTest::newRow("other order") << QByteArray(R"("01-02-2023")") << QDate();
-        QTest::newRow("blank behind") << QByteArray(R"("2023-02-01 ")") << QDate();
-        QTest::newRow("empty") << QByteArray(R"("")") << QDate();
-        QTest::newRow("number") << QByteArray("20230201") << QDate();
-        QTest::newRow("null") << QByteArray("null") << QDate();
+        const Rows<QByteArray, QDate> row("created", "date");
+        row("date", R"("2023-02-01")", QDate(2023, 2, 1));
+        row("leap day", R"("2024-02-29")", QDate(2024, 2, 29));
+        row("no leap day", R"("2023-02-29")", {});
+        row("with a time", R"("2023-02-01T00:00:00+00:00")", {});
+        row("single digits", R"("2023-2-1")", {});
+        row("without hyphens", R"("20230201")", {});
+        row("other order", R"("01-02-2023")", {});
+        row("blank behind", R"("2023-02-01 ")", {});
+        row("empty", R"("")", {});
+        row("number", "20230201", {});
+        row("null", "null", {});
     }
     void UploadDate()
     {
@@ -299,23 +241,22 @@ private Q_SLOTS:
 
     void EditDate_data()
     {
-        QTest::addColumn<QByteArray>("changed");
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("+00:00") << QByteArray(R"("2024-03-01T10:20:30+00:00")") << true;
-        QTest::newRow("Z") << QByteArray(R"("2024-03-01T10:20:30Z")") << false;
-        QTest::newRow("+01:00") << QByteArray(R"("2024-03-01T10:20:30+01:00")") << false;
-        QTest::newRow("-00:00") << QByteArray(R"("2024-03-01T10:20:30-00:00")") << false;
-        QTest::newRow("+0000") << QByteArray(R"("2024-03-01T10:20:30+0000")") << false;
-        QTest::newRow("no zone") << QByteArray(R"("2024-03-01T10:20:30")") << false;
-        QTest::newRow("fraction of a second") << QByteArray(R"("2024-03-01T10:20:30.123+00:00")") << false;
-        QTest::newRow("date only") << QByteArray(R"("2024-03-01")") << false;
-        QTest::newRow("blank instead of T") << QByteArray(R"("2024-03-01 10:20:30+00:00")") << false;
-        QTest::newRow("hour 24") << QByteArray(R"("2024-03-01T24:20:30+00:00")") << false;
-        QTest::newRow("no such day") << QByteArray(R"("2024-02-30T10:20:30+00:00")") << false;
-        QTest::newRow("text behind") << QByteArray(R"("2024-03-01T10:20:30+00:00 UTC")") << false;
-        QTest::newRow("empty") << QByteArray(R"("")") << false;
-        QTest::newRow("number") << QByteArray("1709288430") << false;
-        QTest::newRow("null") << QByteArray("null") << false;
+        const Rows<QByteArray, bool> row("changed", "valid");
+        row("+00:00", R"("2024-03-01T10:20:30+00:00")", true);
+        row("Z", R"("2024-03-01T10:20:30Z")", false);
+        row("+01:00", R"("2024-03-01T10:20:30+01:00")", false);
+        row("-00:00", R"("2024-03-01T10:20:30-00:00")", false);
+        row("+0000", R"("2024-03-01T10:20:30+0000")", false);
+        row("no zone", R"("2024-03-01T10:20:30")", false);
+        row("fraction of a second", R"("2024-03-01T10:20:30.123+00:00")", false);
+        row("date only", R"("2024-03-01")", false);
+        row("blank instead of T", R"("2024-03-01 10:20:30+00:00")", false);
+        row("hour 24", R"("2024-03-01T24:20:30+00:00")", false);
+        row("no such day", R"("2024-02-30T10:20:30+00:00")", false);
+        row("text behind", R"("2024-03-01T10:20:30+00:00 UTC")", false);
+        row("empty", R"("")", false);
+        row("number", "1709288430", false);
+        row("null", "null", false);
     }
     void EditDate()
     {
@@ -334,58 +275,40 @@ private Q_SLOTS:
 
     void Editor_data()
     {
-        QTest::addColumn<QByteArray>("relationships");
-        QTest::addColumn<QByteArray>("included");
-        QTest::addColumn<qint64>("editor");
+        const Rows<QByteArray, QByteArray, qint64> row("relationships", "included", "editor");
         const QByteArray toU = R"({"editor": {"data": {"type": "user", "id": "u"}}})";
         const QByteArray userU = R"({"type": "user", "id": "u", "attributes": {"entity_id": 5}})";
         const QByteArray laterU = R"({"type": "user", "id": "u", "attributes": {"entity_id": 6}})";
 
-        QTest::newRow("matching user") << toU << "[" + userU + "]" << 5LL;
-        QTest::newRow("first of two matches wins") << toU << "[" + userU + "," + laterU + "]" << 5LL;
-        QTest::newRow("first match wins although it names no entity")
-            << toU << R"([{"type": "user", "id": "u"},)" + userU + "]" << 0LL;
-        QTest::newRow("other type with the same id is skipped")
-            << toU << R"([{"type": "venue", "id": "u", "attributes": {"entity_id": 4}},)" + userU + "]"
-            << 5LL;
-        QTest::newRow("type in capitals")
-            << toU << QByteArray(R"([{"type": "User", "id": "u", "attributes": {"entity_id": 4}}])") << -1LL;
-        QTest::newRow("no type") << toU << QByteArray(R"([{"id": "u", "attributes": {"entity_id": 4}}])")
-                                 << -1LL;
-        QTest::newRow("other user") << toU
-                                    << QByteArray(
-                                           R"([{"type": "user", "id": "v", "attributes": {"entity_id": 4}}])")
-                                    << -1LL;
-        QTest::newRow("id in capitals")
-            << toU << QByteArray(R"([{"type": "user", "id": "U", "attributes": {"entity_id": 4}}])") << -1LL;
-        QTest::newRow("no user") << toU << QByteArray("[]") << -1LL;
-        QTest::newRow("included is an object") << toU << userU << -1LL;
-        QTest::newRow("included is null") << toU << QByteArray("null") << -1LL;
-        QTest::newRow("rubbish in included is skipped")
-            << toU << R"([null, 1, "u", [],)" + userU + "]" << 5LL;
-        QTest::newRow("number never equals the text")
-            << QByteArray(R"({"editor": {"data": {"id": "5"}}})")
-            << QByteArray(R"([{"type": "user", "id": 5, "attributes": {"entity_id": 4}}])") << -1LL;
-        QTest::newRow("text never equals the number")
-            << QByteArray(R"({"editor": {"data": {"id": 5}}})")
-            << QByteArray(R"([{"type": "user", "id": "5", "attributes": {"entity_id": 4}}])") << -1LL;
-        QTest::newRow("number in both places")
-            << QByteArray(R"({"editor": {"data": {"id": 5}}})")
-            << QByteArray(R"([{"type": "user", "id": 5, "attributes": {"entity_id": 4}}])") << -1LL;
-        QTest::newRow("no relationship") << QByteArray("{}") << "[" + userU + "]" << -1LL;
-        QTest::newRow("relationship to nobody")
-            << QByteArray(R"({"editor": {"data": null}})") << "[" + userU + "]" << -1LL;
-        QTest::newRow("relationship to many")
-            << QByteArray(R"({"editor": {"data": [{"id": "u"}]}})") << "[" + userU + "]" << -1LL;
+        row("matching user", toU, "[" + userU + "]", 5);
+        row("first of two matches wins", toU, "[" + userU + "," + laterU + "]", 5);
+        row("first match wins although it names no entity", toU,
+            R"([{"type": "user", "id": "u"},)" + userU + "]", 0);
+        row("other type with the same id is skipped", toU,
+            R"([{"type": "venue", "id": "u", "attributes": {"entity_id": 4}},)" + userU + "]", 5);
+        row("type in capitals", toU, R"([{"type": "User", "id": "u", "attributes": {"entity_id": 4}}])", -1);
+        row("no type", toU, R"([{"id": "u", "attributes": {"entity_id": 4}}])", -1);
+        row("other user", toU, R"([{"type": "user", "id": "v", "attributes": {"entity_id": 4}}])", -1);
+        row("id in capitals", toU, R"([{"type": "user", "id": "U", "attributes": {"entity_id": 4}}])", -1);
+        row("no user", toU, "[]", -1);
+        row("included is an object", toU, userU, -1);
+        row("included is null", toU, "null", -1);
+        row("rubbish in included is skipped", toU, R"([null, 1, "u", [],)" + userU + "]", 5);
+        row("number never equals the text", R"({"editor": {"data": {"id": "5"}}})",
+            R"([{"type": "user", "id": 5, "attributes": {"entity_id": 4}}])", -1);
+        row("text never equals the number", R"({"editor": {"data": {"id": 5}}})",
+            R"([{"type": "user", "id": "5", "attributes": {"entity_id": 4}}])", -1);
+        row("number in both places", R"({"editor": {"data": {"id": 5}}})",
+            R"([{"type": "user", "id": 5, "attributes": {"entity_id": 4}}])", -1);
+        row("no relationship", "{}", "[" + userU + "]", -1);
+        row("relationship to nobody", R"({"editor": {"data": null}})", "[" + userU + "]", -1);
+        row("relationship to many", R"({"editor": {"data": [{"id": "u"}]}})", "[" + userU + "]", -1);
         // A missing id reads as an empty text, which is the id of this user.
-        QTest::newRow("no relationship, user with an empty id")
-            << QByteArray("{}")
-            << QByteArray(R"([{"type": "user", "id": "", "attributes": {"entity_id": 4}}])") << 4LL;
-        QTest::newRow("no relationship, user without an id")
-            << QByteArray("{}") << QByteArray(R"([{"type": "user", "attributes": {"entity_id": 4}}])")
-            << -1LL;
-        QTest::newRow("relationship of another kind")
-            << QByteArray(R"({"author": {"data": {"id": "u"}}})") << "[" + userU + "]" << -1LL;
+        row("no relationship, user with an empty id", "{}",
+            R"([{"type": "user", "id": "", "attributes": {"entity_id": 4}}])", 4);
+        row("no relationship, user without an id", "{}",
+            R"([{"type": "user", "attributes": {"entity_id": 4}}])", -1);
+        row("relationship of another kind", R"({"author": {"data": {"id": "u"}}})", "[" + userU + "]", -1);
     }
     void Editor()
     {
@@ -397,27 +320,22 @@ private Q_SLOTS:
         QCOMPARE(venue.GetEditor(), editor);
     }
 
-    void CostGrowsLinearlyWithTheReply()
+    void EveryVenueFindsItsOwnEditor()
     {
-        // Every venue has an editor of its own, the last ones first. Walking "included" for each venue would
-        // take minutes.
-        constexpr int count = 30'000;
+        // The last ones first.
+        constexpr int count = 300;
         QJsonArray data;
         QJsonArray included;
-        for (int index = 0; index < count; ++index) {
-            const QString user = u"user-%1"_s.arg(count - index);
+        for (int index = 1; index <= count; ++index) {
+            const QJsonObject user{{u"id"_s, u"user-%1"_s.arg(count + 1 - index)}};
             data.append(QJsonObject{
-                {u"relationships"_s,
-                 QJsonObject{{u"editor"_s, QJsonObject{{u"data"_s, QJsonObject{{u"id"_s, user}}}}}}}});
+                {u"relationships"_s, QJsonObject{{u"editor"_s, QJsonObject{{u"data"_s, user}}}}}});
             included.append(QJsonObject{{u"type"_s, u"user"_s},
-                                        {u"id"_s, u"user-%1"_s.arg(index + 1)},
-                                        {u"attributes"_s, QJsonObject{{u"entity_id"_s, index + 1}}}});
+                                        {u"id"_s, u"user-%1"_s.arg(index)},
+                                        {u"attributes"_s, QJsonObject{{u"entity_id"_s, index}}}});
         }
-        QElapsedTimer timer;
-        timer.start();
         const QList<Venue> venues
             = m_connector->ProcessVenueEntriesReply({{u"data"_s, data}, {u"included"_s, included}});
-        QVERIFY2(timer.elapsed() < 20'000, qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(venues.size(), count);
         for (int index = 0; index < count; ++index)
             QCOMPARE(venues.at(index).GetEditor(), index + 1);
@@ -435,8 +353,7 @@ private Q_SLOTS:
 
     void RequestOnTheWire_data()
     {
-        QTest::addColumn<Filters>("filters");
-        QTest::addColumn<QByteArray>("target");
+        const Rows<Filters, QByteArray> row("filters", "target");
         const auto condition = [](const QByteArray& key, const QByteArray& path, const QByteArray& value) {
             const QByteArray prefix = "filter[" + key + "][condition]";
             return prefix + "[path]=" + path + "&" + prefix + "[operator]=CONTAINS&" + prefix
@@ -446,40 +363,30 @@ private Q_SLOTS:
         const QByteArray end = "include=editor";
         const auto title = [](const QString& text) { return Filters{{u"title"_s, text}}; };
 
-        QTest::newRow("no filter asks for all venues") << Filters() << start + end;
-        QTest::newRow("text keeps its case")
-            << title(u"Hall"_s) << start + condition("title", "title", "Hall") + end;
-        QTest::newRow("path in lower case")
-            << Filters{{u"Venue_ROOM_Name"_s, u"A"_s}}
-            << start + condition("venue_room_name", "venue_room_name", "A") + end;
-        QTest::newRow("path into the address")
-            << Filters{{u"address.locality"_s, u"Paris"_s}}
-            << start + condition("address.locality", "address.locality", "Paris") + end;
-        QTest::newRow("two filters in their order")
-            << Filters{{u"venue_room_name"_s, u"B"_s}, {u"title"_s, u"A"_s}}
-            << start + condition("venue_room_name", "venue_room_name", "B") + condition("title", "title", "A")
-                + end;
-        QTest::newRow("same path twice")
-            << Filters{{u"title"_s, u"A"_s}, {u"title"_s, u"B"_s}}
-            << start + condition("title", "title", "A") + condition("title", "title", "B") + end;
-        QTest::newRow("empty text") << title(u""_s) << start + condition("title", "title", "") + end;
-        QTest::newRow("separators") << title(u"A&B=C#D"_s)
-                                    << start + condition("title", "title", "A%26B%3DC%23D") + end;
-        QTest::newRow("blank") << title(u"Royal Hall"_s)
-                               << start + condition("title", "title", "Royal%20Hall") + end;
-        QTest::newRow("plus, question mark, slash")
-            << title(u"A+B?/C"_s) << start + condition("title", "title", "A+B?/C") + end;
-        QTest::newRow("not ASCII") << title(u"Stra\u00dfe \u0416"_s)
-                                   << start + condition("title", "title", "Stra%C3%9Fe%20%D0%96") + end;
-        QTest::newRow("line break and markup")
-            << title(u"a\r\nX: <b>\""_s)
-            << start + condition("title", "title", "a%0D%0AX:%20%3Cb%3E%22") + end;
-        QTest::newRow("typed triplets count as encoded")
-            << title(u"%41 %C3%9F"_s) << start + condition("title", "title", "A%20%C3%9F") + end;
-        QTest::newRow("per cent sign")
-            << title(u"100%"_s) << start + condition("title", "title", "100%25") + end;
-        QTest::newRow("brackets in a path")
-            << Filters{{u"a]b"_s, u"x"_s}} << start + condition("a]b", "a]b", "x") + end;
+        row("no filter asks for all venues", {}, start + end);
+        row("text keeps its case", title(u"Hall"_s), start + condition("title", "title", "Hall") + end);
+        row("path in lower case", {{u"Venue_ROOM_Name"_s, u"A"_s}},
+            start + condition("venue_room_name", "venue_room_name", "A") + end);
+        row("path into the address", {{u"address.locality"_s, u"Paris"_s}},
+            start + condition("address.locality", "address.locality", "Paris") + end);
+        row("two filters in their order", {{u"venue_room_name"_s, u"B"_s}, {u"title"_s, u"A"_s}},
+            start + condition("venue_room_name", "venue_room_name", "B") + condition("title", "title", "A")
+                + end);
+        row("same path twice", {{u"title"_s, u"A"_s}, {u"title"_s, u"B"_s}},
+            start + condition("title", "title", "A") + condition("title", "title", "B") + end);
+        row("empty text", title(u""_s), start + condition("title", "title", "") + end);
+        row("separators", title(u"A&B=C#D"_s), start + condition("title", "title", "A%26B%3DC%23D") + end);
+        row("blank", title(u"Royal Hall"_s), start + condition("title", "title", "Royal%20Hall") + end);
+        row("plus, question mark, slash", title(u"A+B?/C"_s),
+            start + condition("title", "title", "A+B?/C") + end);
+        row("not ASCII", title(u"Stra\u00dfe \u0416"_s),
+            start + condition("title", "title", "Stra%C3%9Fe%20%D0%96") + end);
+        row("line break and markup", title(u"a\r\nX: <b>\""_s),
+            start + condition("title", "title", "a%0D%0AX:%20%3Cb%3E%22") + end);
+        row("typed triplets count as encoded", title(u"%41 %C3%9F"_s),
+            start + condition("title", "title", "A%20%C3%9F") + end);
+        row("per cent sign", title(u"100%"_s), start + condition("title", "title", "100%25") + end);
+        row("brackets in a path", {{u"a]b"_s, u"x"_s}}, start + condition("a]b", "a]b", "x") + end);
     }
     void RequestOnTheWire()
     {
@@ -488,7 +395,7 @@ private Q_SLOTS:
         m_server->AnswerJsonApi(u"/api/venue"_s, c_oneVenue);
         QList<Venue> venues;
         QCOMPARE(m_connector->FindVenueEntries(filters, venues), Ok);
-        QCOMPARE(ComplexNames(venues), QStringList{u"new"_s});
+        QCOMPARE(NamesOf(venues), QStringList{u"new"_s});
         QCOMPARE(m_server->Log().RequestCount(), 1);
         QCOMPARE(m_server->Log().LastRequest().method, QByteArray("GET"));
         QCOMPARE(m_server->Log().LastRequest().target, target);
@@ -496,141 +403,35 @@ private Q_SLOTS:
 
     // The outcome.
 
+    // Every way to fail stands in the matrix; these are answers that are hardly different.
     void Outcome_data()
     {
-        QTest::addColumn<Script>("script");
-        QTest::addColumn<ResultStatus>("status");
-        QTest::addColumn<QStringList>("names");
-        const QString path = u"/api/venue"_s;
+        const Rows<Fault, ResultStatus, QStringList> row("answer", "status", "names");
         const QStringList old{u"old"_s, u"old"_s};
-        const QStringList none;
         const QStringList found{u"new"_s};
-        const auto answer
-            = [path](const QByteArray& body, const QByteArray& type = c_jsonApi, int status = 200) {
-                  return Script([=](ScriptedServer& server) { server.Answer(path, body, type, status); });
-              };
-        const auto fault = [](const Fault& fault) {
-            return Script([=](ScriptedServer& server) {
-                // The honest answer would have no venue in it.
-                server.AddFault(Fault(fault).WithBody(c_oneVenue + QByteArray(20'000, ' ')));
-            });
-        };
-        const auto network = [path](NetworkFault::Kind kind, qint64 value = 0) {
-            return Script([=](ScriptedServer& server) {
-                NetworkFault fault;
-                fault.kind = kind;
-                fault.value = value;
-                server.AddFault(fault);
-                server.AnswerJsonApi(path, c_oneVenue);
-            });
-        };
-        const auto certificate = [path](korvel::Demo::CertificateKind kind) {
-            return Script([=](ScriptedServer& server) {
-                NetworkFault fault;
-                fault.kind = NetworkFault::Kind::BadCertificate;
-                fault.certificate = kind;
-                server.AddFault(fault);
-                server.AnswerJsonApi(path, c_oneVenue);
-            });
-        };
+        const Fault answer
+            = Fault::On(u"/api/venue"_s).WithStatus(200).WithBody(c_oneVenue).WithMediaType(c_jsonApi);
 
-        QTest::newRow("venues") << answer(c_oneVenue) << Ok << found;
-        QTest::newRow("venues of a fixture")
-            << answer(Fixture(u"venues.json"_s)) << Ok
-            << QStringList{u"Complex C"_s, u"Complex B"_s, u"Komplex \u00c4"_s};
-
-        QTest::newRow("media type with a charset")
-            << answer(c_oneVenue, "application/vnd.api+json; charset=utf-8") << WrongContentType << old;
-        QTest::newRow("media type with a semicolon")
-            << answer(c_oneVenue, "application/vnd.api+json;") << WrongContentType << old;
-        QTest::newRow("media type in capitals")
-            << answer(c_oneVenue, "Application/vnd.api+json") << WrongContentType << old;
-        QTest::newRow("plain JSON") << answer(c_oneVenue, "application/json") << WrongContentType << old;
-        QTest::newRow("HTML") << answer("<html>", "text/html") << WrongContentType << old;
-        QTest::newRow("no media type")
-            << fault(Fault::On(path).WithoutMediaType()) << WrongContentType << old;
-        QTest::newRow("two media types")
-            << fault(Fault::On(path).WithSecondMediaType("text/html")) << WrongContentType << old;
-
-        QTest::newRow("error page in HTML") << answer("<html>", "text/html", 500) << WrongContentType << old;
-        for (const int status : {400, 401, 403, 404, 410, 418, 429, 500, 502, 503}) {
-            QTest::addRow("status %d with the right media type", status)
-                << answer(c_oneVenue, c_jsonApi, status) << WrongContentType << old;
+        row("venues", answer, Ok, found);
+        row("media type with a semicolon", Fault(answer).WithMediaType("application/vnd.api+json;"),
+            WrongContentType, old);
+        for (const int status : {401, 403, 410, 418, 429, 502}) {
+            const QByteArray name = "status " + QByteArray::number(status) + " with the right media type";
+            row(name, Fault(answer).WithStatus(status), WrongContentType, old);
         }
-        QTest::newRow("empty body") << answer({}) << Ok << none;
-        QTest::newRow("not JSON") << answer("<html>") << Ok << none;
-        QTest::newRow("JSON array") << answer("[" + c_oneVenue + "]") << Ok << none;
-        QTest::newRow("JSON text") << answer("\"x\"") << Ok << none;
-        QTest::newRow("no data") << answer("{}") << Ok << none;
-        QTest::newRow("empty data") << answer(R"({"data": []})") << Ok << none;
-        QTest::newRow("rubbish behind the JSON") << answer(c_oneVenue + "x") << Ok << none;
-        QTest::newRow("NaN") << answer(R"({"data": [{"attributes": {"entity_id": NaN}}]})") << Ok << none;
-        QTest::newRow("byte order mark") << answer("\xef\xbb\xbf" + c_oneVenue) << Ok << found;
-        QTest::newRow("invalid UTF-8")
-            << answer("{\"data\": [{\"attributes\": {\"title\": \"\xff\xfe\"}}]}") << Ok << none;
-        QTest::newRow("last of duplicate keys")
-            << answer(R"({"data": [{"attributes": {"title": "old"}}],)"
-                      R"("data": [{"attributes": {"title": "old", "title": "new"}}]})")
-            << Ok << found;
-        QTest::newRow("nested too deeply")
-            << answer(R"({"data": )" + QByteArray(5000, '[') + QByteArray(5000, ']') + "}") << Ok << none;
-        QTest::newRow("chunked") << fault(Fault::On(path).WithChunks()) << Ok << found;
-        QTest::newRow("in drips") << fault(Fault::On(path).WithDrip(5000, 10)) << Ok << found;
-
-        QTest::newRow("cut before the body")
-            << fault(Fault::On(path).WithCutAfter(0)) << WrongContentType << old;
-        QTest::newRow("cut in the body")
-            << fault(Fault::On(path).WithCutAfter(10'000)) << WrongContentType << old;
-        QTest::newRow("cut in a chunked body")
-            << fault(Fault::On(path).WithChunks().WithCutAfter(10'000)) << WrongContentType << old;
-        QTest::newRow("reset instead of an answer")
-            << fault(Fault::On(path).WithReset()) << WrongContentType << old;
-        QTest::newRow("reset in the body")
-            << fault(Fault::On(path).WithResetAfter(10'000)) << WrongContentType << old;
-        QTest::newRow("broken gzip") << fault(Fault::On(path).WithBrokenGzip()) << WrongContentType << old;
-
-        const QString host = m_server->Server().Host();
-        const auto redirect = [path, host](const QByteArray& url) {
-            return Script([=](ScriptedServer& server) {
-                server.AddFault(Fault::On(path).ForHost(host).WithRedirect(url));
-                server.AnswerJsonApi(u"/elsewhere"_s, c_oneVenue);
-            });
-        };
-        QTest::newRow("redirect to another https host")
-            << redirect("https://second.example/elsewhere") << Ok << found;
-        QTest::newRow("redirect to http")
-            << redirect("http://second.example/elsewhere") << WrongContentType << old;
-        QTest::newRow("redirect to a file") << redirect("file:///etc/passwd") << WrongContentType << old;
-        QTest::newRow("redirect in a circle")
-            << redirect("https://" + host.toLatin1() + "/api/venue") << WrongContentType << old;
-
-        QTest::newRow("proxy answers 502")
-            << network(NetworkFault::Kind::AnswerConnect, 502) << WrongContentType << old;
-        QTest::newRow("no TLS") << network(NetworkFault::Kind::GarbageInsteadOfTls) << WrongContentType
-                                << old;
-        QTest::newRow("connection reset")
-            << network(NetworkFault::Kind::ResetAfter) << WrongContentType << old;
-        using korvel::Demo::CertificateKind;
-        QTest::newRow("expired certificate")
-            << certificate(CertificateKind::Expired) << WrongContentType << old;
-        QTest::newRow("self-signed certificate")
-            << certificate(CertificateKind::SelfSigned) << WrongContentType << old;
-        QTest::newRow("certificate of another host")
-            << certificate(CertificateKind::WrongHost) << WrongContentType << old;
-        QTest::newRow("certificate of an unknown authority")
-            << certificate(CertificateKind::UnknownAuthority) << WrongContentType << old;
-        QTest::newRow("server down") << Script([](ScriptedServer& server) { server.Server().Stop(); })
-                                     << WrongContentType << old;
+        row("byte order mark", Fault(answer).WithBody("\xef\xbb\xbf" + c_oneVenue), Ok, found);
+        row("in drips", Fault(answer).WithBody(c_oneVenue + QByteArray(20'000, ' ')).WithDrip(5000, 10), Ok,
+            found);
     }
     void Outcome()
     {
-        QFETCH(Script, script);
+        QFETCH(Fault, answer);
         QFETCH(ResultStatus, status);
         QFETCH(QStringList, names);
-        script(*m_server);
+        m_server->AddFault(answer);
         QList<Venue> venues = OldVenues();
         QCOMPARE(m_connector->FindVenueEntries({}, venues), status);
-        QCOMPARE(ComplexNames(venues), names);
+        QCOMPARE(NamesOf(venues), names);
     }
 
     void ConnectorWorksAgainAfterAFailure()
@@ -640,7 +441,7 @@ private Q_SLOTS:
         QList<Venue> venues;
         QCOMPARE(m_connector->FindVenueEntries({}, venues), WrongContentType);
         QCOMPARE(m_connector->FindVenueEntries({}, venues), Ok);
-        QCOMPARE(ComplexNames(venues), QStringList{u"new"_s});
+        QCOMPARE(NamesOf(venues), QStringList{u"new"_s});
     }
 
     void PagingLinksAreNotFollowed()
@@ -655,9 +456,9 @@ private Q_SLOTS:
 
     void ReadReplyIsReleased_data()
     {
-        QTest::addColumn<int>("status");
-        QTest::newRow("success") << 200;
-        QTest::newRow("failure") << 500;
+        const Rows<int> row("status");
+        row("success", 200);
+        row("failure", 500);
     }
     void ReadReplyIsReleased()
     {
@@ -666,20 +467,18 @@ private Q_SLOTS:
         QList<Venue> venues;
         m_connector->FindVenueEntries({}, venues);
         QCOMPARE(m_connector->findChildren<QNetworkReply*>().size(), 1);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(m_connector->findChildren<QNetworkReply*>().size(), 0);
+        QCOMPARE(ReplyCount(), 0);
     }
 
     void ConnectorMayBeDeletedDuringTheWait()
     {
         m_server->Withhold(u"/api/venue"_s);
         const QObject context;
-        connect(&m_server->Log(), &korvel::Demo::RequestLog::RequestReceived, &context,
-                [this]() { m_connector.reset(); });
+        connect(&m_server->Log(), &RequestLog::RequestReceived, &context, [this]() { m_connector.reset(); });
         QList<Venue> venues = OldVenues();
         QCOMPARE(m_connector->FindVenueEntries({}, venues), Timeout);
         QCOMPARE(m_connector, nullptr);
-        QCOMPARE(ComplexNames(venues), QStringList({u"old"_s, u"old"_s}));
+        QCOMPARE(NamesOf(venues), QStringList({u"old"_s, u"old"_s}));
     }
 
     void ConnectorMayBeDeletedWhenItsReplyFinishes()
@@ -697,9 +496,9 @@ private Q_SLOTS:
         const ResultStatus status = connector->FindVenueEntries({}, venues);
         // Whether the deletion or the end of the wait comes first is the event loop's affair.
         if (status == Ok)
-            QCOMPARE(ComplexNames(venues), QStringList{u"new"_s});
+            QCOMPARE(NamesOf(venues), QStringList{u"new"_s});
         else
-            QCOMPARE(ComplexNames(venues), QStringList({u"old"_s, u"old"_s}));
+            QCOMPARE(NamesOf(venues), QStringList({u"old"_s, u"old"_s}));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!alive);
     }
@@ -707,24 +506,25 @@ private Q_SLOTS:
     void QuittingEndsTheWait()
     {
         m_server->Withhold(u"/api/venue"_s);
-        const QObject context;
-        connect(&m_server->Log(), &korvel::Demo::RequestLog::RequestReceived, &context,
-                []() { QCoreApplication::quit(); });
         QList<Venue> venues = OldVenues();
         ResultStatus status = Ok;
-        QTimer::singleShot(0, &context, [&]() { status = m_connector->FindVenueEntries({}, venues); });
-        QElapsedTimer timer;
-        timer.start();
-        QCoreApplication::exec();
+        QVERIFY(QuittingEnds({}, [&]() { status = m_connector->FindVenueEntries({}, venues); }));
         QCOMPARE(status, Timeout);
-        QCOMPARE(ComplexNames(venues), QStringList({u"old"_s, u"old"_s}));
-        QVERIFY(timer.elapsed() < 15'000);
+        QCOMPARE(NamesOf(venues), QStringList({u"old"_s, u"old"_s}));
     }
 
+    void SearchInsideASearchIsIndependent_data()
+    {
+        const Rows<int, int> row("outerDelay", "innerDelay");
+        row("inner one ends first", 300, 0);
+        row("inner one outlasts the outer one", 0, 300);
+    }
     void SearchInsideASearchIsIndependent()
     {
-        m_server->AddFault(Fault::On(u"outer"_s).WithBody(c_oneVenue).WithDelay(300));
-        m_server->AddFault(Fault::On(u"inner"_s).WithBody(R"({"data": []})"));
+        QFETCH(int, outerDelay);
+        QFETCH(int, innerDelay);
+        m_server->AddFault(Fault::On(u"outer"_s).WithBody(c_oneVenue).WithDelay(outerDelay));
+        m_server->AddFault(Fault::On(u"inner"_s).WithBody(R"({"data": []})").WithDelay(innerDelay));
         QList<Venue> inner = OldVenues();
         ResultStatus innerStatus = Timeout;
         QTimer::singleShot(0, this, [&]() {
@@ -732,23 +532,7 @@ private Q_SLOTS:
         });
         QList<Venue> outer;
         QCOMPARE(m_connector->FindVenueEntries({{u"title"_s, u"outer"_s}}, outer), Ok);
-        QCOMPARE(ComplexNames(outer), QStringList{u"new"_s});
-        QCOMPARE(innerStatus, Ok);
-        QCOMPARE(inner.size(), 0);
-    }
-
-    void InnerSearchThatOutlastsTheOuterOne()
-    {
-        m_server->AddFault(Fault::On(u"outer"_s).WithBody(c_oneVenue));
-        m_server->AddFault(Fault::On(u"inner"_s).WithBody(R"({"data": []})").WithDelay(300));
-        QList<Venue> inner = OldVenues();
-        ResultStatus innerStatus = Timeout;
-        QTimer::singleShot(0, this, [&]() {
-            innerStatus = m_connector->FindVenueEntries({{u"title"_s, u"inner"_s}}, inner);
-        });
-        QList<Venue> outer;
-        QCOMPARE(m_connector->FindVenueEntries({{u"title"_s, u"outer"_s}}, outer), Ok);
-        QCOMPARE(ComplexNames(outer), QStringList{u"new"_s});
+        QCOMPARE(NamesOf(outer), QStringList{u"new"_s});
         QCOMPARE(innerStatus, Ok);
         QCOMPARE(inner.size(), 0);
     }
@@ -775,10 +559,9 @@ private:
     /// Attributes and the entity id that they give.
     static void Numbers()
     {
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<qint64>("number");
-        const auto row = [](const char* name, const char* value, qint64 number) {
-            QTest::newRow(name) << QByteArray(R"({"entity_id": )") + value + "}" << number;
+        const Rows<QByteArray, qint64> rows("json", "number");
+        const auto row = [&rows](const char* name, const char* value, qint64 number) {
+            rows(name, QByteArray(R"({"entity_id": )") + value + "}", number);
         };
         row("number", "17", 17);
         row("negative", "-17", -17);
@@ -792,7 +575,7 @@ private:
         row("null is 0", "null", 0);
         row("array is 0", "[17]", 0);
         row("object is 0", R"({"value": 17})", 0);
-        QTest::newRow("missing is 0") << QByteArray("{}") << 0LL;
+        rows("missing is 0", "{}", 0);
     }
 
     Venue OnlyVenue(const QByteArray& document) const
@@ -802,10 +585,6 @@ private:
             qFatal("%d venues instead of one", int(venues.size()));
         return venues.first();
     }
-
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<VdbMessages> m_messages;
-    std::unique_ptr<ConnectorJsonRest> m_connector;
 };
 
 QTEST_GUILESS_MAIN(tst_VenueSearch)

@@ -1,29 +1,28 @@
 #include <ui/VenueDbCentralWidget.h>
 
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Records.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QAbstractItemModelTester>
 #include <QStandardItemModel>
-#include <QTest>
 
 using namespace korvel::Data::VenueDatabase;
-using korvel::Ui::VenueDatabase::VenueDbCentralWidget;
-using korvel::Ui::VenueDatabase::VenueTableModel;
+using namespace korvel::Test;
+using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
-Venue MakeVenue(qint64 id, const QString& name, const QString& changed)
+Venue ChangedVenue(qint64 id, const QString& name, const QString& changed)
 {
-    Venue venue;
-    venue.SetId(id);
-    venue.SetComplexName(name);
+    Venue venue = MakeVenue(id, name);
     venue.SetEditDate(QDateTime::fromString(changed, Qt::ISODate));
     return venue;
 }
 
 } // namespace
 
-class tst_VenueSortFilterProxyModel : public QObject
+class tst_VenueSortFilterProxyModel : public StrictTest
 {
     Q_OBJECT
 
@@ -42,27 +41,24 @@ private:
 private Q_SLOTS:
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
+        StrictTest::init();
         m_proxy.setSourceModel(nullptr);
-        m_model.SetVenueData({MakeVenue(1, QStringLiteral("Beta"), QStringLiteral("2024-03-01T10:00:00")),
-                              MakeVenue(2, QStringLiteral("Alpha"), QStringLiteral("2026-01-31T10:00:00")),
-                              MakeVenue(3, QStringLiteral("Gamma"), QStringLiteral("2021-12-24T10:00:00"))});
+        m_model.SetVenueData(
+            {ChangedVenue(1, QStringLiteral("Beta"), QStringLiteral("2024-03-01T10:00:00")),
+             ChangedVenue(2, QStringLiteral("Alpha"), QStringLiteral("2026-01-31T10:00:00")),
+             ChangedVenue(3, QStringLiteral("Gamma"), QStringLiteral("2021-12-24T10:00:00"))});
         m_proxy.setSourceModel(&m_model);
         m_proxy.sort(-1);
     }
 
     void OrderFollowsTheColumn_data()
     {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<Qt::SortOrder>("order");
-        QTest::addColumn<QList<qint64>>("ids");
-        QTest::newRow("dates ascending: newest first") << 5 << Qt::AscendingOrder << QList<qint64>{2, 1, 3};
-        QTest::newRow("dates descending: oldest first") << 5 << Qt::DescendingOrder << QList<qint64>{3, 1, 2};
-        QTest::newRow("texts keep their order ascending")
-            << 1 << Qt::AscendingOrder << QList<qint64>{1, 2, 3};
-        QTest::newRow("texts keep their order descending")
-            << 1 << Qt::DescendingOrder << QList<qint64>{1, 2, 3};
-        QTest::newRow("ids sort as texts") << 0 << Qt::AscendingOrder << QList<qint64>{1, 2, 3};
+        const Rows<int, Qt::SortOrder, QList<qint64>> row("column", "order", "ids");
+        row("dates ascending: newest first", 5, Qt::AscendingOrder, {2, 1, 3});
+        row("dates descending: oldest first", 5, Qt::DescendingOrder, {3, 1, 2});
+        row("texts keep their order ascending", 1, Qt::AscendingOrder, {1, 2, 3});
+        row("texts keep their order descending", 1, Qt::DescendingOrder, {1, 2, 3});
+        row("ids sort as texts", 0, Qt::AscendingOrder, {1, 2, 3});
     }
     void OrderFollowsTheColumn()
     {
@@ -74,23 +70,23 @@ private Q_SLOTS:
 
     void IdsCompareAsTexts()
     {
-        m_model.SetVenueData({MakeVenue(9, {}, {}), MakeVenue(10, {}, {}), MakeVenue(100, {}, {})});
+        m_model.SetVenueData({MakeVenue(9), MakeVenue(10), MakeVenue(100)});
         m_proxy.sort(0, Qt::AscendingOrder);
         QCOMPARE(ShownIds(), (QList<qint64>{10, 100, 9}));
     }
 
     void TextsThatAreDatesSortAsDates()
     {
-        m_model.SetVenueData({MakeVenue(1, QStringLiteral("2021-01-01"), {}),
-                              MakeVenue(2, QStringLiteral("2023-01-01T00:00:00"), {}),
-                              MakeVenue(3, QStringLiteral("2022-01-01"), {})});
+        m_model.SetVenueData({ChangedVenue(1, QStringLiteral("2021-01-01"), {}),
+                              ChangedVenue(2, QStringLiteral("2023-01-01T00:00:00"), {}),
+                              ChangedVenue(3, QStringLiteral("2022-01-01"), {})});
         m_proxy.sort(1, Qt::AscendingOrder);
         QCOMPARE(ShownIds(), (QList<qint64>{2, 3, 1}));
     }
 
     void InvalidDatesComeLastInAscendingOrder()
     {
-        m_model.SetVenueData({MakeVenue(1, {}, {}), MakeVenue(2, {}, QStringLiteral("2024-03-01T10:00:00"))});
+        m_model.SetVenueData({MakeVenue(1), ChangedVenue(2, {}, QStringLiteral("2024-03-01T10:00:00"))});
         m_proxy.sort(5, Qt::AscendingOrder);
         QCOMPARE(ShownIds(), (QList<qint64>{2, 1}));
     }
@@ -122,7 +118,7 @@ private Q_SLOTS:
                                               QAbstractItemModelTester::FailureReportingMode::QtTest);
         m_proxy.sort(5, Qt::AscendingOrder);
         m_model.SetVenueData({});
-        m_model.SetVenueData({MakeVenue(1, {}, {})});
+        m_model.SetVenueData({MakeVenue(1)});
         QCOMPARE(m_proxy.rowCount(), 1);
     }
 };

@@ -5,11 +5,11 @@
 #include <ui/VenueDbDialog.h>
 #include <ui/VenueDetailsWidget.h>
 
-#include <server/VenueServer.h>
-#include <server/catalogue/CatalogueGenerator.h>
-
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/GeneratedServer.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QLineEdit>
@@ -17,18 +17,15 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTableView>
-#include <QTest>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
 
 using namespace korvel::Data::VenueDatabase;
+using namespace korvel::Demo;
+using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
-using korvel::Demo::CatalogueGenerator;
-using korvel::Demo::Fault;
-using korvel::Demo::VenueServer;
-using korvel::Test::ConnectorStub;
 
 namespace {
 
@@ -72,19 +69,10 @@ private:
     std::function<bool()> m_question;
 };
 
-QPushButton* ButtonOf(const QWidget& window, const QString& text)
-{
-    for (QPushButton* button : window.findChildren<QPushButton*>()) {
-        if (button->text() == text)
-            return button;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 /// What only a real window system with a window manager shows.
-class tst_WindowSystem : public QObject
+class tst_WindowSystem : public StrictTest
 {
     Q_OBJECT
 
@@ -104,35 +92,27 @@ private Q_SLOTS:
 
     void init()
     {
-        korvel::Test::FailOnUnexpectedWarnings();
-        m_stub.calls.clear();
-        m_stub.searches.clear();
-    }
-
-    void cleanup()
-    {
-        QVERIFY(korvel::Test::NoWindowIsLeft());
+        StrictTest::init();
+        m_stub.Reset();
     }
 
     void ClicksDuringAWaitAreHeldBackAndReplayed()
     {
-        VenueServer server;
-        server.SetCatalogue(CatalogueGenerator({.venueCount = 3}).Catalogue());
-        QVERIFY2(server.Start(), qPrintable(server.ErrorText()));
-        const auto network = server.InstallInApplication();
+        const auto server = GeneratedServer({.venueCount = 3});
+        const auto network = server->InstallInApplication();
         VenueDbDialog dialog;
         dialog.ConnectVdb(QStringLiteral("JSONREST"));
         dialog.Open(nullptr);
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QTRY_VERIFY(dialog.findChild<QTableView*>()->model());
-        server.Log().Clear();
+        server->Log().Clear();
 
         // The answer waits until the click has long been made.
-        server.AddFault(Fault::On(QStringLiteral("filter[title]")).WithDelay(2000));
+        server->AddFault(Fault::On(QStringLiteral("filter[title]")).WithDelay(2000));
         dialog.findChildren<QLineEdit*>().first()->setText(QStringLiteral("a"));
-        QPushButton* close = ButtonOf(dialog, QStringLiteral("Close"));
+        QPushButton* close = Button(dialog, QStringLiteral("Close"));
         const auto isAnswered = [&server]() {
-            const auto requests = server.Log().Requests(QStringLiteral("filter[title]"));
+            const auto requests = server->Log().Requests(QStringLiteral("filter[title]"));
             return !requests.isEmpty() && requests.first().status != 0;
         };
         const PressRecorder presses(close, isAnswered);
@@ -165,10 +145,10 @@ private Q_SLOTS:
 
     void OpenCentresTheDialogAgain_data()
     {
-        QTest::addColumn<Qt::WindowState>("state");
-        QTest::newRow("moved and resized") << Qt::WindowNoState;
-        QTest::newRow("maximised") << Qt::WindowMaximized;
-        QTest::newRow("minimised") << Qt::WindowMinimized;
+        const Rows<Qt::WindowState> row("state");
+        row("moved and resized", Qt::WindowNoState);
+        row("maximised", Qt::WindowMaximized);
+        row("minimised", Qt::WindowMinimized);
     }
     void OpenCentresTheDialogAgain()
     {

@@ -1,7 +1,8 @@
 #include <data/CountryCodeTranslator.h>
 #include <demo/VenueModelFile.h>
 #include <server/catalogue/VenueCatalogue.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QDateTime>
 #include <QDir>
@@ -11,9 +12,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
-#include <QTest>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
@@ -53,14 +54,12 @@ bool HoldsScript(const QString& text, QChar::Script script)
 } // namespace
 
 /// Checks the data files themselves, as a server or a test would otherwise stumble over them late.
-class tst_CatalogueData : public QObject
+class tst_CatalogueData : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void init();
-    void cleanup();
 
     void ThereAreEnoughHallsAndCountries();
     void IdentifiersAreUnique();
@@ -98,16 +97,6 @@ void tst_CatalogueData::initTestCase()
     QVERIFY2(error.isEmpty(), qPrintable(error));
     for (const QJsonValue user : users.value(QLatin1String("users")).toArray())
         m_users.append(user.toObject());
-}
-
-void tst_CatalogueData::init()
-{
-    korvel::Test::FailOnUnexpectedWarnings();
-}
-
-void tst_CatalogueData::cleanup()
-{
-    QVERIFY(korvel::Test::NoWindowIsLeft());
 }
 
 void tst_CatalogueData::ThereAreEnoughHallsAndCountries()
@@ -241,13 +230,13 @@ void tst_CatalogueData::ExactlyOneCountryIsUnknown()
 
 void tst_CatalogueData::EveryScriptIsThere_data()
 {
-    QTest::addColumn<int>("script");
-    QTest::newRow("Greek") << int(QChar::Script_Greek);
-    QTest::newRow("Cyrillic") << int(QChar::Script_Cyrillic);
-    QTest::newRow("Arabic") << int(QChar::Script_Arabic);
-    QTest::newRow("Korean") << int(QChar::Script_Hangul);
-    QTest::newRow("Japanese") << int(QChar::Script_Katakana);
-    QTest::newRow("Chinese") << int(QChar::Script_Han);
+    const Rows<int> row("script");
+    row("Greek", QChar::Script_Greek);
+    row("Cyrillic", QChar::Script_Cyrillic);
+    row("Arabic", QChar::Script_Arabic);
+    row("Korean", QChar::Script_Hangul);
+    row("Japanese", QChar::Script_Katakana);
+    row("Chinese", QChar::Script_Han);
 }
 
 void tst_CatalogueData::EveryScriptIsThere()

@@ -1,5 +1,6 @@
 #include <server/catalogue/CatalogueGenerator.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QDate>
 #include <QJsonArray>
@@ -7,20 +8,15 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTest>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
-class tst_CatalogueGenerator : public QObject
+class tst_CatalogueGenerator : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void SizeIsAsAsked_data();
     void SizeIsAsAsked();
     void SameSeedGivesTheSameVenues();
@@ -34,14 +30,12 @@ private Q_SLOTS:
 
 void tst_CatalogueGenerator::SizeIsAsAsked_data()
 {
-    QTest::addColumn<qsizetype>("venues");
-    QTest::addColumn<qsizetype>("venuesPerUser");
-    QTest::addColumn<qsizetype>("users");
-    QTest::newRow("none") << qsizetype(0) << qsizetype(10) << qsizetype(0);
-    QTest::newRow("one") << qsizetype(1) << qsizetype(10) << qsizetype(1);
-    QTest::newRow("ten venues a user") << qsizetype(25) << qsizetype(10) << qsizetype(3);
-    QTest::newRow("one user a venue") << qsizetype(25) << qsizetype(1) << qsizetype(25);
-    QTest::newRow("no users") << qsizetype(25) << qsizetype(0) << qsizetype(0);
+    const Rows<qsizetype, qsizetype, qsizetype> row("venues", "venuesPerUser", "users");
+    row("none", 0, 10, 0);
+    row("one", 1, 10, 1);
+    row("ten venues a user", 25, 10, 3);
+    row("one user a venue", 25, 1, 25);
+    row("no users", 25, 0, 0);
 }
 
 void tst_CatalogueGenerator::SizeIsAsAsked()
@@ -114,11 +108,10 @@ void tst_CatalogueGenerator::PicturesAndFilesHaveDistinctNames()
 
 void tst_CatalogueGenerator::BodyHoldsEveryVenueAndEditor_data()
 {
-    QTest::addColumn<qsizetype>("venuesPerUser");
-    QTest::addColumn<qsizetype>("included");
-    QTest::newRow("ten venues a user") << qsizetype(10) << qsizetype(5);
-    QTest::newRow("one user a venue") << qsizetype(1) << qsizetype(50);
-    QTest::newRow("no users") << qsizetype(0) << qsizetype(0);
+    const Rows<qsizetype, qsizetype> row("venuesPerUser", "included");
+    row("ten venues a user", 10, 5);
+    row("one user a venue", 1, 50);
+    row("no users", 0, 0);
 }
 
 void tst_CatalogueGenerator::BodyHoldsEveryVenueAndEditor()

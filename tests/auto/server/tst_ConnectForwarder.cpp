@@ -1,6 +1,7 @@
 #include <server/VenueServer.h>
 #include <server/catalogue/CatalogueGenerator.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QElapsedTimer>
 #include <QNetworkAccessManager>
@@ -9,9 +10,9 @@
 #include <QSslError>
 #include <QSslSocket>
 #include <QTcpSocket>
-#include <QTest>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 using Kind = NetworkFault::Kind;
 
 namespace {
@@ -30,7 +31,7 @@ NetworkFault FaultOf(Kind kind, qint64 value = 0)
 } // namespace
 
 /// Tests the forwarder from both of its ends, as part of the server that it belongs to.
-class tst_ConnectForwarder : public QObject
+class tst_ConnectForwarder : public StrictTest
 {
     Q_OBJECT
 
@@ -83,7 +84,7 @@ private:
 
 void tst_ConnectForwarder::init()
 {
-    korvel::Test::FailOnUnexpectedWarnings();
+    StrictTest::init();
     VenueServer::Options options;
     options.host = c_host;
     options.pictureSource = [](const VenueRecord&, const PictureRecord&, QSize) { return QByteArray(); };
@@ -138,22 +139,17 @@ tst_ConnectForwarder::Outcome tst_ConnectForwarder::Get(const QString& host, con
 
 void tst_ConnectForwarder::ConnectIsAnswered_data()
 {
-    QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::newRow("known host") << QByteArray("CONNECT venues.test.example:443 HTTP/1.1\r\n\r\n")
-                                << QByteArray("HTTP/1.1 200 Connection established\r\n");
-    QTest::newRow("capital letters") << QByteArray(
-        "CONNECT Venues.Test.EXAMPLE:443 HTTP/1.1\r\nHost: x\r\n\r\n")
-                                     << QByteArray("HTTP/1.1 200 Connection established\r\n");
-    QTest::newRow("unknown host") << QByteArray("CONNECT other.example:443 HTTP/1.1\r\n\r\n")
-                                  << QByteArray("HTTP/1.1 502 Bad Gateway\r\n");
-    QTest::newRow("other port") << QByteArray("CONNECT venues.test.example:80 HTTP/1.1\r\n\r\n")
-                                << QByteArray("HTTP/1.1 502 Bad Gateway\r\n");
-    QTest::newRow("no port") << QByteArray("CONNECT venues.test.example HTTP/1.1\r\n\r\n")
-                             << QByteArray("HTTP/1.1 502 Bad Gateway\r\n");
-    QTest::newRow("plain proxy request") << QByteArray("GET http://venues.test.example/ HTTP/1.1\r\n\r\n")
-                                         << QByteArray("HTTP/1.1 405 Method Not Allowed\r\n");
-    QTest::newRow("nonsense") << QByteArray("\r\n\r\n") << QByteArray("HTTP/1.1 405 Method Not Allowed\r\n");
+    const Rows<QByteArray, QByteArray> row("request", "answer");
+    row("known host", "CONNECT venues.test.example:443 HTTP/1.1\r\n\r\n",
+        "HTTP/1.1 200 Connection established\r\n");
+    row("capital letters", "CONNECT Venues.Test.EXAMPLE:443 HTTP/1.1\r\nHost: x\r\n\r\n",
+        "HTTP/1.1 200 Connection established\r\n");
+    row("unknown host", "CONNECT other.example:443 HTTP/1.1\r\n\r\n", "HTTP/1.1 502 Bad Gateway\r\n");
+    row("other port", "CONNECT venues.test.example:80 HTTP/1.1\r\n\r\n", "HTTP/1.1 502 Bad Gateway\r\n");
+    row("no port", "CONNECT venues.test.example HTTP/1.1\r\n\r\n", "HTTP/1.1 502 Bad Gateway\r\n");
+    row("plain proxy request", "GET http://venues.test.example/ HTTP/1.1\r\n\r\n",
+        "HTTP/1.1 405 Method Not Allowed\r\n");
+    row("nonsense", "\r\n\r\n", "HTTP/1.1 405 Method Not Allowed\r\n");
 }
 
 void tst_ConnectForwarder::ConnectIsAnswered()
@@ -233,17 +229,11 @@ void tst_ConnectForwarder::EachConnectionShowsItsCertificate()
 
 void tst_ConnectForwarder::RefusedConnections_data()
 {
-    QTest::addColumn<NetworkFault>("fault");
-    QTest::addColumn<int>("error");
-    QTest::addColumn<int>("status");
-    QTest::newRow("closed") << FaultOf(Kind::RefuseConnection)
-                            << static_cast<int>(QNetworkReply::ProxyConnectionClosedError) << 0;
-    QTest::newRow("403") << FaultOf(Kind::AnswerConnect, 403)
-                         << static_cast<int>(QNetworkReply::UnknownNetworkError) << 403;
-    QTest::newRow("407") << FaultOf(Kind::AnswerConnect, 407)
-                         << static_cast<int>(QNetworkReply::ProxyAuthenticationRequiredError) << 407;
-    QTest::newRow("502") << FaultOf(Kind::AnswerConnect, 502)
-                         << static_cast<int>(QNetworkReply::UnknownNetworkError) << 502;
+    const Rows<NetworkFault, int, int> row("fault", "error", "status");
+    row("closed", FaultOf(Kind::RefuseConnection), QNetworkReply::ProxyConnectionClosedError, 0);
+    row("403", FaultOf(Kind::AnswerConnect, 403), QNetworkReply::UnknownNetworkError, 403);
+    row("407", FaultOf(Kind::AnswerConnect, 407), QNetworkReply::ProxyAuthenticationRequiredError, 407);
+    row("502", FaultOf(Kind::AnswerConnect, 502), QNetworkReply::UnknownNetworkError, 502);
 }
 
 void tst_ConnectForwarder::RefusedConnections()
@@ -272,15 +262,11 @@ void tst_ConnectForwarder::UnansweredConnect()
 
 void tst_ConnectForwarder::BadCertificates_data()
 {
-    QTest::addColumn<CertificateKind>("kind");
-    QTest::addColumn<int>("tlsError");
-    QTest::newRow("expired") << CertificateKind::Expired << static_cast<int>(QSslError::CertificateExpired);
-    QTest::newRow("self-signed") << CertificateKind::SelfSigned
-                                 << static_cast<int>(QSslError::SelfSignedCertificate);
-    QTest::newRow("other host") << CertificateKind::WrongHost
-                                << static_cast<int>(QSslError::HostNameMismatch);
-    QTest::newRow("unknown authority") << CertificateKind::UnknownAuthority
-                                       << static_cast<int>(QSslError::UnableToGetLocalIssuerCertificate);
+    const Rows<CertificateKind, int> row("kind", "tlsError");
+    row("expired", CertificateKind::Expired, QSslError::CertificateExpired);
+    row("self-signed", CertificateKind::SelfSigned, QSslError::SelfSignedCertificate);
+    row("other host", CertificateKind::WrongHost, QSslError::HostNameMismatch);
+    row("unknown authority", CertificateKind::UnknownAuthority, QSslError::UnableToGetLocalIssuerCertificate);
 }
 
 void tst_ConnectForwarder::BadCertificates()
@@ -300,11 +286,11 @@ void tst_ConnectForwarder::BadCertificates()
 
 void tst_ConnectForwarder::BrokenTunnels_data()
 {
-    QTest::addColumn<NetworkFault>("fault");
-    QTest::newRow("garbage") << FaultOf(Kind::GarbageInsteadOfTls);
-    QTest::newRow("reset at once") << FaultOf(Kind::ResetAfter, 0);
-    QTest::newRow("reset in the handshake") << FaultOf(Kind::ResetAfter, 100);
-    QTest::newRow("reset in the answer") << FaultOf(Kind::ResetAfter, 3000);
+    const Rows<NetworkFault> row("fault");
+    row("garbage", FaultOf(Kind::GarbageInsteadOfTls));
+    row("reset at once", FaultOf(Kind::ResetAfter, 0));
+    row("reset in the handshake", FaultOf(Kind::ResetAfter, 100));
+    row("reset in the answer", FaultOf(Kind::ResetAfter, 3000));
 }
 
 void tst_ConnectForwarder::BrokenTunnels()
@@ -320,12 +306,11 @@ void tst_ConnectForwarder::BrokenTunnels()
 
 void tst_ConnectForwarder::SlowTunnels_data()
 {
-    QTest::addColumn<NetworkFault>("fault");
-    QTest::addColumn<qint64>("atLeast");
+    const Rows<NetworkFault, qint64> row("fault", "atLeast");
     // TLS needs one round trip before the request, the request is another one: four times the way.
-    QTest::newRow("latency") << FaultOf(Kind::Latency, 60) << qint64(4 * 60);
+    row("latency", FaultOf(Kind::Latency, 60), qint64(4 * 60));
     // Certificate and answer have more than 6000 bytes.
-    QTest::newRow("byte rate") << FaultOf(Kind::ByteRate, 20000) << qint64(250);
+    row("byte rate", FaultOf(Kind::ByteRate, 20000), 250);
 }
 
 void tst_ConnectForwarder::SlowTunnels()

@@ -1,20 +1,15 @@
 #include <server/faults/FaultSyntax.h>
-#include <tests/support/MessageGuard.h>
-
-#include <QTest>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
-class tst_FaultSyntax : public QObject
+class tst_FaultSyntax : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void PatternMayHoldEqualsSigns();
     void EffectsAreRead();
     void TimesAreRead();
@@ -89,19 +84,19 @@ void tst_FaultSyntax::HostFaultsAreRead()
 
 void tst_FaultSyntax::MistakesAreReported_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("no kind") << QStringLiteral("/api/venue");
-    QTest::newRow("unknown kind") << QStringLiteral("/api=explode");
-    QTest::newRow("number missing") << QStringLiteral("/api=status");
-    QTest::newRow("no number") << QStringLiteral("/api=delay:soon");
-    QTest::newRow("negative number") << QStringLiteral("/api=cut:-1");
-    QTest::newRow("argument too many") << QStringLiteral("/api=reset:5");
-    QTest::newRow("times not a number") << QStringLiteral("/api=reset*x");
-    QTest::newRow("drip without interval") << QStringLiteral("/api=drip:5");
-    QTest::newRow("request kind for a host") << QStringLiteral("@h=status:500");
-    QTest::newRow("connection kind for a request") << QStringLiteral("/api=refuse");
-    QTest::newRow("unknown certificate") << QStringLiteral("@h=certificate:old");
+    const Rows<QString> row("text");
+    row("empty", {});
+    row("no kind", QStringLiteral("/api/venue"));
+    row("unknown kind", QStringLiteral("/api=explode"));
+    row("number missing", QStringLiteral("/api=status"));
+    row("no number", QStringLiteral("/api=delay:soon"));
+    row("negative number", QStringLiteral("/api=cut:-1"));
+    row("argument too many", QStringLiteral("/api=reset:5"));
+    row("times not a number", QStringLiteral("/api=reset*x"));
+    row("drip without interval", QStringLiteral("/api=drip:5"));
+    row("request kind for a host", QStringLiteral("@h=status:500"));
+    row("connection kind for a request", QStringLiteral("/api=refuse"));
+    row("unknown certificate", QStringLiteral("@h=certificate:old"));
 }
 
 void tst_FaultSyntax::MistakesAreReported()

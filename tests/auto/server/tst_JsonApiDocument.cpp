@@ -1,12 +1,13 @@
 #include <server/api/JsonApiDocument.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTest>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
@@ -74,16 +75,11 @@ QStringList IncludedIds(const QStringList& includes)
 
 } // namespace
 
-class tst_JsonApiDocument : public QObject
+class tst_JsonApiDocument : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void EmptyDocumentIsComplete();
     void TextsSurviveTheirEscaping();
     void SlashesAndMarkupAreEscaped();
@@ -169,23 +165,17 @@ void tst_JsonApiDocument::UserIsIncludedOnce()
 
 void tst_JsonApiDocument::ResourcesAreIncluded_data()
 {
-    QTest::addColumn<QStringList>("includes");
-    QTest::addColumn<QStringList>("ids");
-    QTest::newRow("nothing") << QStringList() << QStringList();
-    QTest::newRow("editor") << QStringList{QStringLiteral("editor")}
-                            << QStringList{QStringLiteral("user user-3")};
-    QTest::newRow("view without pictures")
-        << QStringList{QStringLiteral("stage_right.file")} << QStringList();
-    QTest::newRow("pictures without files")
-        << QStringList{QStringLiteral("stage_left")}
-        << QStringList{QStringLiteral("picture p1"), QStringLiteral("picture p3")};
-    QTest::newRow("views in the order asked for")
-        << QStringList{QStringLiteral("stage_left.file"), QStringLiteral("isometric.file")}
-        << QStringList{QStringLiteral("picture p1"),   QStringLiteral("picture p3"),
-                       QStringLiteral("file file-p1"), QStringLiteral("file file-p3"),
-                       QStringLiteral("picture p2"),   QStringLiteral("file file-p2")};
-    QTest::newRow("model files") << QStringList{QStringLiteral("tessra.file")}
-                                 << QStringList{QStringLiteral("tessra t1"), QStringLiteral("file file-t1")};
+    const Rows<QStringList, QStringList> row("includes", "ids");
+    row("nothing", {}, {});
+    row("editor", {QStringLiteral("editor")}, {QStringLiteral("user user-3")});
+    row("view without pictures", {QStringLiteral("stage_right.file")}, {});
+    row("pictures without files", {QStringLiteral("stage_left")},
+        {QStringLiteral("picture p1"), QStringLiteral("picture p3")});
+    row("views in the order asked for", {QStringLiteral("stage_left.file"), QStringLiteral("isometric.file")},
+        {QStringLiteral("picture p1"), QStringLiteral("picture p3"), QStringLiteral("file file-p1"),
+         QStringLiteral("file file-p3"), QStringLiteral("picture p2"), QStringLiteral("file file-p2")});
+    row("model files", {QStringLiteral("tessra.file")},
+        {QStringLiteral("tessra t1"), QStringLiteral("file file-t1")});
 }
 
 void tst_JsonApiDocument::ResourcesAreIncluded()

@@ -1,23 +1,19 @@
 #include <server/catalogue/VenueCatalogue.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
-class tst_VenueCatalogue : public QObject
+class tst_VenueCatalogue : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void EveryMemberIsRead();
     void MissingTextsAreNullAndEmptyOnesEmpty();
     void MistakesAreReported_data();
@@ -103,27 +99,25 @@ void tst_VenueCatalogue::MissingTextsAreNullAndEmptyOnesEmpty()
 
 void tst_VenueCatalogue::MistakesAreReported_data()
 {
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QString>("part");
-    QTest::newRow("no JSON") << QByteArray("{ nonsense") << QStringLiteral("offset");
-    QTest::newRow("no object") << QByteArray("[]") << QStringLiteral("no JSON object");
-    QTest::newRow("venue without id")
-        << QByteArray(R"({"venues":[{"title":"T"}]})") << QStringLiteral("entity_id");
-    QTest::newRow("unknown view") << QByteArray(
-        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"id":"p","view":"roof"}]}]})")
-                                  << QStringLiteral("roof");
-    QTest::newRow("picture without id")
-        << QByteArray(R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"view":"isometric"}]}]})")
-        << QStringLiteral("no id");
-    QTest::newRow("pictures of an unknown house") << QByteArray(
-        R"({"venues":[{"entity_id":1,"house":"castle","pictures":[{"id":"p","view":"isometric"}]}]})")
-                                                  << QStringLiteral("castle");
-    QTest::newRow("pictures without a house")
-        << QByteArray(R"({"venues":[{"entity_id":1,"pictures":[{"id":"p","view":"isometric"}]}]})")
-        << QStringLiteral("unknown house");
-    QTest::newRow("model file outside its folder")
-        << QByteArray(R"({"venues":[{"entity_id":1,"model_files":[{"id":"t","file":"../users.json"}]}]})")
-        << QStringLiteral("plain file name");
+    const Rows<QByteArray, QString> row("json", "part");
+    row("no JSON", "{ nonsense", QStringLiteral("offset"));
+    row("no object", "[]", QStringLiteral("no JSON object"));
+    row("venue without id", R"({"venues":[{"title":"T"}]})", QStringLiteral("entity_id"));
+    row("unknown view",
+        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"id":"p","view":"roof"}]}]})",
+        QStringLiteral("roof"));
+    row("picture without id",
+        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"view":"isometric"}]}]})",
+        QStringLiteral("no id"));
+    row("pictures of an unknown house",
+        R"({"venues":[{"entity_id":1,"house":"castle","pictures":[{"id":"p","view":"isometric"}]}]})",
+        QStringLiteral("castle"));
+    row("pictures without a house",
+        R"({"venues":[{"entity_id":1,"pictures":[{"id":"p","view":"isometric"}]}]})",
+        QStringLiteral("unknown house"));
+    row("model file outside its folder",
+        R"({"venues":[{"entity_id":1,"model_files":[{"id":"t","file":"../users.json"}]}]})",
+        QStringLiteral("plain file name"));
 }
 
 void tst_VenueCatalogue::MistakesAreReported()

@@ -1,12 +1,13 @@
 #include <demo/VenueModelFile.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
@@ -18,14 +19,11 @@ QByteArray FileWith(const QByteArray& extra)
 
 } // namespace
 
-class tst_VenueModelFile : public QObject
+class tst_VenueModelFile : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void EveryLineIsRead();
     void LayoutIsFree_data();
     void LayoutIsFree();
@@ -39,16 +37,6 @@ private Q_SLOTS:
     void MissingFileIsReported();
     void ErrorMayBeLeftOut();
 };
-
-void tst_VenueModelFile::init()
-{
-    korvel::Test::FailOnUnexpectedWarnings();
-}
-
-void tst_VenueModelFile::cleanup()
-{
-    QVERIFY(korvel::Test::NoWindowIsLeft());
-}
 
 void tst_VenueModelFile::EveryLineIsRead()
 {
@@ -75,18 +63,16 @@ void tst_VenueModelFile::EveryLineIsRead()
 
 void tst_VenueModelFile::LayoutIsFree_data()
 {
-    QTest::addColumn<QByteArray>("content");
+    const Rows<QByteArray> row("content");
     const QByteArray plain = FileWith("");
-    QTest::newRow("as documented") << plain;
-    QTest::newRow("no line end at the end") << plain.chopped(1);
-    QTest::newRow("CR LF") << QByteArray(plain).replace("\n", "\r\n");
-    QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + plain;
-    QTest::newRow("several blanks")
-        << QByteArray(plain).replace(" ", "   ").replace("name   Hall", "name Hall");
-    QTest::newRow("indented and blank lines") << QByteArray(plain).replace("\nunit", "\n\n  \n  unit");
-    QTest::newRow("other order") << QByteArray(
-        "tessra-venue 1\nstage 1,1 2,1 2,2\noutline 0,0 9,0 9,9\nunit m\nname Hall\n");
-    QTest::newRow("exponents") << QByteArray(plain).replace("9,9", "9e0,0.9e1");
+    row("as documented", plain);
+    row("no line end at the end", plain.chopped(1));
+    row("CR LF", QByteArray(plain).replace("\n", "\r\n"));
+    row("byte order mark", "\xEF\xBB\xBF" + plain);
+    row("several blanks", QByteArray(plain).replace(" ", "   ").replace("name   Hall", "name Hall"));
+    row("indented and blank lines", QByteArray(plain).replace("\nunit", "\n\n  \n  unit"));
+    row("other order", "tessra-venue 1\nstage 1,1 2,1 2,2\noutline 0,0 9,0 9,9\nunit m\nname Hall\n");
+    row("exponents", QByteArray(plain).replace("9,9", "9e0,0.9e1"));
 }
 
 void tst_VenueModelFile::LayoutIsFree()
@@ -156,17 +142,16 @@ void tst_VenueModelFile::WrongContentIsRefusedWithItsLine()
 
 void tst_VenueModelFile::ContentThatIsNoTextIsRefused_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("part");
-    QTest::newRow("nothing") << QByteArray() << QStringLiteral("empty");
-    QTest::newRow("picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16) << QStringLiteral("UTF-8");
-    QTest::newRow("NUL in a text") << FileWith("# a") + '\0' + "b\n" << QStringLiteral("UTF-8");
-    QTest::newRow("Latin-1") << FileWith("# gro\xDF"
-                                         "er Saal\n")
-                             << QStringLiteral("UTF-8");
-    QTest::newRow("cut inside a character") << FileWith("# Stra\xC3") << QStringLiteral("UTF-8");
-    QTest::newRow("error page") << QByteArray("<html><body>404</body></html>")
-                                << QStringLiteral("not a venue model");
+    const Rows<QByteArray, QString> row("content", "part");
+    row("nothing", {}, QStringLiteral("empty"));
+    row("picture", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), QStringLiteral("UTF-8"));
+    row("NUL in a text", FileWith("# a") + '\0' + "b\n", QStringLiteral("UTF-8"));
+    row("Latin-1",
+        FileWith("# gro\xDF"
+                 "er Saal\n"),
+        QStringLiteral("UTF-8"));
+    row("cut inside a character", FileWith("# Stra\xC3"), QStringLiteral("UTF-8"));
+    row("error page", "<html><body>404</body></html>", QStringLiteral("not a venue model"));
 }
 
 void tst_VenueModelFile::ContentThatIsNoTextIsRefused()

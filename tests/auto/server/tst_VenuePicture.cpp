@@ -1,14 +1,15 @@
 #include <server/api/VenuePicture.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QSet>
-#include <QTest>
 
 #include <algorithm>
 #include <thread>
 #include <vector>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
@@ -83,14 +84,11 @@ double Brightness(const QImage& image, const QRect& area)
 
 } // namespace
 
-class tst_VenuePicture : public QObject
+class tst_VenuePicture : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void RenditionsHaveTheirSizes_data();
     void RenditionsHaveTheirSizes();
     void EveryViewOfEveryHouseIsShown_data();
@@ -114,24 +112,13 @@ private Q_SLOTS:
     void ThreadsMayMakePicturesTogether();
 };
 
-void tst_VenuePicture::init()
-{
-    korvel::Test::FailOnUnexpectedWarnings();
-}
-
-void tst_VenuePicture::cleanup()
-{
-    QVERIFY(korvel::Test::NoWindowIsLeft());
-}
-
 void tst_VenuePicture::RenditionsHaveTheirSizes_data()
 {
-    QTest::addColumn<QString>("rendition");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("small") << QStringLiteral("small") << QSize(480, 320);
-    QTest::newRow("medium") << QStringLiteral("medium") << QSize(1200, 800);
-    QTest::newRow("large") << QStringLiteral("large") << QSize(3000, 2000);
-    QTest::newRow("unknown") << QStringLiteral("huge") << QSize();
+    const Rows<QString, QSize> row("rendition", "size");
+    row("small", QStringLiteral("small"), QSize(480, 320));
+    row("medium", QStringLiteral("medium"), QSize(1200, 800));
+    row("large", QStringLiteral("large"), QSize(3000, 2000));
+    row("unknown", QStringLiteral("huge"), {});
 }
 
 void tst_VenuePicture::RenditionsHaveTheirSizes()
@@ -199,28 +186,20 @@ void tst_VenuePicture::SizeOnlyScales()
 
 void tst_VenuePicture::CaptionTellsWhatIsShown_data()
 {
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("room");
-    QTest::addColumn<QString>("city");
-    QTest::addColumn<QString>("view");
-    QTest::addColumn<QString>("caption");
+    const Rows<QString, QString, QString, QString, QString> row("title", "room", "city", "view", "caption");
     const QString title = QStringLiteral("State Opera");
     const QString room = QStringLiteral("Studio");
     const QString city = QStringLiteral("Exampleton");
     const QString left = QStringLiteral("stage_left");
-    QTest::newRow("everything") << title << room << city << left
-                                << QStringLiteral("Exampleton, State Opera, Studio — stage left (drawing)");
-    QTest::newRow("title") << title << QString() << QString() << left
-                           << QStringLiteral("State Opera — stage left (drawing)");
-    QTest::newRow("room") << QString() << room << QString() << left
-                          << QStringLiteral("Studio — stage left (drawing)");
-    QTest::newRow("city") << QString() << QString() << city << left
-                          << QStringLiteral("Exampleton — stage left (drawing)");
-    QTest::newRow("view") << QString() << QString() << QString()
-                          << QStringLiteral("from_the_stage_into_the_auditorium")
-                          << QStringLiteral("from the stage into the auditorium (drawing)");
-    QTest::newRow("title that names the city")
-        << city << QString() << city << left << QStringLiteral("Exampleton — stage left (drawing)");
+    row("everything", title, room, city, left,
+        QStringLiteral("Exampleton, State Opera, Studio — stage left (drawing)"));
+    row("title", title, {}, {}, left, QStringLiteral("State Opera — stage left (drawing)"));
+    row("room", {}, room, {}, left, QStringLiteral("Studio — stage left (drawing)"));
+    row("city", {}, {}, city, left, QStringLiteral("Exampleton — stage left (drawing)"));
+    row("view", {}, {}, {}, QStringLiteral("from_the_stage_into_the_auditorium"),
+        QStringLiteral("from the stage into the auditorium (drawing)"));
+    row("title that names the city", city, {}, city, left,
+        QStringLiteral("Exampleton — stage left (drawing)"));
 }
 
 void tst_VenuePicture::CaptionTellsWhatIsShown()
@@ -260,12 +239,12 @@ void tst_VenuePicture::CaptionIsLegible()
 
 void tst_VenuePicture::AnySizeIsExact_data()
 {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("one pixel") << QSize(1, 1);
-    QTest::newRow("narrow") << QSize(3, 300);
-    QTest::newRow("flat") << QSize(900, 9);
-    QTest::newRow("upright") << QSize(200, 500);
-    QTest::newRow("large rendition") << QSize(3000, 2000);
+    const Rows<QSize> row("size");
+    row("one pixel", QSize(1, 1));
+    row("narrow", QSize(3, 300));
+    row("flat", QSize(900, 9));
+    row("upright", QSize(200, 500));
+    row("large rendition", QSize(3000, 2000));
 }
 
 void tst_VenuePicture::AnySizeIsExact()
@@ -276,10 +255,10 @@ void tst_VenuePicture::AnySizeIsExact()
 
 void tst_VenuePicture::ImpossibleSizesGiveNothing_data()
 {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("null") << QSize();
-    QTest::newRow("no width") << QSize(0, 100);
-    QTest::newRow("negative height") << QSize(100, -5);
+    const Rows<QSize> row("size");
+    row("null", {});
+    row("no width", QSize(0, 100));
+    row("negative height", QSize(100, -5));
 }
 
 void tst_VenuePicture::ImpossibleSizesGiveNothing()
@@ -292,12 +271,10 @@ void tst_VenuePicture::ImpossibleSizesGiveNothing()
 
 void tst_VenuePicture::UnknownPicturesGiveNothing_data()
 {
-    QTest::addColumn<QString>("house");
-    QTest::addColumn<QString>("view");
-    QTest::newRow("no house") << QString() << QStringLiteral("isometric");
-    QTest::newRow("unknown view") << QStringLiteral("opera") << QStringLiteral("from_the_moon");
-    QTest::newRow("way out of the folder")
-        << QStringLiteral("../pictures/opera") << QStringLiteral("isometric");
+    const Rows<QString, QString> row("house", "view");
+    row("no house", {}, QStringLiteral("isometric"));
+    row("unknown view", QStringLiteral("opera"), QStringLiteral("from_the_moon"));
+    row("way out of the folder", QStringLiteral("../pictures/opera"), QStringLiteral("isometric"));
 }
 
 void tst_VenuePicture::UnknownPicturesGiveNothing()
@@ -311,11 +288,10 @@ void tst_VenuePicture::UnknownPicturesGiveNothing()
 
 void tst_VenuePicture::AnyTextIsWritten_data()
 {
-    QTest::addColumn<QString>("title");
-    QTest::newRow("none") << QString();
-    QTest::newRow("endless") << QString(100000, QLatin1Char('W'));
-    QTest::newRow("other scripts, markup, line breaks")
-        << QStringLiteral("サントリーホール\n<b>دار الأوبرا</b>\t&amp;");
+    const Rows<QString> row("title");
+    row("none", {});
+    row("endless", QString(100000, QLatin1Char('W')));
+    row("other scripts, markup, line breaks", QStringLiteral("サントリーホール\n<b>دار الأوبرا</b>\t&amp;"));
 }
 
 void tst_VenuePicture::AnyTextIsWritten()

@@ -1,9 +1,9 @@
 #include <server/api/VenueQuery.h>
-#include <tests/support/MessageGuard.h>
-
-#include <QTest>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
@@ -32,16 +32,11 @@ VenueQuery QueryOf(const QString& query)
 
 } // namespace
 
-class tst_VenueQuery : public QObject
+class tst_VenueQuery : public StrictTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        korvel::Test::FailOnUnexpectedWarnings();
-    }
-
     void TargetIsSplitIntoPairs_data();
     void TargetIsSplitIntoPairs();
     void VenuesAreMatched_data();
@@ -54,23 +49,19 @@ private Q_SLOTS:
 
 void tst_VenueQuery::TargetIsSplitIntoPairs_data()
 {
-    QTest::addColumn<QByteArray>("target");
-    QTest::addColumn<VenueQuery::Pairs>("pairs");
+    const Rows<QByteArray, VenueQuery::Pairs> row("target", "pairs");
     const auto pair = [](const char* name, const char* value) {
         return std::pair(QString::fromUtf8(name), QString::fromUtf8(value));
     };
-    QTest::newRow("no query") << QByteArray("/api/venue") << VenueQuery::Pairs();
-    QTest::newRow("empty query") << QByteArray("/api/venue?") << VenueQuery::Pairs();
-    QTest::newRow("order and repetition")
-        << QByteArray("/?b=1&a=2&b=3") << VenueQuery::Pairs{pair("b", "1"), pair("a", "2"), pair("b", "3")};
-    QTest::newRow("percent-encoded") << QByteArray("/?filter%5Ba%5D=A%26B%3DC%20%C3%BC")
-                                     << VenueQuery::Pairs{pair("filter[a]", "A&B=C ü")};
-    QTest::newRow("equals sign in the value") << QByteArray("/?a=b=c") << VenueQuery::Pairs{pair("a", "b=c")};
-    QTest::newRow("plus stays plus") << QByteArray("/?a=1+1") << VenueQuery::Pairs{pair("a", "1+1")};
-    QTest::newRow("question mark in the value")
-        << QByteArray("/?a=b?c") << VenueQuery::Pairs{pair("a", "b?c")};
-    QTest::newRow("empty items") << QByteArray("/?&&a=1&") << VenueQuery::Pairs{pair("a", "1")};
-    QTest::newRow("name alone") << QByteArray("/?a") << VenueQuery::Pairs{{QStringLiteral("a"), QString()}};
+    row("no query", "/api/venue", {});
+    row("empty query", "/api/venue?", {});
+    row("order and repetition", "/?b=1&a=2&b=3", {pair("b", "1"), pair("a", "2"), pair("b", "3")});
+    row("percent-encoded", "/?filter%5Ba%5D=A%26B%3DC%20%C3%BC", {pair("filter[a]", "A&B=C ü")});
+    row("equals sign in the value", "/?a=b=c", {pair("a", "b=c")});
+    row("plus stays plus", "/?a=1+1", {pair("a", "1+1")});
+    row("question mark in the value", "/?a=b?c", {pair("a", "b?c")});
+    row("empty items", "/?&&a=1&", {pair("a", "1")});
+    row("name alone", "/?a", {{QStringLiteral("a"), QString()}});
 }
 
 void tst_VenueQuery::TargetIsSplitIntoPairs()
@@ -82,31 +73,30 @@ void tst_VenueQuery::TargetIsSplitIntoPairs()
 
 void tst_VenueQuery::VenuesAreMatched_data()
 {
-    QTest::addColumn<QString>("query");
-    QTest::addColumn<bool>("matches");
-    QTest::newRow("nothing asked") << QString() << true;
-    QTest::newRow("part of the text") << Condition(QStringLiteral("title"), QStringLiteral("Musik")) << true;
-    QTest::newRow("other case") << Condition(QStringLiteral("title"), QStringLiteral("mUSIKHALLE")) << true;
-    QTest::newRow("other case beyond Latin letters")
-        << Condition(QStringLiteral("address.locality"), QStringLiteral("ZÜR")) << true;
-    QTest::newRow("text not there") << Condition(QStringLiteral("title"), QStringLiteral("Oper")) << false;
-    QTest::newRow("empty value, text there") << Condition(QStringLiteral("title"), QString()) << true;
-    QTest::newRow("empty value, empty text")
-        << Condition(QStringLiteral("venue_room_name"), QString()) << true;
-    QTest::newRow("empty value, text missing") << Condition(QStringLiteral("comment"), QString()) << false;
-    QTest::newRow("both conditions hold") << Condition(QStringLiteral("title"), QStringLiteral("halle"))
-            + Condition(QStringLiteral("address.country_code"), QStringLiteral("ch"))
-                                          << true;
-    QTest::newRow("one condition of two holds") << Condition(QStringLiteral("title"), QStringLiteral("halle"))
-            + Condition(QStringLiteral("address.country_code"), QStringLiteral("de"))
-                                                << false;
-    QTest::newRow("this id") << QStringLiteral("filter[entity_id]=7") << true;
-    QTest::newRow("other id") << QStringLiteral("filter[entity_id]=8") << false;
-    QTest::newRow("this id, condition fails")
-        << QStringLiteral("filter[entity_id]=7&") + Condition(QStringLiteral("title"), QStringLiteral("Oper"))
-        << false;
-    QTest::newRow("pattern characters are text")
-        << Condition(QStringLiteral("title"), QStringLiteral(".*")) << false;
+    const Rows<QString, bool> row("query", "matches");
+    row("nothing asked", {}, true);
+    row("part of the text", Condition(QStringLiteral("title"), QStringLiteral("Musik")), true);
+    row("other case", Condition(QStringLiteral("title"), QStringLiteral("mUSIKHALLE")), true);
+    row("other case beyond Latin letters",
+        Condition(QStringLiteral("address.locality"), QStringLiteral("ZÜR")), true);
+    row("text not there", Condition(QStringLiteral("title"), QStringLiteral("Oper")), false);
+    row("empty value, text there", Condition(QStringLiteral("title"), QString()), true);
+    row("empty value, empty text", Condition(QStringLiteral("venue_room_name"), QString()), true);
+    row("empty value, text missing", Condition(QStringLiteral("comment"), QString()), false);
+    row("both conditions hold",
+        Condition(QStringLiteral("title"), QStringLiteral("halle"))
+            + Condition(QStringLiteral("address.country_code"), QStringLiteral("ch")),
+        true);
+    row("one condition of two holds",
+        Condition(QStringLiteral("title"), QStringLiteral("halle"))
+            + Condition(QStringLiteral("address.country_code"), QStringLiteral("de")),
+        false);
+    row("this id", QStringLiteral("filter[entity_id]=7"), true);
+    row("other id", QStringLiteral("filter[entity_id]=8"), false);
+    row("this id, condition fails",
+        QStringLiteral("filter[entity_id]=7&") + Condition(QStringLiteral("title"), QStringLiteral("Oper")),
+        false);
+    row("pattern characters are text", Condition(QStringLiteral("title"), QStringLiteral(".*")), false);
 }
 
 void tst_VenueQuery::VenuesAreMatched()
@@ -142,32 +132,27 @@ void tst_VenueQuery::IncludesKeepTheirOrder()
 
 void tst_VenueQuery::MistakesAreNamed_data()
 {
-    QTest::addColumn<QString>("query");
-    QTest::addColumn<QString>("part");
-    QTest::newRow("unknown parameter") << QStringLiteral("page[limit]=3") << QStringLiteral("page[limit]");
-    QTest::newRow("unknown filter form")
-        << QStringLiteral("filter[title]=x") << QStringLiteral("filter[title]");
-    QTest::newRow("unknown relationship")
-        << QStringLiteral("include=editor,cousin") << QStringLiteral("cousin");
-    QTest::newRow("file of a user") << QStringLiteral("include=editor.file") << QStringLiteral("editor.file");
-    QTest::newRow("id no number") << QStringLiteral("filter[entity_id]=seven") << QStringLiteral("seven");
-    QTest::newRow("unknown attribute")
-        << Condition(QStringLiteral("colour"), QStringLiteral("red")) << QStringLiteral("colour");
-    QTest::newRow("attribute in capitals")
-        << Condition(QStringLiteral("Title"), QStringLiteral("x")) << QStringLiteral("Title");
-    QTest::newRow("no path") << QStringLiteral(
-        "filter[a][condition][operator]=CONTAINS&filter[a][condition][value]=x")
-                             << QStringLiteral("\"a\" needs a path");
-    QTest::newRow("no value") << QStringLiteral(
-        "filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS")
-                              << QStringLiteral("\"a\" needs a path");
-    QTest::newRow("no operator") << QStringLiteral(
-        "filter[a][condition][path]=title&filter[a][condition][value]=x")
-                                 << QStringLiteral("operator");
-    QTest::newRow("operator in small letters")
-        << QStringLiteral("filter[a][condition][path]=title&filter[a][condition][operator]=contains"
-                          "&filter[a][condition][value]=x")
-        << QStringLiteral("contains");
+    const Rows<QString, QString> row("query", "part");
+    row("unknown parameter", QStringLiteral("page[limit]=3"), QStringLiteral("page[limit]"));
+    row("unknown filter form", QStringLiteral("filter[title]=x"), QStringLiteral("filter[title]"));
+    row("unknown relationship", QStringLiteral("include=editor,cousin"), QStringLiteral("cousin"));
+    row("file of a user", QStringLiteral("include=editor.file"), QStringLiteral("editor.file"));
+    row("id no number", QStringLiteral("filter[entity_id]=seven"), QStringLiteral("seven"));
+    row("unknown attribute", Condition(QStringLiteral("colour"), QStringLiteral("red")),
+        QStringLiteral("colour"));
+    row("attribute in capitals", Condition(QStringLiteral("Title"), QStringLiteral("x")),
+        QStringLiteral("Title"));
+    row("no path", QStringLiteral("filter[a][condition][operator]=CONTAINS&filter[a][condition][value]=x"),
+        QStringLiteral("\"a\" needs a path"));
+    row("no value",
+        QStringLiteral("filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS"),
+        QStringLiteral("\"a\" needs a path"));
+    row("no operator", QStringLiteral("filter[a][condition][path]=title&filter[a][condition][value]=x"),
+        QStringLiteral("operator"));
+    row("operator in small letters",
+        QStringLiteral("filter[a][condition][path]=title&filter[a][condition][operator]=contains"
+                       "&filter[a][condition][value]=x"),
+        QStringLiteral("contains"));
 }
 
 void tst_VenueQuery::MistakesAreNamed()

@@ -1,7 +1,8 @@
 #include <server/VenueServer.h>
 #include <server/api/VenueService.h>
 #include <server/catalogue/CatalogueGenerator.h>
-#include <tests/support/MessageGuard.h>
+#include <tests/support/Rows.h>
+#include <tests/support/StrictTest.h>
 
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -14,9 +15,9 @@
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QSslSocket>
-#include <QTest>
 
 using namespace korvel::Demo;
+using namespace korvel::Test;
 
 namespace {
 
@@ -45,7 +46,7 @@ struct Outcome
 
 } // namespace
 
-class tst_VenueServer : public QObject
+class tst_VenueServer : public StrictTest
 {
     Q_OBJECT
 
@@ -105,7 +106,7 @@ private:
 
 void tst_VenueServer::init()
 {
-    korvel::Test::FailOnUnexpectedWarnings();
+    StrictTest::init();
     m_server = std::make_unique<VenueServer>(TestOptions());
     m_server->SetCatalogue(
         CatalogueGenerator({.venueCount = 20, .picturesPerVenue = 2, .modelFilesPerVenue = 1}).Catalogue());
@@ -185,9 +186,7 @@ void tst_VenueServer::ReachedThroughTheProxyUnderItsName()
 
 void tst_VenueServer::RequestAnswers_data()
 {
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<qsizetype>("count");
+    const Rows<QString, int, qsizetype> row("target", "status", "count");
 
     const auto condition
         = [](const QString& key, const QString& path, const QString& comparison, const QString& value) {
@@ -196,37 +195,34 @@ void tst_VenueServer::RequestAnswers_data()
                   .arg(key, path, comparison, value);
           };
     const QString contains = QStringLiteral("CONTAINS");
-    QTest::newRow("all venues") << QStringLiteral("/api/venue") << 200 << qsizetype(20);
-    QTest::newRow("one venue") << QStringLiteral("/api/venue?filter[entity_id]=7") << 200 << qsizetype(1);
-    QTest::newRow("venue that does not exist")
-        << QStringLiteral("/api/venue?filter[entity_id]=99") << 200 << qsizetype(0);
-    QTest::newRow("entity id that is no number")
-        << QStringLiteral("/api/venue?filter[entity_id]=x") << 400 << qsizetype(-1);
-    QTest::newRow("title contains") << QStringLiteral("/api/venue?")
-            + condition(QStringLiteral("title"), QStringLiteral("title"), contains, QStringLiteral(" 20"))
-                                    << 200 << qsizetype(1);
-    QTest::newRow("unknown attribute") << QStringLiteral("/api/venue?")
-            + condition(QStringLiteral("x"), QStringLiteral("x"), contains, QStringLiteral("1"))
-                                       << 400 << qsizetype(-1);
-    QTest::newRow("unknown operator") << QStringLiteral("/api/venue?")
+    row("all venues", QStringLiteral("/api/venue"), 200, 20);
+    row("one venue", QStringLiteral("/api/venue?filter[entity_id]=7"), 200, 1);
+    row("venue that does not exist", QStringLiteral("/api/venue?filter[entity_id]=99"), 200, 0);
+    row("entity id that is no number", QStringLiteral("/api/venue?filter[entity_id]=x"), 400, -1);
+    row("title contains",
+        QStringLiteral("/api/venue?")
+            + condition(QStringLiteral("title"), QStringLiteral("title"), contains, QStringLiteral(" 20")),
+        200, 1);
+    row("unknown attribute",
+        QStringLiteral("/api/venue?")
+            + condition(QStringLiteral("x"), QStringLiteral("x"), contains, QStringLiteral("1")),
+        400, -1);
+    row("unknown operator",
+        QStringLiteral("/api/venue?")
             + condition(QStringLiteral("title"), QStringLiteral("title"), QStringLiteral("LIKE"),
-                        QStringLiteral("1"))
-                                      << 400 << qsizetype(-1);
-    QTest::newRow("condition without a value") << QStringLiteral(
-        "/api/venue?filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS")
-                                               << 400 << qsizetype(-1);
-    QTest::newRow("unknown include") << QStringLiteral("/api/venue?include=cousin") << 400 << qsizetype(-1);
-    QTest::newRow("unknown parameter") << QStringLiteral("/api/venue?page=2") << 400 << qsizetype(-1);
-    QTest::newRow("unknown path") << QStringLiteral("/api/venues") << 404 << qsizetype(-1);
-    QTest::newRow("root") << QStringLiteral("/") << 404 << qsizetype(-1);
-    QTest::newRow("unknown picture") << QStringLiteral("/files/pictures/pic-99-1-small.jpg") << 404
-                                     << qsizetype(-1);
-    QTest::newRow("unknown rendition")
-        << QStringLiteral("/files/pictures/pic-1-1-huge.jpg") << 404 << qsizetype(-1);
-    QTest::newRow("unknown model file")
-        << QStringLiteral("/files/models/none.tessra") << 404 << qsizetype(-1);
-    QTest::newRow("path that leads out")
-        << QStringLiteral("/files/models/%2E%2E%2Fusers.json") << 404 << qsizetype(-1);
+                        QStringLiteral("1")),
+        400, -1);
+    row("condition without a value",
+        QStringLiteral("/api/venue?filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS"),
+        400, -1);
+    row("unknown include", QStringLiteral("/api/venue?include=cousin"), 400, -1);
+    row("unknown parameter", QStringLiteral("/api/venue?page=2"), 400, -1);
+    row("unknown path", QStringLiteral("/api/venues"), 404, -1);
+    row("root", QStringLiteral("/"), 404, -1);
+    row("unknown picture", QStringLiteral("/files/pictures/pic-99-1-small.jpg"), 404, -1);
+    row("unknown rendition", QStringLiteral("/files/pictures/pic-1-1-huge.jpg"), 404, -1);
+    row("unknown model file", QStringLiteral("/files/models/none.tessra"), 404, -1);
+    row("path that leads out", QStringLiteral("/files/models/%2E%2E%2Fusers.json"), 404, -1);
 }
 
 void tst_VenueServer::RequestAnswers()
@@ -459,44 +455,33 @@ void tst_VenueServer::LogCountsConnections()
 
 void tst_VenueServer::FaultsChangeTheAnswer_data()
 {
-    QTest::addColumn<Fault>("fault");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("contentType");
-    QTest::addColumn<QByteArray>("body"); // null: not compared
+    // A null body is not compared.
+    const Rows<Fault, int, QByteArray, QByteArray> row("fault", "status", "contentType", "body");
 
     const auto on = [] { return Fault::On(QStringLiteral("/api/venue?filter[entity_id]=1")); };
-    QTest::newRow("status with an error document")
-        << on().WithStatus(503) << 503 << c_jsonApi << QByteArray();
-    QTest::newRow("status with a web page")
-        << on().WithStatus(500).WithMediaType("text/html").WithBody("<b>down</b>") << 500
-        << QByteArray("text/html") << QByteArray("<b>down</b>");
-    QTest::newRow("status with a picture") << on().WithStatus(404).WithMediaType("image/png").WithBody("png")
-                                           << 404 << QByteArray("image/png") << QByteArray("png");
-    QTest::newRow("status without a body") << on().WithStatus(502).WithBody(QByteArray()).WithoutMediaType()
-                                           << 502 << QByteArray() << QByteArray("");
-    QTest::newRow("status with the right media type and no body")
-        << on().WithStatus(500).WithBody(QByteArray()) << 500 << c_jsonApi << QByteArray("");
-    QTest::newRow("media type with charset")
-        << on().WithMediaType("application/vnd.api+json; charset=utf-8") << 200
-        << QByteArray("application/vnd.api+json; charset=utf-8") << QByteArray();
-    QTest::newRow("media type missing") << on().WithoutMediaType() << 200 << QByteArray() << QByteArray();
-    QTest::newRow("media type twice") << on().WithSecondMediaType("text/html") << 200
-                                      << QByteArray("application/vnd.api+json, text/html") << QByteArray();
-    QTest::newRow("other body") << on().WithBody("{ not json") << 200 << c_jsonApi
-                                << QByteArray("{ not json");
-    QTest::newRow("empty body") << on().WithBody(QByteArray()) << 200 << c_jsonApi << QByteArray("");
-    QTest::newRow("body with zero bytes")
-        << on().WithBody(QByteArray("a\0b", 3)) << 200 << c_jsonApi << QByteArray("a\0b", 3);
-    QTest::newRow("chunked body") << on().WithBody("in chunks").WithChunks() << 200 << c_jsonApi
-                                  << QByteArray("in chunks");
-    QTest::newRow("by pattern")
-        << Fault::OnPattern(QRegularExpression(QStringLiteral("entity_id\\]=\\d$"))).WithStatus(418) << 418
-        << c_jsonApi << QByteArray();
-    QTest::newRow("of another request")
-        << Fault::On(QStringLiteral("/files")).WithStatus(500) << 200 << c_jsonApi << QByteArray();
-    QTest::newRow("redirect") << on().WithRedirect("https://venues.test.example/files/models/2-hall-1.tessra",
-                                                   307)
-                              << 200 << QByteArray("application/octet-stream") << QByteArray();
+    row("status with an error document", on().WithStatus(503), 503, c_jsonApi, {});
+    row("status with a web page", on().WithStatus(500).WithMediaType("text/html").WithBody("<b>down</b>"),
+        500, "text/html", "<b>down</b>");
+    row("status with a picture", on().WithStatus(404).WithMediaType("image/png").WithBody("png"), 404,
+        "image/png", "png");
+    row("status without a body", on().WithStatus(502).WithBody(QByteArray()).WithoutMediaType(), 502, {}, "");
+    row("status with the right media type and no body", on().WithStatus(500).WithBody(QByteArray()), 500,
+        c_jsonApi, "");
+    row("media type with charset", on().WithMediaType("application/vnd.api+json; charset=utf-8"), 200,
+        "application/vnd.api+json; charset=utf-8", {});
+    row("media type missing", on().WithoutMediaType(), 200, {}, {});
+    row("media type twice", on().WithSecondMediaType("text/html"), 200, "application/vnd.api+json, text/html",
+        {});
+    row("other body", on().WithBody("{ not json"), 200, c_jsonApi, "{ not json");
+    row("empty body", on().WithBody(QByteArray()), 200, c_jsonApi, "");
+    row("body with zero bytes", on().WithBody(QByteArray("a\0b", 3)), 200, c_jsonApi, QByteArray("a\0b", 3));
+    row("chunked body", on().WithBody("in chunks").WithChunks(), 200, c_jsonApi, "in chunks");
+    row("by pattern",
+        Fault::OnPattern(QRegularExpression(QStringLiteral("entity_id\\]=\\d$"))).WithStatus(418), 418,
+        c_jsonApi, {});
+    row("of another request", Fault::On(QStringLiteral("/files")).WithStatus(500), 200, c_jsonApi, {});
+    row("redirect", on().WithRedirect("https://venues.test.example/files/models/2-hall-1.tessra", 307), 200,
+        "application/octet-stream", {});
 }
 
 void tst_VenueServer::FaultsChangeTheAnswer()
@@ -530,10 +515,9 @@ void tst_VenueServer::DelayedAnswerComesLate()
 
 void tst_VenueServer::SilentServerGivesNoAnswer_data()
 {
-    QTest::addColumn<Fault>("fault");
-    QTest::addColumn<bool>("headerArrives");
-    QTest::newRow("no answer at all") << Fault::On({}).WithoutAnswer() << false;
-    QTest::newRow("header, then silence") << Fault::On({}).WithSilenceAfterHeader() << true;
+    const Rows<Fault, bool> row("fault", "headerArrives");
+    row("no answer at all", Fault::On({}).WithoutAnswer(), false);
+    row("header, then silence", Fault::On({}).WithSilenceAfterHeader(), true);
 }
 
 void tst_VenueServer::SilentServerGivesNoAnswer()
@@ -553,18 +537,18 @@ void tst_VenueServer::SilentServerGivesNoAnswer()
 
 void tst_VenueServer::BrokenBodies_data()
 {
-    QTest::addColumn<Fault>("fault");
-    QTest::addColumn<QByteArray>("body"); // null: not compared
+    // A null body is not compared.
+    const Rows<Fault, QByteArray> row("fault", "body");
     const QByteArray body = "0123456789";
     const auto on = [&body] { return Fault::On({}).WithBody(body); };
-    QTest::newRow("cut after four bytes") << on().WithCutAfter(4) << QByteArray("0123");
-    QTest::newRow("cut at once") << on().WithCutAfter(0) << QByteArray("");
-    QTest::newRow("chunks cut after four bytes") << on().WithChunks().WithCutAfter(4) << QByteArray("0123");
-    QTest::newRow("chunks without an end") << on().WithChunks().WithCutAfter(10) << body;
-    QTest::newRow("reset after four bytes") << on().WithResetAfter(4) << QByteArray("0123");
+    row("cut after four bytes", on().WithCutAfter(4), "0123");
+    row("cut at once", on().WithCutAfter(0), "");
+    row("chunks cut after four bytes", on().WithChunks().WithCutAfter(4), "0123");
+    row("chunks without an end", on().WithChunks().WithCutAfter(10), body);
+    row("reset after four bytes", on().WithResetAfter(4), "0123");
     // What Qt hands out of these two is not the server's doing.
-    QTest::newRow("broken gzip") << on().WithBrokenGzip() << QByteArray();
-    QTest::newRow("gzip bomb") << on().WithGzipBomb(100) << QByteArray();
+    row("broken gzip", on().WithBrokenGzip(), {});
+    row("gzip bomb", on().WithGzipBomb(100), {});
 }
 
 void tst_VenueServer::BrokenBodies()
@@ -625,12 +609,12 @@ void tst_VenueServer::FaultOfOneHostSparesTheOther()
 
 void tst_VenueServer::StopInterruptsEveryWait_data()
 {
-    QTest::addColumn<Fault>("fault");
-    QTest::newRow("no answer") << Fault::On({}).WithoutAnswer();
-    QTest::newRow("silence after the header") << Fault::On({}).WithSilenceAfterHeader();
-    QTest::newRow("long delay") << Fault::On({}).WithDelay(60000);
-    QTest::newRow("slow drip") << Fault::On({}).WithDrip(1, 60000);
-    QTest::newRow("idle connection") << Fault::On(QStringLiteral("none"));
+    const Rows<Fault> row("fault");
+    row("no answer", Fault::On({}).WithoutAnswer());
+    row("silence after the header", Fault::On({}).WithSilenceAfterHeader());
+    row("long delay", Fault::On({}).WithDelay(60000));
+    row("slow drip", Fault::On({}).WithDrip(1, 60000));
+    row("idle connection", Fault::On(QStringLiteral("none")));
 }
 
 void tst_VenueServer::StopInterruptsEveryWait()

@@ -1,8 +1,7 @@
-#include <tests/support/MessageGuard.h>
+#include <tests/support/StrictTest.h>
 
 #include <QApplication>
 #include <QRegularExpression>
-#include <QTest>
 #include <QWidget>
 
 #include <algorithm>
@@ -14,11 +13,28 @@ void FailOnUnexpectedWarnings()
     QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
 }
 
+void ExpectWarnings(const QStringList& warnings)
+{
+    for (const QString& warning : warnings)
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+}
+
 bool NoWindowIsLeft()
 {
     const QWidgetList widgets = QApplication::topLevelWidgets();
     return std::none_of(widgets.cbegin(), widgets.cend(),
                         [](const QWidget* widget) { return widget->isVisible(); });
+}
+
+void StrictTest::init()
+{
+    FailOnUnexpectedWarnings();
+}
+
+void StrictTest::cleanup()
+{
+    QVERIFY(NoWindowIsLeft());
+    QVERIFY(!qobject_cast<QGuiApplication*>(qApp) || !QGuiApplication::overrideCursor());
 }
 
 } // namespace korvel::Test
