@@ -49,12 +49,11 @@ template <std::size_t count> std::array<int, count> Numbers(std::string_view tex
 {
     std::array<int, count> numbers{};
     std::size_t index = 0;
-    for (const char character : text) {
+    for (const char character : text)
         if (character >= '0' && character <= '9')
             numbers[index] = numbers[index] * 10 + (character - '0');
         else if (++index == count)
             break;
-    }
     return numbers;
 }
 
@@ -88,10 +87,9 @@ std::vector<BareVenue> ReadBare(const QByteArray& body)
         || document["included"].get_array().get(included) != simdjson::SUCCESS)
         std::abort();
     std::unordered_map<std::string_view, qint64> users;
-    for (const element user : included) {
+    for (const element user : included)
         if (View(user["type"]) == "user")
             users.emplace(View(user["id"]), Number(user["attributes"]["entity_id"]));
-    }
     std::vector<BareVenue> venues;
     venues.reserve(data.size());
     for (const element venue : data) {

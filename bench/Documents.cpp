@@ -5,6 +5,8 @@
 
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 const QByteArray& Body(qsizetype venueCount, qsizetype venuesPerUser)
@@ -17,7 +19,7 @@ const QByteArray& Body(qsizetype venueCount, qsizetype venuesPerUser)
         Demo::CatalogueGenerator::Settings settings;
         settings.venueCount = venueCount;
         settings.venuesPerUser = venuesPerUser;
-        body = Demo::CatalogueGenerator(settings).Body(QStringLiteral("venues.korvel.example"));
+        body = Demo::CatalogueGenerator(settings).Body(u"venues.korvel.example"_s);
         kept = wanted;
     }
     return body;

@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 namespace {
@@ -22,7 +24,7 @@ bool JsonaReader::Start(const QByteArray& body)
 {
     const QString folder = qEnvironmentVariable("VDB_BENCH_JSONA");
     if (folder.isEmpty()) {
-        m_errorText = QStringLiteral("Node or its package jsona is missing");
+        m_errorText = u"Node or its package jsona is missing"_s;
         return false;
     }
     if (!m_body.open() || m_body.write(body) != body.size() || !m_body.flush()) {
@@ -31,13 +33,13 @@ bool JsonaReader::Start(const QByteArray& body)
     }
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.setWorkingDirectory(folder);
-    m_process.start(QStringLiteral("node"), {QStringLiteral("read-body.mjs"), m_body.fileName()});
+    m_process.start(u"node"_s, {u"read-body.mjs"_s, m_body.fileName()});
     if (!m_process.waitForStarted(c_timeout)) {
         m_errorText = m_process.errorString();
         return false;
     }
     if (Read() < 0) {
-        m_errorText = QStringLiteral("Node did not answer");
+        m_errorText = u"Node did not answer"_s;
         return false;
     }
     return true;
@@ -46,10 +48,9 @@ bool JsonaReader::Start(const QByteArray& body)
 double JsonaReader::Read()
 {
     m_process.write("read\n");
-    while (!m_process.canReadLine()) {
+    while (!m_process.canReadLine())
         if (!m_process.waitForReadyRead(c_timeout))
             return -1;
-    }
     bool isNumber = false;
     const double nanoseconds = m_process.readLine().trimmed().toDouble(&isNumber);
     return isNumber ? nanoseconds : -1;

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 int RunBenchmarks(int argc, char** argv)
@@ -12,7 +14,7 @@ int RunBenchmarks(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
     benchmark::AddCustomContext("qt", qVersion());
-    benchmark::AddCustomContext("zone", qEnvironmentVariable("TZ", QStringLiteral("unset")).toStdString());
+    benchmark::AddCustomContext("zone", qEnvironmentVariable("TZ", u"unset"_s).toStdString());
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

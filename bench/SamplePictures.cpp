@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QRandomGenerator>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 using Data::VenueDatabase::Picture;
@@ -49,7 +51,7 @@ QList<Picture> SamplePictures(int count, QSize size)
     for (int i = 0; i < count; ++i) {
         Picture picture;
         picture.SetPictureDataSmall(SampleJpeg(size, static_cast<quint32>(i)));
-        picture.SetAlternativeDescription(QStringLiteral("View %1 of the hall").arg(i + 1));
+        picture.SetAlternativeDescription(u"View %1 of the hall"_s.arg(i + 1));
         pictures.append(picture);
     }
     return pictures;

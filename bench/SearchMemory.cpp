@@ -17,6 +17,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 namespace {
@@ -27,14 +29,13 @@ using Data::VenueDatabase::Venue;
 /// Bytes that the kernel tells of this process under \p name.
 qint64 StatusBytes(const QByteArray& name)
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly))
         return 0;
     const QList<QByteArray> lines = status.readAll().split('\n');
-    for (const QByteArray& line : lines) {
+    for (const QByteArray& line : lines)
         if (line.startsWith(name + ':'))
             return line.mid(name.size() + 1).trimmed().split(' ').constFirst().toLongLong() * 1024;
-    }
     return 0;
 }
 
@@ -47,7 +48,7 @@ void SearchMemory(benchmark::State& state)
     Demo::VenueServer server;
     server.SetCatalogue(Demo::CatalogueGenerator(settings).Catalogue());
     const QTemporaryDir folder;
-    QFile certificate(folder.filePath(QStringLiteral("authority.pem")));
+    QFile certificate(folder.filePath(u"authority.pem"_s));
     if (!server.Start() || !certificate.open(QIODevice::WriteOnly)) {
         state.SkipWithError("the server did not start");
         return;
@@ -81,8 +82,7 @@ int PrintSearchMemory(const QStringList& arguments)
     QFile file(arguments.value(1));
     if (!file.open(QIODevice::ReadOnly))
         return 1;
-    const QNetworkProxy proxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"),
-                              arguments.value(0).toUShort());
+    const QNetworkProxy proxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, arguments.value(0).toUShort());
     const Demo::ApplicationNetworkGuard network(proxy, QSslCertificate(file.readAll()));
     QList<Venue> venues;
     {

@@ -17,6 +17,8 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel;
 using namespace korvel::Bench;
 using Data::VenueDatabase::ConnectorJsonRest;
@@ -81,10 +83,8 @@ QList<QUrl> AddressesOf(ConnectorJsonRest& connector, PictureServer& server)
     server->Log().Clear();
     const QList<Picture> pictures = connector.GetPictureEntries(c_venueId);
     QList<QUrl> addresses;
-    for (const Demo::Request& request : server->Log().Requests()) {
-        addresses.append(
-            QUrl(QStringLiteral("https://") + server->Host() + QString::fromLatin1(request.target)));
-    }
+    for (const Demo::Request& request : server->Log().Requests())
+        addresses.append(QUrl(u"https://"_s + server->Host() + QString::fromLatin1(request.target)));
     if (pictures.size() != c_pictureCount || addresses.size() != c_pictureCount + 1
         || pictures.constFirst().GetPictureDataSmall().size() != c_pictureSize)
         qFatal("the venue server does not deliver the pictures");
@@ -118,7 +118,7 @@ void FetchPictures(benchmark::State& state)
     const QJsonArray included
         = QJsonDocument::fromJson(FetchPlainly(*manager, {addresses.constFirst()}).constFirst())
               .object()
-              .value(QLatin1String("included"))
+              .value("included"_L1)
               .toArray();
     if (connector.ProcessPictureEntriesReply(included, c_venueId).size() != c_pictureCount)
         qFatal("the list of the pictures is not as it was");

@@ -14,6 +14,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Bench;
 using korvel::Data::VenueDatabase::ConnectorJsonRest;
 using korvel::Data::VenueDatabase::CountryCodeTranslator;
@@ -120,18 +122,17 @@ QByteArray WithShortTexts(const QByteArray& body, qsizetype length)
 {
     QJsonObject document = QJsonDocument::fromJson(body).object();
     QJsonArray data;
-    const QJsonArray elements = document.value(QLatin1String("data")).toArray();
+    const QJsonArray elements = document.value("data"_L1).toArray();
     for (const QJsonValue value : elements) {
         QJsonObject element = value.toObject();
-        QJsonObject attributes = element.value(QLatin1String("attributes")).toObject();
+        QJsonObject attributes = element.value("attributes"_L1).toObject();
         for (const QLatin1String name :
-             {QLatin1String("general_comment"), QLatin1String("comment"), QLatin1String("load_in_comments"),
-              QLatin1String("rigging_specialties")})
+             {"general_comment"_L1, "comment"_L1, "load_in_comments"_L1, "rigging_specialties"_L1})
             attributes.insert(name, attributes.value(name).toString().left(length));
-        element.insert(QLatin1String("attributes"), attributes);
+        element.insert("attributes"_L1, attributes);
         data.append(element);
     }
-    document.insert(QLatin1String("data"), data);
+    document.insert("data"_L1, data);
     return QJsonDocument(document).toJson(QJsonDocument::Compact);
 }
 

@@ -21,6 +21,8 @@
 #include <array>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel;
 using namespace korvel::Bench;
 using Data::VenueDatabase::ConnectorJsonRest;
@@ -83,8 +85,7 @@ Times Search()
             times[station] = NowOn(Clock::Wall);
     };
     reach(Start);
-    QNetworkReply* reply = connector.SendGetJsonRequest(
-        QStringLiteral("/api/venue"), {{QStringLiteral("include"), QStringLiteral("editor")}});
+    QNetworkReply* reply = connector.SendGetJsonRequest(u"/api/venue"_s, {{u"include"_s, u"editor"_s}});
     QObject::connect(reply, &QNetworkReply::encrypted, reply, [&]() { reach(Encrypted); });
     QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [&]() { reach(FirstByte); });
     if (!connector.waitForFinished(reply, c_timeout) || reply->error() != QNetworkReply::NoError)

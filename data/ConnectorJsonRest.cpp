@@ -41,7 +41,7 @@ bool IsJsonApi(const QNetworkReply& reply)
 QNetworkReply* SendUrlRequest(QNetworkAccessManager& manager, const QUrl& wanted)
 {
     QNetworkReply* const reply = manager.get(ServerRequest(wanted));
-    RequestTracer::Follow(QLatin1String("Request"), wanted, reply);
+    RequestTracer::Follow("Request"_L1, wanted, reply);
     return reply;
 }
 
@@ -101,8 +101,7 @@ QNetworkReply* ConnectorJsonRest::SendGetJsonRequest(const QString& path,
     const QUrl wanted = ServerUrl(path, query);
     QNetworkReply* const reply = m_networkAccessManager->get(ServerRequest(wanted));
     // Which of the queries it is; their other values may be what the user typed.
-    RequestTracer::Follow(QLatin1String("Server request"), wanted, reply,
-                          {QLatin1String("include"), QLatin1String("filter[entity_id]")});
+    RequestTracer::Follow("Server request"_L1, wanted, reply, {"include"_L1, "filter[entity_id]"_L1});
     return reply;
 }
 
@@ -163,8 +162,7 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
     }
     std::optional<QList<Venue>> found = VenueReader(*m_countryCodeTranslator).ReadBody(TakeBody(*reply));
     if (!found)
-        RequestTracer::NoteUnusable(*reply,
-                                    QStringLiteral("the reply is not a JSON object with a list \"data\""));
+        RequestTracer::NoteUnusable(*reply, u"the reply is not a JSON object with a list \"data\""_s);
     venues = std::move(found).value_or(QList<Venue>());
     return Ok;
 }
@@ -182,7 +180,7 @@ QList<User> ConnectorJsonRest::FindUserEntries(QList<std::pair<QString, QString>
 QList<Picture> ConnectorJsonRest::GetPictureEntries(qint64 venueId)
 {
     QJsonArray included;
-    if (!QueryIncluded(QLatin1String("Picture query"), c_pictureInclude, venueId, included))
+    if (!QueryIncluded("Picture query"_L1, c_pictureInclude, venueId, included))
         return {};
     return ProcessPictureEntriesReply(included, venueId);
 }
@@ -216,7 +214,7 @@ QByteArray ConnectorJsonRest::GetPictureBinaryData(const QString& url)
     const QString contentType = ContentType(*reply);
     const bool isAnswer = RenewingNetworkManager::IsAnswer(*reply);
     // Deliberate: the media type alone decides. An error page that is an image counts as one.
-    const bool isImage = isAnswer && contentType.startsWith(QLatin1String("image"));
+    const bool isImage = isAnswer && contentType.startsWith("image"_L1);
     if (reply->error() != QNetworkReply::NoError)
         LogFailedRequest(what, wanted, *reply);
     else if (!isAnswer)
@@ -247,7 +245,7 @@ QByteArray ConnectorJsonRest::GetBinaryData(const QString& path)
 QList<TsFile> ConnectorJsonRest::GetTSFileEntries(qint64 venueId)
 {
     QJsonArray included;
-    if (!QueryIncluded(QLatin1String("Model file query"), c_modelFileInclude, venueId, included))
+    if (!QueryIncluded("Model file query"_L1, c_modelFileInclude, venueId, included))
         return {};
     return ProcessTSFileEntriesReply(included, venueId);
 }
@@ -291,8 +289,8 @@ bool ConnectorJsonRest::QueryIncluded(QLatin1String what, const QString& include
     }
     const QJsonDocument document = QJsonDocument::fromJson(body);
     if (!document.isObject())
-        LogFailedRequest(what, url, *reply, QStringLiteral("the reply is no JSON object"));
-    included = document.object().value(QLatin1String("included")).toArray();
+        LogFailedRequest(what, url, *reply, u"the reply is no JSON object"_s);
+    included = document.object().value("included"_L1).toArray();
     return true;
 }
 
@@ -319,3 +317,5 @@ QList<User> ConnectorJsonRest::GetUserEntries()
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_ConnectorJsonRest.cpp"
+
+using namespace Qt::StringLiterals;

@@ -292,12 +292,12 @@ void CountryCodeTranslator::InitTranslationMaps()
 
 QString CountryCodeTranslator::GetCountry(QString code) const
 {
-    return m_codeToName.value(code, QStringLiteral("unknown"));
+    return m_codeToName.value(code, u"unknown"_s);
 }
 
 QString CountryCodeTranslator::GetCountryCode(QString name) const
 {
-    return m_nameToCode.value(name, QStringLiteral("-"));
+    return m_nameToCode.value(name, u"-"_s);
 }
 
 QList<QString> CountryCodeTranslator::GetCountryCodeList() const
@@ -313,3 +313,5 @@ QList<QString> CountryCodeTranslator::GetCountryList() const
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_CountryCodeTranslator.cpp"
+
+using namespace Qt::StringLiterals;

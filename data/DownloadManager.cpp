@@ -29,42 +29,44 @@ void DownloadManager::RequestPictureBinaryData(const QUrl& url)
 {
     QNetworkReply* reply = m_networkAccessManager->get(QNetworkRequest(RequestUrl(url)));
     // Before the connections below: what they call reads the body or deletes this object.
-    RequestTracer::Follow(QLatin1String("Picture download"), url, reply);
+    RequestTracer::Follow("Picture download"_L1, url, reply);
     connect(
         reply, &QNetworkReply::finished, reply,
         [this, url, reply]() { OnPictureBinaryDataResponse(url, reply); }, Qt::DirectConnection);
     connect(reply, &QNetworkReply::errorOccurred, this,
-            [this, url]() { Q_EMIT RequestFailed(url, QStringLiteral("Request failed!")); });
+            [this, url]() { Q_EMIT RequestFailed(url, u"Request failed!"_s); });
 }
 
 void DownloadManager::OnPictureBinaryDataResponse(QUrl url, QNetworkReply* reply)
 {
     const QString contentType = reply->header(QNetworkRequest::ContentTypeHeader).toString();
     const bool isAnswer = RenewingNetworkManager::IsAnswer(*reply);
-    const bool isImage = isAnswer && contentType.startsWith(QLatin1String("image"));
+    const bool isImage = isAnswer && contentType.startsWith("image"_L1);
     // The reply lives as long as this manager, so its body must not: read also what is not wanted.
     const QByteArray body = reply->readAll();
 
     const bool hasError = reply->error() != QNetworkReply::NoError;
     if (hasError)
-        LogFailedRequest(QLatin1String("Picture download"), url, *reply);
+        LogFailedRequest("Picture download"_L1, url, *reply);
     else if (!isAnswer)
-        LogFailedRequest(QLatin1String("Picture download"), url, *reply, NotAnAnswerReason());
+        LogFailedRequest("Picture download"_L1, url, *reply, NotAnAnswerReason());
     else if (!isImage)
-        LogFailedRequest(QLatin1String("Picture download"), url, *reply, NotAnImageReason(contentType));
+        LogFailedRequest("Picture download"_L1, url, *reply, NotAnImageReason(contentType));
 
     const QPointer<DownloadManager> self(this);
     // Qt reports no error here, but it is one like those that it reports.
     if (!isAnswer && !hasError)
-        Q_EMIT RequestFailed(url, QStringLiteral("Request failed!"));
+        Q_EMIT RequestFailed(url, u"Request failed!"_s);
     if (!self)
         return;
     if (isImage)
         Q_EMIT PictureBinaryDataFinished(url, body);
     else
-        Q_EMIT RequestFailed(url, QStringLiteral("Cannot convert reply. Reply is not an image."));
+        Q_EMIT RequestFailed(url, u"Cannot convert reply. Reply is not an image."_s);
 }
 
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_DownloadManager.cpp"
+
+using namespace Qt::StringLiterals;

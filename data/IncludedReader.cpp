@@ -8,6 +8,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -15,28 +17,24 @@ namespace {
 /// The identifier of the stored file that a "picture" or "tessra" resource refers to.
 QString FileId(const QJsonObject& resource)
 {
-    return TextAt(
-        resource,
-        {QLatin1String("relationships"), QLatin1String("file"), QLatin1String("data"), QLatin1String("id")});
+    return TextAt(resource, {"relationships"_L1, "file"_L1, "data"_L1, "id"_L1});
 }
 
 /// Fills \p picture from the "picture" resource that describes it.
 void Describe(Picture& picture, const QJsonObject& resource)
 {
-    picture.SetPictureName(TextAt(resource, {QLatin1String("attributes"), QLatin1String("name")}));
-    picture.SetUploadDate(TextAt(resource, {QLatin1String("attributes"), QLatin1String("created")}));
+    picture.SetPictureName(TextAt(resource, {"attributes"_L1, "name"_L1}));
+    picture.SetUploadDate(TextAt(resource, {"attributes"_L1, "created"_L1}));
     picture.SetAlternativeDescription(
-        TextAt(resource,
-               {QLatin1String("relationships"), QLatin1String("file"), QLatin1String("data"),
-                QLatin1String("meta"), QLatin1String("alt")}));
+        TextAt(resource, {"relationships"_L1, "file"_L1, "data"_L1, "meta"_L1, "alt"_L1}));
 }
 
 /// Fills \p file from the "tessra" resource that describes it.
 void Describe(TsFile& file, const QJsonObject& resource)
 {
-    QString name = TextAt(resource, {QLatin1String("attributes"), QLatin1String("name")});
-    QString uploadDate = TextAt(resource, {QLatin1String("attributes"), QLatin1String("created")});
-    QString version = TextAt(resource, {QLatin1String("attributes"), QLatin1String("file_version")});
+    QString name = TextAt(resource, {"attributes"_L1, "name"_L1});
+    QString uploadDate = TextAt(resource, {"attributes"_L1, "created"_L1});
+    QString version = TextAt(resource, {"attributes"_L1, "file_version"_L1});
     file.SetFileName(name);
     file.SetUploadDate(uploadDate);
     file.SetTsVersion(version);
@@ -44,15 +42,15 @@ void Describe(TsFile& file, const QJsonObject& resource)
 
 QString RenditionUrl(const QJsonObject& file, QLatin1String rendition)
 {
-    return TextAt(file, {QLatin1String("links"), rendition, QLatin1String("href")});
+    return TextAt(file, {"links"_L1, rendition, "href"_L1});
 }
 
 /// Fills \p picture from its "file" resource.
 void Locate(Picture& picture, const QJsonObject& file)
 {
-    picture.SetPictureUrlSmall(RenditionUrl(file, QLatin1String("small")));
-    picture.SetPictureUrlMedium(RenditionUrl(file, QLatin1String("medium")));
-    picture.SetPictureUrlLarge(RenditionUrl(file, QLatin1String("large")));
+    picture.SetPictureUrlSmall(RenditionUrl(file, "small"_L1));
+    picture.SetPictureUrlMedium(RenditionUrl(file, "medium"_L1));
+    picture.SetPictureUrlLarge(RenditionUrl(file, "large"_L1));
 }
 
 /// A model file has no addresses of its own.
@@ -76,12 +74,11 @@ QList<StoredFile<Record>> FilesOf(const QJsonArray& included, QLatin1String type
     QList<StoredFile<Record>> files;
     for (const QJsonValue value : included) {
         const QJsonObject resource = value.toObject();
-        if (!IsResource(resource, QLatin1String("file")))
+        if (!IsResource(resource, "file"_L1))
             continue;
-        Record record = recordsByFile.value(TextAt(resource, {QLatin1String("id")}));
+        Record record = recordsByFile.value(TextAt(resource, {"id"_L1}));
         Locate(record, resource);
-        files.append(
-            {std::move(record), TextAt(resource, {QLatin1String("attributes"), QLatin1String("url")})});
+        files.append({std::move(record), TextAt(resource, {"attributes"_L1, "url"_L1})});
     }
     return files;
 }
@@ -96,12 +93,12 @@ IncludedReader::IncludedReader(const QJsonArray& included, qint64 venueId)
 
 QList<StoredFile<Picture>> IncludedReader::Pictures() const
 {
-    return FilesOf<Picture>(m_included, QLatin1String("picture"), m_venueId);
+    return FilesOf<Picture>(m_included, "picture"_L1, m_venueId);
 }
 
 QList<StoredFile<TsFile>> IncludedReader::ModelFiles() const
 {
-    return FilesOf<TsFile>(m_included, QLatin1String("tessra"), m_venueId);
+    return FilesOf<TsFile>(m_included, "tessra"_L1, m_venueId);
 }
 
 } // namespace korvel::Data::VenueDatabase

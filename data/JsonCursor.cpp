@@ -89,7 +89,7 @@ JsonScalar JsonCursor::ReadScalar()
     case '"':
         return ReadText();
     case '{':
-        ReadObject({}, [](std::size_t) {});
+        ReadObject({}, [](std::size_t) { });
         return {};
     case '[':
         ReadArray([this]() { Skip(); });
@@ -144,10 +144,9 @@ void JsonCursor::GoThroughEscapes(const char* from)
         const bool isCode = rest.startsWith('u');
         if (rest.size() < 5 || !QByteArrayView("\"\\/bfnrtu").contains(rest.front()))
             return Refuse();
-        for (qsizetype index = 1; isCode && index < 5; ++index) {
+        for (qsizetype index = 1; isCode && index < 5; ++index)
             if (!QByteArrayView("0123456789abcdefABCDEF").contains(rest[index]))
                 return Refuse();
-        }
         m_at += isCode ? 6 : 2;
     }
     m_backslash = Find('\\', m_at, m_end);

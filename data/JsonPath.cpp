@@ -2,6 +2,8 @@
 
 #include <QJsonValue>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 QString TextAt(const QJsonObject& object, std::initializer_list<QLatin1String> path)
@@ -14,7 +16,7 @@ QString TextAt(const QJsonObject& object, std::initializer_list<QLatin1String> p
 
 bool IsResource(const QJsonObject& resource, QLatin1String type)
 {
-    return resource.value(QLatin1String("type")) == type;
+    return resource.value("type"_L1) == type;
 }
 
 } // namespace korvel::Data::VenueDatabase

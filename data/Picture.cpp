@@ -1,5 +1,7 @@
 #include <data/Picture.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 qint64 Picture::GetId() const
@@ -157,15 +159,15 @@ QString Picture::GetLabelAt(qint64 index)
 {
     switch (index) {
     case 0:
-        return QStringLiteral("ID");
+        return u"ID"_s;
     case 1:
-        return QStringLiteral("PictureName");
+        return u"PictureName"_s;
     case 2:
-        return QStringLiteral("PictureData");
+        return u"PictureData"_s;
     case 3:
-        return QStringLiteral("AlternativeDescription");
+        return u"AlternativeDescription"_s;
     case 4:
-        return QStringLiteral("UploadDate");
+        return u"UploadDate"_s;
     default:
         return {};
     }

@@ -22,7 +22,7 @@ constexpr const char* c_isDoubtful = "vdbIsDoubtful";
 bool IsFromNetwork(const QNetworkReply& reply)
 {
     const QString scheme = reply.url().scheme();
-    return scheme == QLatin1String("https") || scheme == QLatin1String("http");
+    return scheme == "https"_L1 || scheme == "http"_L1;
 }
 
 /// The HTTP status of \p reply; 0 where there is none.
@@ -150,3 +150,5 @@ void RenewingNetworkManager::NoteEnd(QObject* reply, Connections* connections, b
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_RenewingNetworkManager_p.cpp"
+
+using namespace Qt::StringLiterals;

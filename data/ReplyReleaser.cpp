@@ -2,6 +2,8 @@
 
 #include <data/Logging_p.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 ReplyReleaser::ReplyReleaser(QNetworkReply* reply)
@@ -33,7 +35,7 @@ QNetworkReply* ReplyReleaser::Get() const
 void ReplyReleaser::LogTimeout(QLatin1String what, const QUrl& url, int timeout) const
 {
     if (m_reply && m_reply->isFinished())
-        LogFailedRequest(what, url, *m_reply, QStringLiteral("no reply within %1 ms").arg(timeout));
+        LogFailedRequest(what, url, *m_reply, u"no reply within %1 ms"_s.arg(timeout));
 }
 
 } // namespace korvel::Data::VenueDatabase

@@ -22,7 +22,7 @@ QString QueryText(const QUrlQuery& query, std::initializer_list<QLatin1String> o
     const auto pairs = query.queryItems();
     for (const auto& [name, value] : pairs) {
         const bool isOpen = std::find(openItems.begin(), openItems.end(), name) != openItems.end();
-        items.append(name + QLatin1Char('=') + (isOpen ? value : QStringLiteral("...")));
+        items.append(name + QLatin1Char('=') + (isOpen ? value : u"..."_s));
     }
     return items.join(QLatin1Char('&'));
 }
@@ -31,7 +31,7 @@ QString AddressText(const QUrl& url, std::initializer_list<QLatin1String> openIt
 {
     // A path that does not fit its host makes the whole address invalid, and Qt shows none.
     if (!url.isValid() && !url.host().isEmpty())
-        return Loggable(url.scheme() + QLatin1String("://") + url.host() + LoggedPath(url));
+        return Loggable(url.scheme() + "://"_L1 + url.host() + LoggedPath(url));
     QString text = url.toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment);
     if (url.hasQuery())
         text += QLatin1Char('?') + QueryText(QUrlQuery(url), openItems);
@@ -47,15 +47,15 @@ void RequestTracer::Follow(QLatin1String what, const QUrl& url, QNetworkReply* r
         return;
     // Downloads run side by side: the number tells which lines belong together.
     static std::atomic<quint64> requestCount = 0;
-    const QString title = QStringLiteral("#%1 %2").arg(++requestCount).arg(what);
+    const QString title = u"#%1 %2"_s.arg(++requestCount).arg(what);
     new RequestTracer(title, AddressText(url, openItems), reply);
 }
 
 void RequestTracer::NoteUnusable(const QNetworkReply& reply, const QString& why)
 {
     if (const auto* tracer = reply.findChild<const RequestTracer*>())
-        qCDebug(VdbTrace).noquote() << tracer->m_title << QLatin1String("unusable:") << tracer->m_address
-                                    << QLatin1String("-") << Loggable(why);
+        qCDebug(VdbTrace).noquote() << tracer->m_title << "unusable:"_L1 << tracer->m_address << "-"_L1
+                                    << Loggable(why);
 }
 
 RequestTracer::RequestTracer(const QString& title, const QString& address, QNetworkReply* reply)
@@ -66,7 +66,7 @@ RequestTracer::RequestTracer(const QString& title, const QString& address, QNetw
 {
     m_elapsed.start();
     connect(reply, &QNetworkReply::finished, this, &RequestTracer::OnFinished);
-    qCDebug(VdbTrace).noquote() << m_title << QLatin1String("sent:") << m_address;
+    qCDebug(VdbTrace).noquote() << m_title << "sent:"_L1 << m_address;
 }
 
 RequestTracer::~RequestTracer()
@@ -74,8 +74,8 @@ RequestTracer::~RequestTracer()
     if (m_hasEnded)
         return;
     // The reply is no more than a plain object by now.
-    qCDebug(VdbTrace).noquote() << m_title << QLatin1String("dropped:") << m_address << QLatin1String("-")
-                                << m_elapsed.elapsed() << QLatin1String("ms");
+    qCDebug(VdbTrace).noquote() << m_title << "dropped:"_L1 << m_address << "-"_L1 << m_elapsed.elapsed()
+                                << "ms"_L1;
 }
 
 void RequestTracer::OnFinished()
@@ -84,20 +84,19 @@ void RequestTracer::OnFinished()
     const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const bool wasRedirected = m_reply->url() != m_reply->request().url();
     const QString errorText = m_reply->error() == QNetworkReply::NoError
-        ? QStringLiteral("no error")
-        : QStringLiteral("%1: %2").arg(
-            QString::fromLatin1(
-                QMetaEnum::fromType<QNetworkReply::NetworkError>().valueToKey(m_reply->error())),
-            Loggable(ErrorText(*m_reply)));
-    qCDebug(VdbTrace).noquote() << m_title << QLatin1String("ended:")
-                                << (wasRedirected
-                                        ? m_address + QStringLiteral(" -> ") + AddressText(m_reply->url())
-                                        : m_address)
-                                << QLatin1String("-") << StatusText(status) << QLatin1String("-")
-                                << m_reply->bytesAvailable() << QLatin1String("bytes -")
-                                << m_elapsed.elapsed() << QLatin1String("ms -") << errorText;
+        ? u"no error"_s
+        : u"%1: %2"_s.arg(QString::fromLatin1(QMetaEnum::fromType<QNetworkReply::NetworkError>().valueToKey(
+                              m_reply->error())),
+                          Loggable(ErrorText(*m_reply)));
+    qCDebug(VdbTrace).noquote() << m_title << "ended:"_L1
+                                << (wasRedirected ? m_address + u" -> "_s + AddressText(m_reply->url())
+                                                  : m_address)
+                                << "-"_L1 << StatusText(status) << "-"_L1 << m_reply->bytesAvailable()
+                                << "bytes -"_L1 << m_elapsed.elapsed() << "ms -"_L1 << errorText;
 }
 
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_RequestTracer_p.cpp"
+
+using namespace Qt::StringLiterals;

@@ -1,13 +1,14 @@
 #include <data/RequestUrl_p.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 QUrl RequestUrl(const QUrl& url)
 {
     // QUrl keeps schemes in lower case.
     const QString scheme = url.scheme();
-    const bool isAllowed = scheme == QLatin1String("https") || scheme == QLatin1String("http")
-        || scheme == QLatin1String("data");
+    const bool isAllowed = scheme == "https"_L1 || scheme == "http"_L1 || scheme == "data"_L1;
     // Qt would send a request without a target to the host of an invalid URL.
     return isAllowed && url.isValid() ? url : QUrl();
 }
@@ -19,7 +20,7 @@ QString LoggedPath(const QUrl& url)
         return path;
     const QUrl address(url.path(QUrl::FullyDecoded), QUrl::TolerantMode);
     const QString text = address.toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment);
-    return QStringLiteral(" \"%1\"").arg(text.isEmpty() ? path : text);
+    return u" \"%1\""_s.arg(text.isEmpty() ? path : text);
 }
 
 } // namespace korvel::Data::VenueDatabase

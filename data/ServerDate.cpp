@@ -5,6 +5,8 @@
 #include <QStringView>
 #include <QTime>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -77,7 +79,7 @@ template <typename View> QDateTime PlainDateTime(View text)
 QDate ReadServerDate(const QString& text)
 {
     const QDate date = PlainDate(QStringView(text));
-    return date.isValid() ? date : QDate::fromString(text, QStringLiteral("yyyy-MM-dd"), QCalendar());
+    return date.isValid() ? date : QDate::fromString(text, u"yyyy-MM-dd"_s, QCalendar());
 }
 
 QDate ReadServerDate(QUtf8StringView text)
@@ -89,9 +91,8 @@ QDate ReadServerDate(QUtf8StringView text)
 QDateTime ReadServerDateTime(const QString& text)
 {
     const QDateTime dateTime = PlainDateTime(QStringView(text));
-    return dateTime.isValid()
-        ? dateTime
-        : QDateTime::fromString(text, QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"), QCalendar());
+    return dateTime.isValid() ? dateTime
+                              : QDateTime::fromString(text, u"yyyy-MM-ddThh:mm:ss+00:00"_s, QCalendar());
 }
 
 QDateTime ReadServerDateTime(QUtf8StringView text)

@@ -4,6 +4,8 @@
 
 #include <QUrlQuery>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 QUrl ServerUrl(const QString& path, const QueryPairs& query)
@@ -12,7 +14,7 @@ QUrl ServerUrl(const QString& path, const QueryPairs& query)
     for (const auto& [name, value] : query)
         urlQuery.addQueryItem(name, value);
     QUrl url;
-    url.setScheme(QStringLiteral("https"));
+    url.setScheme(u"https"_s);
     url.setHost(QStringLiteral(KVVENUEDATABASE_SERVER_HOST), QUrl::DecodedMode);
     if (!urlQuery.isEmpty())
         url.setQuery(urlQuery);
@@ -35,19 +37,18 @@ QueryPairs SearchQuery(const QueryPairs& filters)
     query.reserve(3 * filters.size() + 1);
     for (const auto& [key, value] : filters) {
         const QString path = key.toLower();
-        const QString condition = QStringLiteral("filter[") + path + QStringLiteral("][condition]");
-        query.append({condition + QStringLiteral("[path]"), path});
-        query.append({condition + QStringLiteral("[operator]"), QStringLiteral("CONTAINS")});
-        query.append({condition + QStringLiteral("[value]"), value});
+        const QString condition = u"filter["_s + path + u"][condition]"_s;
+        query.append({condition + u"[path]"_s, path});
+        query.append({condition + u"[operator]"_s, u"CONTAINS"_s});
+        query.append({condition + u"[value]"_s, value});
     }
-    query.append({QStringLiteral("include"), QStringLiteral("editor")});
+    query.append({u"include"_s, u"editor"_s});
     return query;
 }
 
 QueryPairs IncludedQuery(const QString& include, qint64 venueId)
 {
-    return {{QStringLiteral("include"), include},
-            {QStringLiteral("filter[entity_id]"), QString::number(venueId)}};
+    return {{u"include"_s, include}, {u"filter[entity_id]"_s, QString::number(venueId)}};
 }
 
 } // namespace korvel::Data::VenueDatabase

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -19,7 +21,7 @@ bool IsPlainFileName(const QString& name)
     if (QDir::separator() == QLatin1Char('\\')
         && (name.contains(QLatin1Char('\\')) || name.contains(QLatin1Char(':'))))
         return false;
-    return name != QLatin1String(".") && name != QLatin1String("..");
+    return name != "."_L1 && name != ".."_L1;
 }
 
 bool StandsDirectlyInTempFolder(const QString& path)
@@ -116,15 +118,15 @@ QString TsFile::GetLabelAt(qint64 index)
 {
     switch (index) {
     case 0:
-        return QStringLiteral("ID");
+        return u"ID"_s;
     case 1:
-        return QStringLiteral("FileName");
+        return u"FileName"_s;
     case 2:
-        return QStringLiteral("FileData");
+        return u"FileData"_s;
     case 3:
-        return QStringLiteral("TSVersion");
+        return u"TSVersion"_s;
     case 4:
-        return QStringLiteral("UploadDate");
+        return u"UploadDate"_s;
     default:
         return {};
     }
@@ -142,7 +144,7 @@ bool TsFile::CopyToTempFolder()
     auto file = std::make_unique<QTemporaryFile>();
     // Qt replaces the last run of six X of a template. A name that holds such a run itself is appended by
     // renaming, so that it stays as it is.
-    const bool renames = m_fileName.contains(QLatin1String("XXXXXX"));
+    const bool renames = m_fileName.contains("XXXXXX"_L1);
     if (!renames)
         file->setFileTemplate(file->fileTemplate() + QLatin1Char('-') + m_fileName);
     if (!file->open())

@@ -16,6 +16,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -28,9 +30,9 @@ QHash<QString, qint64> EditorsById(const QJsonArray& included)
     editors.reserve(included.size());
     for (const QJsonValue value : included) {
         const QJsonObject resource = value.toObject();
-        if (!IsResource(resource, QLatin1String("user")))
+        if (!IsResource(resource, "user"_L1))
             continue;
-        const QJsonValue id = resource.value(QLatin1String("id"));
+        const QJsonValue id = resource.value("id"_L1);
         // A number never equals the text that a relationship names.
         if (!id.isString())
             continue;
@@ -39,8 +41,8 @@ QHash<QString, qint64> EditorsById(const QJsonArray& included)
         // The first user of an id counts.
         if (editors.size() == known)
             continue;
-        const QJsonObject attributes = resource.value(QLatin1String("attributes")).toObject();
-        editor = attributes.value(QLatin1String("entity_id")).toInt(0);
+        const QJsonObject attributes = resource.value("attributes"_L1).toObject();
+        editor = attributes.value("entity_id"_L1).toInt(0);
     }
     return editors;
 }
@@ -91,8 +93,8 @@ private:
 
 Venue ReadVenue(const QJsonObject& element, const CountryCodeTranslator& countries, TextPool<QString>& pool)
 {
-    const QJsonObject attributes = element.value(QLatin1String("attributes")).toObject();
-    const QJsonObject address = attributes.value(QLatin1String("address")).toObject();
+    const QJsonObject attributes = element.value("attributes"_L1).toObject();
+    const QJsonObject address = attributes.value("address"_L1).toObject();
     Venue venue;
     for (const auto& [name, set] : c_attributeFields<Member>)
         set(venue, Member(attributes, name, pool, countries));
@@ -113,7 +115,7 @@ std::optional<QList<Venue>> VenueReader::ReadBody(const QByteArray& body) const
     if (std::optional<QList<Venue>> venues = QuickVenueReader(body, m_countries).Read())
         return venues;
     const QJsonObject document = QJsonDocument::fromJson(body).object();
-    if (!document.value(QLatin1String("data")).isArray())
+    if (!document.value("data"_L1).isArray())
         return std::nullopt;
     return Read(document);
 }
@@ -121,20 +123,19 @@ std::optional<QList<Venue>> VenueReader::ReadBody(const QByteArray& body) const
 QList<Venue> VenueReader::Read(const QJsonObject& document) const
 {
     QList<Venue> venues;
-    const QJsonArray data = document.value(QLatin1String("data")).toArray();
+    const QJsonArray data = document.value("data"_L1).toArray();
     if (data.isEmpty())
         return venues;
 
-    const QHash<QString, qint64> editors = EditorsById(document.value(QLatin1String("included")).toArray());
+    const QHash<QString, qint64> editors = EditorsById(document.value("included"_L1).toArray());
     venues.reserve(data.size());
     TextPool<QString> pool(data.size());
     // Deliberate: the list is in the reverse order of the server's.
     for (qsizetype index = data.size() - 1; index >= 0; --index) {
         const QJsonObject element = data.at(index).toObject();
         Venue venue = ReadVenue(element, m_countries, pool);
-        const auto editor = editors.constFind(TextAt(element,
-                                                     {QLatin1String("relationships"), QLatin1String("editor"),
-                                                      QLatin1String("data"), QLatin1String("id")}));
+        const auto editor
+            = editors.constFind(TextAt(element, {"relationships"_L1, "editor"_L1, "data"_L1, "id"_L1}));
         if (editor != editors.constEnd())
             venue.SetEditor(*editor);
         venues.append(std::move(venue));

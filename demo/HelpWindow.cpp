@@ -5,6 +5,8 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 HelpWindow::HelpWindow(QWidget* parent)
@@ -34,8 +36,7 @@ HelpWindow::HelpWindow(QWidget* parent)
            "&nbsp;·&nbsp; Ctrl+Q quit</p>"));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    buttons->button(QDialogButtonBox::Close)
-        ->setProperty("customStyle", QStringLiteral("buttonKorvelDefault"));
+    buttons->button(QDialogButtonBox::Close)->setProperty("customStyle", u"buttonKorvelDefault"_s);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* layout = new QVBoxLayout(this);

@@ -6,6 +6,8 @@
 #include <QIcon>
 #include <QStyleFactory>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -13,8 +15,7 @@ namespace {
 /// An interface font that is as narrow as the dialog's fixed columns expect, where one is installed.
 void SetInterfaceFont()
 {
-    QFont font(QStringList{QStringLiteral("Inter"), QStringLiteral("Segoe UI"), QStringLiteral("Noto Sans"),
-                           QApplication::font().family()});
+    QFont font(QStringList{u"Inter"_s, u"Segoe UI"_s, u"Noto Sans"_s, QApplication::font().family()});
     font.setPixelSize(12);
     QApplication::setFont(font);
 }
@@ -46,10 +47,10 @@ int& AfterLanguage(int& argc, char* argv[])
 HostApplication::HostApplication(int& argc, char* argv[])
     : QApplication(AfterLanguage(argc, argv), argv)
 {
-    setApplicationName(QStringLiteral("vdbdemo"));
-    setApplicationDisplayName(QStringLiteral("Tessra"));
-    setWindowIcon(QIcon(QStringLiteral(":/Tessra/tessra.svg")));
-    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    setApplicationName(u"vdbdemo"_s);
+    setApplicationDisplayName(u"Tessra"_s);
+    setWindowIcon(QIcon(u":/Tessra/tessra.svg"_s));
+    setStyle(QStyleFactory::create(u"Fusion"_s));
     SetInterfaceFont();
 }
 

@@ -4,13 +4,15 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
 
 void Install(QTranslator& translator, const QString& name, const QString& folder)
 {
-    if (translator.load(QLocale(), name, QStringLiteral("_"), folder))
+    if (translator.load(QLocale(), name, u"_"_s, folder))
         QCoreApplication::installTranslator(&translator);
 }
 
@@ -24,7 +26,7 @@ void Languages::UseForSystem(const QString& language)
     // value: it may not know the locale, and Qt would complain.
     const bool wasSet = qEnvironmentVariableIsSet("LC_ALL");
     const QByteArray before = qgetenv("LC_ALL");
-    qputenv("LC_ALL", (QLocale(language).name() + QStringLiteral(".UTF-8")).toLatin1());
+    qputenv("LC_ALL", (QLocale(language).name() + u".UTF-8"_s).toLatin1());
     QLocale::setDefault(QLocale(QLocale::system().name()));
     if (wasSet)
         qputenv("LC_ALL", before);
@@ -34,10 +36,9 @@ void Languages::UseForSystem(const QString& language)
 
 Languages::Languages()
 {
-    Install(m_qt, QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    Install(m_venueDatabase, QStringLiteral("kvvenuedatabase"),
-            QStringLiteral(":/kvVenueDatabase/translations"));
-    Install(m_host, QStringLiteral("vdbdemo"), QStringLiteral(":/Tessra/translations"));
+    Install(m_qt, u"qtbase"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    Install(m_venueDatabase, u"kvvenuedatabase"_s, u":/kvVenueDatabase/translations"_s);
+    Install(m_host, u"vdbdemo"_s, u":/Tessra/translations"_s);
 }
 
 Languages::~Languages() = default; // A translator takes itself out of the application.

@@ -12,6 +12,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -62,7 +64,7 @@ void MainWindow::SetupToolBar()
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->setIconSize({18, 18});
     bar->addAction(m_venueDatabaseAction);
-    bar->widgetForAction(m_venueDatabaseAction)->setObjectName(QStringLiteral("venueDatabaseButton"));
+    bar->widgetForAction(m_venueDatabaseAction)->setObjectName(u"venueDatabaseButton"_s);
     auto* spacer = new QWidget(bar);
     spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(spacer);
@@ -104,9 +106,9 @@ void MainWindow::ApplyTheme(bool dayMode)
     setStyleSheet(m_theme.WindowStyleSheet());
     m_planView->SetTheme(m_theme);
     m_venueDatabase.SetDayMode(dayMode);
-    m_venueDatabaseAction->setIcon(m_theme.Icon(QStringLiteral("venues")));
-    m_themeAction->setIcon(m_theme.Icon(QStringLiteral("theme")));
-    m_helpAction->setIcon(m_theme.Icon(QStringLiteral("help")));
+    m_venueDatabaseAction->setIcon(m_theme.Icon(u"venues"_s));
+    m_themeAction->setIcon(m_theme.Icon(u"theme"_s));
+    m_helpAction->setIcon(m_theme.Icon(u"help"_s));
 }
 
 void MainWindow::ShowVenue(const VenueModel& venue)

@@ -3,6 +3,8 @@
 #include <QNetworkProxy>
 #include <QSslCertificate>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 bool ServerConnection::StartOwnServer()
@@ -27,10 +29,10 @@ bool ServerConnection::UseProxy(const QString& address, const QString& caFile)
     bool isNumber = false;
     const quint16 port = address.mid(colon + 1).toUShort(&isNumber);
     if (colon < 1 || !isNumber || port == 0)
-        return Fail(QStringLiteral("\"%1\" is no host:port").arg(address));
+        return Fail(u"\"%1\" is no host:port"_s.arg(address));
     const QList<QSslCertificate> authorities = QSslCertificate::fromPath(caFile, QSsl::Pem);
     if (authorities.isEmpty())
-        return Fail(QStringLiteral("\"%1\" holds no PEM certificate").arg(caFile));
+        return Fail(u"\"%1\" holds no PEM certificate"_s.arg(caFile));
     m_network = std::make_unique<ApplicationNetworkGuard>(
         QNetworkProxy(QNetworkProxy::HttpProxy, address.left(colon), port), authorities.constFirst());
     return true;

@@ -5,6 +5,8 @@
 #include <QPalette>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -22,9 +24,9 @@ QString ReadText(const QString& path)
 Theme::Theme(bool dayMode)
     : m_dayMode(dayMode)
 {
-    static const QRegularExpression entry(QStringLiteral("^([a-z-]+) +(#[0-9a-f]+)$"),
+    static const QRegularExpression entry(u"^([a-z-]+) +(#[0-9a-f]+)$"_s,
                                           QRegularExpression::MultilineOption);
-    const QString text = ReadText(QStringLiteral(":/Tessra/%1.colours").arg(Name()));
+    const QString text = ReadText(u":/Tessra/%1.colours"_s.arg(Name()));
     for (const QRegularExpressionMatch& match : entry.globalMatch(text))
         m_colours.insert(match.captured(1), QColor(match.captured(2)));
 }
@@ -39,24 +41,24 @@ QColor Theme::Colour(const QString& name) const
 
 QString Theme::VenueDatabaseSheetPath() const
 {
-    return QStringLiteral(":/kvVenueDatabase/styles/%1/venue-database.qss").arg(Name());
+    return u":/kvVenueDatabase/styles/%1/venue-database.qss"_s.arg(Name());
 }
 
 QString Theme::WindowStyleSheet() const
 {
-    return ReadText(QStringLiteral(":/Tessra/styles/%1.qss").arg(Name()));
+    return ReadText(u":/Tessra/styles/%1.qss"_s.arg(Name()));
 }
 
 QIcon Theme::Icon(const QString& name) const
 {
-    return QIcon(QStringLiteral(":/Tessra/%1-%2.svg").arg(name, Name()));
+    return QIcon(u":/Tessra/%1-%2.svg"_s.arg(name, Name()));
 }
 
 void Theme::Apply(QApplication* application) const
 {
     // What no rule of the style sheet reaches, plain containers for example, takes its colours from the
     // palette.
-    QPalette palette(Colour(QStringLiteral("raised")), Colour(QStringLiteral("window")));
+    QPalette palette(Colour(u"raised"_s), Colour(u"window"_s));
     const struct
     {
         QPalette::ColorRole role;
@@ -78,16 +80,16 @@ void Theme::Apply(QApplication* application) const
     for (const auto& entry : roles)
         palette.setColor(entry.role, Colour(QLatin1String(entry.colour)));
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, Colour(QStringLiteral("text-off")));
+        palette.setColor(QPalette::Disabled, role, Colour(u"text-off"_s));
 
     application->setPalette(palette);
     // As a file: the sheet names its pictures by where they lie beside it.
-    application->setStyleSheet(QStringLiteral("file:///") + VenueDatabaseSheetPath());
+    application->setStyleSheet(u"file:///"_s + VenueDatabaseSheetPath());
 }
 
 QString Theme::Name() const
 {
-    return m_dayMode ? QStringLiteral("light") : QStringLiteral("dark");
+    return m_dayMode ? u"light"_s : u"dark"_s;
 }
 
 } // namespace korvel::Demo

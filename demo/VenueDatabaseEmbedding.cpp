@@ -8,6 +8,8 @@
 #include <QStyle>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 using Ui::VenueDatabase::VenueDbDialog;
@@ -25,7 +27,7 @@ VenueDatabaseEmbedding::VenueDatabaseEmbedding(QWidget* window)
             &VenueDatabaseEmbedding::OnImportRequested);
 
     m_dialog = new VenueDbDialog(m_window);
-    if (!m_dialog->ConnectVdb(QStringLiteral("JSONREST")))
+    if (!m_dialog->ConnectVdb(u"JSONREST"_s))
         qFatal("No venue database: %s", qPrintable(m_dialog->GetVdbConnectionInfo()));
 }
 

@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -80,9 +82,9 @@ bool Reader::ReadText(const QString& text)
 bool Reader::ReadFirstLine(QStringView line)
 {
     const QList<QStringView> words = Words(line);
-    if (words.size() != 2 || words[0] != QLatin1String("tessra-venue"))
+    if (words.size() != 2 || words[0] != "tessra-venue"_L1)
         return Fail(tr("this is not a venue model; such a file begins with \"tessra-venue 1\"."));
-    if (words[1] != QLatin1String("1"))
+    if (words[1] != "1"_L1)
         return Fail(
             tr("the file has format version \"%1\", only version 1 can be read.").arg(Shown(words[1])));
     return true;
@@ -96,19 +98,19 @@ bool Reader::ReadLine(QStringView line)
     const qsizetype blank = line.indexOf(QLatin1Char(' '));
     const QStringView keyword = blank < 0 ? line : line.left(blank);
     const QStringView value = blank < 0 ? QStringView() : line.mid(blank + 1).trimmed();
-    if (keyword == QLatin1String("name"))
+    if (keyword == "name"_L1)
         return ReadName(value);
-    if (keyword == QLatin1String("unit"))
+    if (keyword == "unit"_L1)
         return ReadUnit(value);
-    if (keyword == QLatin1String("outline"))
+    if (keyword == "outline"_L1)
         return ReadPolygon(keyword, value, &model.outline);
-    if (keyword == QLatin1String("stage"))
+    if (keyword == "stage"_L1)
         return ReadPolygon(keyword, value, &model.stage);
-    if (keyword == QLatin1String("seats"))
+    if (keyword == "seats"_L1)
         return ReadSeats(keyword, value);
-    if (keyword == QLatin1String("rigging"))
+    if (keyword == "rigging"_L1)
         return ReadRigging(value);
-    if (keyword.startsWith(QLatin1String("x-")))
+    if (keyword.startsWith("x-"_L1))
         return true;
     // A misspelt keyword that was skipped would silently lose a part of the hall.
     return Fail(tr("the word \"%1\" is not known.").arg(Shown(keyword)));
@@ -117,7 +119,7 @@ bool Reader::ReadLine(QStringView line)
 bool Reader::ReadName(QStringView value)
 {
     if (!model.name.isEmpty())
-        return Fail(tr("\"%1\" may stand only once.").arg(QStringLiteral("name")));
+        return Fail(tr("\"%1\" may stand only once.").arg(u"name"_s));
     if (value.isEmpty())
         return Fail(tr("the name is missing."));
     model.name = value.toString();
@@ -127,8 +129,8 @@ bool Reader::ReadName(QStringView value)
 bool Reader::ReadUnit(QStringView value)
 {
     if (m_hasUnit)
-        return Fail(tr("\"%1\" may stand only once.").arg(QStringLiteral("unit")));
-    if (value != QLatin1String("m"))
+        return Fail(tr("\"%1\" may stand only once.").arg(u"unit"_s));
+    if (value != "m"_L1)
         return Fail(tr("the unit \"%1\" is not known, only \"m\" is.").arg(Shown(value)));
     m_hasUnit = true;
     return true;
@@ -214,12 +216,12 @@ bool Reader::IsComplete()
         return Fail(tr("The line \"%1\" is missing in the file.").arg(keyword));
     };
     if (model.name.isEmpty())
-        return missing(QStringLiteral("name"));
+        return missing(u"name"_s);
     if (!m_hasUnit)
-        return missing(QStringLiteral("unit"));
+        return missing(u"unit"_s);
     if (model.outline.isEmpty())
-        return missing(QStringLiteral("outline"));
-    return model.stage.isEmpty() ? missing(QStringLiteral("stage")) : true;
+        return missing(u"outline"_s);
+    return model.stage.isEmpty() ? missing(u"stage"_s) : true;
 }
 
 std::nullopt_t Refuse(QString* error, const QString& reason)

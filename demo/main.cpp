@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace korvel::Demo;
@@ -25,29 +27,24 @@ int main(int argc, char* argv[])
     const HostApplication application(argc, argv);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "A small planning application that embeds the venue database, together with a local venue server."));
+    parser.setApplicationDescription(
+        u"A small planning application that embeds the venue database, together with a local venue server."_s);
     parser.addHelpOption();
-    const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("The appearance: day or night."),
-                                   QStringLiteral("name"), QStringLiteral("day"));
+    const QCommandLineOption theme(u"theme"_s, u"The appearance: day or night."_s, u"name"_s, u"day"_s);
     const QCommandLineOption language(
-        QStringLiteral("language"),
-        QStringLiteral("de, en, es, fr, it or ja instead of the system's language (LANG)."),
-        QStringLiteral("name"));
-    const QCommandLineOption proxy(QStringLiteral("server-proxy"),
-                                   QStringLiteral("Use the vdbserver whose proxy listens there."),
-                                   QStringLiteral("host:port"));
-    const QCommandLineOption ca(QStringLiteral("ca"),
-                                QStringLiteral("The certificate authority of that server, a PEM file."),
-                                QStringLiteral("file"));
+        u"language"_s, u"de, en, es, fr, it or ja instead of the system's language (LANG)."_s, u"name"_s);
+    const QCommandLineOption proxy(u"server-proxy"_s, u"Use the vdbserver whose proxy listens there."_s,
+                                   u"host:port"_s);
+    const QCommandLineOption ca(u"ca"_s, u"The certificate authority of that server, a PEM file."_s,
+                                u"file"_s);
     parser.addOptions({theme, language, proxy, ca});
     parser.process(application);
 
     const QString themeName = parser.value(theme);
-    if (themeName != QStringLiteral("day") && themeName != QStringLiteral("night"))
-        return Fail(QStringLiteral("the theme is day or night"));
+    if (themeName != u"day"_s && themeName != u"night"_s)
+        return Fail(u"the theme is day or night"_s);
     if (parser.isSet(language) && QLocale(parser.value(language)).language() == QLocale::C)
-        return Fail(QStringLiteral("\"%1\" is no language").arg(parser.value(language)));
+        return Fail(u"\"%1\" is no language"_s.arg(parser.value(language)));
 
     // The network before the first request of the module: a proxy and a trusted authority count from then on.
     ServerConnection server;
@@ -57,7 +54,7 @@ int main(int argc, char* argv[])
         return Fail(server.ErrorText());
 
     const Languages texts;
-    MainWindow window(themeName == QStringLiteral("day"));
+    MainWindow window(themeName == u"day"_s);
     window.show();
     return QApplication::exec();
 }

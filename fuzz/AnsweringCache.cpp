@@ -5,13 +5,15 @@
 #include <QNetworkRequest>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 namespace {
 
 bool IsDocument(const QUrl& url)
 {
-    return url.path().startsWith(QLatin1String("/api/"));
+    return url.path().startsWith("/api/"_L1);
 }
 
 } // namespace
@@ -24,10 +26,9 @@ QNetworkCacheMetaData AnsweringCache::metaData(const QUrl& url)
     data.setLastModified(now);
     data.setExpirationDate(now.addYears(1));
     data.setSaveToDisk(true);
-    data.setRawHeaders({{QByteArrayLiteral("Content-Type"),
-                         IsDocument(url) ? QByteArrayLiteral("application/vnd.api+json")
-                                         : QByteArrayLiteral("application/octet-stream")},
-                        {QByteArrayLiteral("Cache-Control"), QByteArrayLiteral("max-age=31536000")}});
+    data.setRawHeaders(
+        {{"Content-Type"_ba, IsDocument(url) ? "application/vnd.api+json"_ba : "application/octet-stream"_ba},
+         {"Cache-Control"_ba, "max-age=31536000"_ba}});
     QNetworkCacheMetaData::AttributesMap attributes;
     attributes.insert(QNetworkRequest::HttpStatusCodeAttribute, 200);
     data.setAttributes(attributes);
@@ -39,7 +40,7 @@ QIODevice* AnsweringCache::data(const QUrl& url)
     // The reply that reads it deletes it.
     auto* buffer = new QBuffer;
     // A cached body without a byte never ends: Qt waits for its readyRead().
-    const QByteArray& document = m_document.isEmpty() ? QByteArrayLiteral(" ") : m_document;
+    const QByteArray& document = m_document.isEmpty() ? " "_ba : m_document;
     buffer->setData(IsDocument(url) ? document : FileBytes());
     buffer->open(QIODevice::ReadOnly);
     return buffer;

@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 using Data::VenueDatabase::TsFile;
@@ -22,15 +24,15 @@ public:
     Playground()
     {
         const QDir root(m_root.path());
-        root.mkpath(QStringLiteral("1/2/3/4/temp/inner"));
-        root.mkpath(QStringLiteral("1/2/3/4/current"));
+        root.mkpath(u"1/2/3/4/temp/inner"_s);
+        root.mkpath(u"1/2/3/4/current"_s);
         // A record's temporary folder is what a host has in TMPDIR.
         qputenv("TMPDIR", QFile::encodeName(TempFolder()));
-        QDir::setCurrent(root.filePath(QStringLiteral("1/2/3/4/current")));
+        QDir::setCurrent(root.filePath(u"1/2/3/4/current"_s));
     }
     QString TempFolder() const
     {
-        return m_root.filePath(QStringLiteral("1/2/3/4/temp"));
+        return m_root.filePath(u"1/2/3/4/temp"_s);
     }
     /// The paths of all files in the tree, as bytes: names need not be text.
     QStringList Files() const
@@ -92,7 +94,7 @@ void FuzzFileName(const QByteArray& input)
         Require(files.isEmpty(), "failure leaves nothing behind");
     }
 
-    QString forbidden = QStringLiteral("/");
+    QString forbidden = u"/"_s;
     file.SetFileName(forbidden);
     Require(!file.CopyToTempFolder(), "a separator is refused");
     Require(playground.Files().isEmpty(), "the next call removes the file");

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+using namespace Qt::StringLiterals;
+
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -15,7 +17,7 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
     qputenv("TZ", "UTC");
     // Owned by nobody: libFuzzer leaves by _exit().
     static auto* application = new QApplication(*argc, *argv);
-    application->setApplicationName(QStringLiteral("fuzz"));
+    application->setApplicationName(u"fuzz"_s);
     korvel::Fuzz::PrepareApplication();
     return 0;
 }

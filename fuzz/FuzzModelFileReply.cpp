@@ -12,6 +12,8 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 using Data::VenueDatabase::ConnectorJsonRest;
@@ -47,11 +49,10 @@ void FuzzModelFileReply(const QByteArray& input)
     // One for the process: its translator is never deleted.
     auto& connector = Kept<OfflineConnector>();
     connector.Cache().SetDocument(input);
-    const QJsonArray included
-        = QJsonDocument::fromJson(input).object().value(QLatin1String("included")).toArray();
+    const QJsonArray included = QJsonDocument::fromJson(input).object().value("included"_L1).toArray();
     qsizetype expected = 0;
     for (const QJsonValue resource : included)
-        expected += resource.toObject().value(QLatin1String("type")) == QLatin1String("file") ? 1 : 0;
+        expected += resource.toObject().value("type"_L1) == "file"_L1 ? 1 : 0;
 
     QList<TsFile> files = connector.GetTSFileEntries(c_venueId);
     Require(files.size() == expected, "one model file per file");

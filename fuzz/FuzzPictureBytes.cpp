@@ -15,6 +15,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 using Data::VenueDatabase::Picture;
@@ -27,7 +29,7 @@ namespace {
 const QString& LargeUrl()
 {
     // Fails in the manager itself, without a request.
-    static const QString url = QStringLiteral("none:large");
+    static const QString url = u"none:large"_s;
     return url;
 }
 
@@ -54,7 +56,7 @@ void FeedSlider(PictureSlider& slider, QList<Picture>& pictures)
     (void)slider.grab();
     for (const short direction : {1, 1, -1}) {
         slider.ShowVenuePic(direction);
-        Require(slider.findChild<QLabel*>()->text().endsWith(QLatin1String("/2 ")), "the caption counts");
+        Require(slider.findChild<QLabel*>()->text().endsWith("/2 "_L1), "the caption counts");
     }
     (void)slider.grab();
 }

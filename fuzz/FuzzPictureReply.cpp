@@ -8,6 +8,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 using Data::VenueDatabase::ConnectorJsonRest;
@@ -41,11 +43,10 @@ void FuzzPictureReply(const QByteArray& input)
 {
     // One for the process: its translator is never deleted.
     auto& connector = Kept<EchoConnector>();
-    const QJsonArray included
-        = QJsonDocument::fromJson(input).object().value(QLatin1String("included")).toArray();
+    const QJsonArray included = QJsonDocument::fromJson(input).object().value("included"_L1).toArray();
     qsizetype files = 0;
     for (const QJsonValue resource : included)
-        files += resource.toObject().value(QLatin1String("type")) == QLatin1String("file") ? 1 : 0;
+        files += resource.toObject().value("type"_L1) == "file"_L1 ? 1 : 0;
 
     const QList<Picture> pictures = connector.ProcessPictureEntriesReply(included, c_venueId);
     Require(pictures.size() == files, "one picture per file");

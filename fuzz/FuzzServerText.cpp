@@ -16,6 +16,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 using Data::VenueDatabase::Picture;
@@ -109,7 +111,7 @@ void FuzzServerText(const QByteArray& input)
     Venue venue = FilledVenue(texts);
     Picture first;
     first.SetAlternativeDescription(texts.Next());
-    first.SetPictureDataLarge(QByteArrayLiteral("no picture"));
+    first.SetPictureDataLarge("no picture"_ba);
     Picture second = first;
     second.SetAlternativeDescription(texts.Next());
     QList<Picture> pictures{first, second};
@@ -132,8 +134,7 @@ void FuzzServerText(const QByteArray& input)
 
     slider.UpdateUi(&pictures);
     slider.ShowVenuePic(1);
-    Require(slider.findChild<QLabel*>()->text()
-                == QStringLiteral("2/2 ") + second.GetAlternativeDescription(),
+    Require(slider.findChild<QLabel*>()->text() == u"2/2 "_s + second.GetAlternativeDescription(),
             "the slider's caption is the description as it is");
     RequirePlainLabels(slider);
     (void)slider.findChild<QLabel*>()->grab();

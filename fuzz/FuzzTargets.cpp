@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 namespace {
@@ -32,9 +34,8 @@ void PrepareApplication()
 {
     // Nobody listens there: whatever is not answered without the network fails at once.
     constexpr quint16 c_closedPort = 1;
-    QNetworkProxy::setApplicationProxy(
-        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), c_closedPort));
-    QLoggingCategory::setFilterRules(QStringLiteral("vdb=false\n*.warning=false\n*.info=false"));
+    QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, c_closedPort));
+    QLoggingCategory::setFilterRules(u"vdb=false\n*.warning=false\n*.info=false"_s);
 }
 
 void Require(bool isKept, const char* promise)

@@ -13,6 +13,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Fuzz {
 
 using Data::VenueDatabase::ConnectorJsonRest;
@@ -33,8 +35,7 @@ qint64 ExpectedEditor(const QJsonValue& element, const QJsonArray& included)
     const QJsonValue wanted = At(At(At(At(element, "relationships"), "editor"), "data"), "id");
     for (const QJsonValue resource : included) {
         const QJsonValue id = At(resource, "id");
-        if (At(resource, "type") == QLatin1String("user") && id.isString()
-            && id.toString() == wanted.toString())
+        if (At(resource, "type") == "user"_L1 && id.isString() && id.toString() == wanted.toString())
             return At(At(resource, "attributes"), "entity_id").toInt(0);
     }
     return -1;
@@ -48,12 +49,11 @@ void CheckVenue(const Venue& venue, const QJsonValue& element, const QJsonArray&
     Require(venue.GetCity() == At(At(attributes, "address"), "locality").toString(), "a venue has its city");
     Require(venue.GetEditor() == ExpectedEditor(element, included), "a venue has its editor");
     Require(venue.GetUploadDate()
-                == QDate::fromString(At(attributes, "created").toString(), QStringLiteral("yyyy-MM-dd"),
-                                     QCalendar()),
+                == QDate::fromString(At(attributes, "created").toString(), u"yyyy-MM-dd"_s, QCalendar()),
             "creation dates are those of Qt's parser");
     Require(venue.GetEditDate()
-                == QDateTime::fromString(At(attributes, "changed").toString(),
-                                         QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"), QCalendar()),
+                == QDateTime::fromString(At(attributes, "changed").toString(), u"yyyy-MM-ddThh:mm:ss+00:00"_s,
+                                         QCalendar()),
             "editing dates are those of Qt's parser");
     for (qint64 column = -1; column <= Venue::c_elementCount; ++column)
         (void)venue.GetDataAt(column);
@@ -89,13 +89,13 @@ void CheckSorting(VenueTableModel& model)
 void FuzzVenueReply(const QByteArray& input)
 {
     const QString difference = ReaderDifference(input);
-    Require(difference.isEmpty(), qPrintable(QStringLiteral("both readers find the same: ") + difference));
+    Require(difference.isEmpty(), qPrintable(u"both readers find the same: "_s + difference));
 
     // One for the process: its translator is never deleted.
     const auto& connector = Kept<ConnectorJsonRest>();
     const QJsonObject reply = QJsonDocument::fromJson(input).object();
-    const QJsonArray data = reply.value(QLatin1String("data")).toArray();
-    const QJsonArray included = reply.value(QLatin1String("included")).toArray();
+    const QJsonArray data = reply.value("data"_L1).toArray();
+    const QJsonArray included = reply.value("included"_L1).toArray();
 
     const QList<Venue> venues = connector.ProcessVenueEntriesReply(reply);
     Require(venues.size() == data.size(), "one venue per element");

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Data::VenueDatabase;
 
 namespace korvel::Fuzz {
@@ -24,7 +26,7 @@ const CountryCodeTranslator& Countries()
 /// \p text with what "==" does not see: a null text equals an empty one.
 QString Exactly(const QString& text)
 {
-    return text.isNull() ? QStringLiteral("null") : QLatin1Char('"') + text + QLatin1Char('"');
+    return text.isNull() ? u"null"_s : QLatin1Char('"') + text + QLatin1Char('"');
 }
 
 QString Exactly(qint64 number)
@@ -35,8 +37,7 @@ QString Exactly(qint64 number)
 /// Two equal dates may differ in what they are of, and in the repeated hour of a time zone "==" may say no.
 QString Exactly(const QDateTime& dateTime)
 {
-    return QStringLiteral("%1 %2 %3 %4")
-        .arg(dateTime.isValid())
+    return u"%1 %2 %3 %4"_s.arg(dateTime.isValid())
         .arg(dateTime.isNull())
         .arg(dateTime.timeSpec())
         .arg(dateTime.toString(Qt::ISODateWithMs));
@@ -52,24 +53,24 @@ QStringList Lines(const Venue& venue)
 {
     const QGeoAddress address = venue.GetAddress();
     return {
-        QStringLiteral("id ") + Exactly(venue.GetId()),
-        QStringLiteral("complex name ") + Exactly(venue.GetComplexName()),
-        QStringLiteral("room name ") + Exactly(venue.GetVenueRoomName()),
-        QStringLiteral("general comment ") + Exactly(venue.GetGeneralComment()),
-        QStringLiteral("street ") + Exactly(address.street()),
-        QStringLiteral("postal code ") + Exactly(address.postalCode()),
-        QStringLiteral("city ") + Exactly(address.city()),
-        QStringLiteral("country code ") + Exactly(address.countryCode()),
-        QStringLiteral("country ") + Exactly(address.country()),
-        QStringLiteral("location comment ") + Exactly(venue.GetLocationComment()),
-        QStringLiteral("loading dock ") + Exactly(venue.GetLoadDockStreetAddress()),
-        QStringLiteral("loading dock comment ") + Exactly(venue.GetLoadDockComment()),
-        QStringLiteral("clearance ") + Exactly(venue.GetClearingOfHouseGrid()),
-        QStringLiteral("rigging ") + Exactly(venue.GetRiggingComment()),
-        QStringLiteral("upload date ") + Exactly(venue.GetUploadDate()),
-        QStringLiteral("editor ") + Exactly(venue.GetEditor()),
-        QStringLiteral("edit date ") + Exactly(venue.GetEditDate()),
-        QStringLiteral("columns ") + Exactly(venue.GetDataAt(10).isNull()),
+        u"id "_s + Exactly(venue.GetId()),
+        u"complex name "_s + Exactly(venue.GetComplexName()),
+        u"room name "_s + Exactly(venue.GetVenueRoomName()),
+        u"general comment "_s + Exactly(venue.GetGeneralComment()),
+        u"street "_s + Exactly(address.street()),
+        u"postal code "_s + Exactly(address.postalCode()),
+        u"city "_s + Exactly(address.city()),
+        u"country code "_s + Exactly(address.countryCode()),
+        u"country "_s + Exactly(address.country()),
+        u"location comment "_s + Exactly(venue.GetLocationComment()),
+        u"loading dock "_s + Exactly(venue.GetLoadDockStreetAddress()),
+        u"loading dock comment "_s + Exactly(venue.GetLoadDockComment()),
+        u"clearance "_s + Exactly(venue.GetClearingOfHouseGrid()),
+        u"rigging "_s + Exactly(venue.GetRiggingComment()),
+        u"upload date "_s + Exactly(venue.GetUploadDate()),
+        u"editor "_s + Exactly(venue.GetEditor()),
+        u"edit date "_s + Exactly(venue.GetEditDate()),
+        u"columns "_s + Exactly(venue.GetDataAt(10).isNull()),
     };
 }
 
@@ -77,7 +78,7 @@ QStringList Lines(const Venue& venue)
 std::optional<QList<Venue>> ReadByQt(const QByteArray& body)
 {
     const QJsonObject document = QJsonDocument::fromJson(body).object();
-    if (!document.value(QLatin1String("data")).isArray())
+    if (!document.value("data"_L1).isArray())
         return std::nullopt;
     return VenueReader(Countries()).Read(document);
 }
@@ -89,19 +90,18 @@ QString ReaderDifference(const QByteArray& body)
     const std::optional<QList<Venue>> expected = ReadByQt(body);
     const std::optional<QList<Venue>> present = VenueReader(Countries()).ReadBody(body);
     if (expected.has_value() != present.has_value())
-        return QStringLiteral("only one finds a list");
+        return u"only one finds a list"_s;
     if (!expected)
         return {};
     if (expected->size() != present->size())
-        return QStringLiteral("%1 venues instead of %2").arg(present->size()).arg(expected->size());
+        return u"%1 venues instead of %2"_s.arg(present->size()).arg(expected->size());
     for (qsizetype index = 0; index < expected->size(); ++index) {
         const QStringList expectedLines = Lines(expected->at(index));
         const QStringList presentLines = Lines(present->at(index));
-        for (qsizetype line = 0; line < expectedLines.size(); ++line) {
+        for (qsizetype line = 0; line < expectedLines.size(); ++line)
             if (expectedLines.at(line) != presentLines.at(line))
-                return QStringLiteral("venue %1: %2 instead of %3")
-                    .arg(QString::number(index), presentLines.at(line), expectedLines.at(line));
-        }
+                return u"venue %1: %2 instead of %3"_s.arg(QString::number(index), presentLines.at(line),
+                                                           expectedLines.at(line));
     }
     return {};
 }

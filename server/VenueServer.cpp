@@ -4,6 +4,8 @@
 #include <server/faults/FaultPlan.h>
 #include <server/network/ConnectForwarder.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 VenueServer::Options::Options()
@@ -82,7 +84,7 @@ quint16 VenueServer::ProxyPort() const
 
 QNetworkProxy VenueServer::Proxy() const
 {
-    return {QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), m_proxyPort};
+    return {QNetworkProxy::HttpProxy, u"127.0.0.1"_s, m_proxyPort};
 }
 
 QSslCertificate VenueServer::CaCertificate() const

@@ -12,6 +12,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 
 namespace {
@@ -28,9 +30,8 @@ void OnSignal(int)
 /// Makes SIGINT and SIGTERM end the event loop.
 void QuitOnSignals()
 {
-    if (pipe(g_signalPipe) != 0) {
+    if (pipe(g_signalPipe) != 0)
         return;
-    }
     auto* notifier = new QSocketNotifier(g_signalPipe[0], QSocketNotifier::Read, qApp);
     QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
     struct sigaction action = {};
@@ -48,24 +49,17 @@ int Fail(const QString& text)
 /// Understands the command line, or ends the program with what is wrong with it or with the help.
 void ReadCommandLine(QCommandLineParser& parser)
 {
-    parser.setApplicationDescription(QStringLiteral("A venue database server on 127.0.0.1.\n\n")
-                                     + FaultSyntaxHelp());
+    parser.setApplicationDescription(u"A venue database server on 127.0.0.1.\n\n"_s + FaultSyntaxHelp());
     parser.addHelpOption();
     parser.addOptions({
-        {QStringLiteral("port"), QStringLiteral("HTTPS port; 0: any."), QStringLiteral("port"),
-         QStringLiteral("0")},
-        {QStringLiteral("proxy-port"), QStringLiteral("CONNECT proxy port; 0: any."), QStringLiteral("port"),
-         QStringLiteral("0")},
-        {QStringLiteral("catalogue"), QStringLiteral("Folder of the venues' JSON files."),
-         QStringLiteral("folder"), QStringLiteral(VDB_CATALOGUE_DIR)},
-        {QStringLiteral("generate"), QStringLiteral("Invent this many venues instead."),
-         QStringLiteral("count")},
-        {QStringLiteral("ca-file"), QStringLiteral("Write the certificate authority's certificate here."),
-         QStringLiteral("file")},
-        {QStringLiteral("fault"), QStringLiteral("A fault, see above; repeatable."),
-         QStringLiteral("pattern=kind")},
-        {QStringLiteral("log"), QStringLiteral("Log requests to this file; -: standard output."),
-         QStringLiteral("file")},
+        {u"port"_s, u"HTTPS port; 0: any."_s, u"port"_s, u"0"_s},
+        {u"proxy-port"_s, u"CONNECT proxy port; 0: any."_s, u"port"_s, u"0"_s},
+        {u"catalogue"_s, u"Folder of the venues' JSON files."_s, u"folder"_s,
+         QStringLiteral(VDB_CATALOGUE_DIR)},
+        {u"generate"_s, u"Invent this many venues instead."_s, u"count"_s},
+        {u"ca-file"_s, u"Write the certificate authority's certificate here."_s, u"file"_s},
+        {u"fault"_s, u"A fault, see above; repeatable."_s, u"pattern=kind"_s},
+        {u"log"_s, u"Log requests to this file; -: standard output."_s, u"file"_s},
     });
     parser.process(*QCoreApplication::instance());
 }
@@ -82,13 +76,12 @@ quint16 PortOf(const QCommandLineParser& parser, const QString& name, bool* ok)
 /// The catalogue that \p parser asks for; what is wrong with it in \p error.
 VenueCatalogue CatalogueFrom(const QCommandLineParser& parser, QString* error)
 {
-    const QString count = parser.value(QStringLiteral("generate"));
-    if (count.isEmpty()) {
-        return VenueCatalogue::Load(parser.value(QStringLiteral("catalogue")), error);
-    }
+    const QString count = parser.value(u"generate"_s);
+    if (count.isEmpty())
+        return VenueCatalogue::Load(parser.value(u"catalogue"_s), error);
     bool isNumber = false;
     const int venues = count.toInt(&isNumber);
-    *error = isNumber ? QString() : QStringLiteral("the count of venues is not a number");
+    *error = isNumber ? QString() : u"the count of venues is not a number"_s;
     return CatalogueGenerator({.venueCount = venues, .picturesPerVenue = 3, .modelFilesPerVenue = 1})
         .Catalogue();
 }
@@ -98,21 +91,19 @@ QString AddFaults(VenueServer& server, const QStringList& faults)
 {
     for (const QString& text : faults) {
         const ParsedFault parsed = ParseFault(text);
-        if (parsed.fault.has_value()) {
+        if (parsed.fault.has_value())
             server.AddFault(*parsed.fault);
-        } else if (parsed.networkFault.has_value()) {
+        else if (parsed.networkFault.has_value())
             server.AddFault(*parsed.networkFault);
-        } else {
+        else
             return parsed.error;
-        }
     }
     return {};
 }
 
 QString LogLine(const Request& request)
 {
-    return QStringLiteral("%1 #%2 %3 %4 https://%5%6")
-        .arg(request.time.toString(Qt::ISODateWithMs))
+    return u"%1 #%2 %3 %4 https://%5%6"_s.arg(request.time.toString(Qt::ISODateWithMs))
         .arg(request.connectionId)
         .arg(request.status)
         .arg(QString::fromLatin1(request.method), request.host, QString::fromUtf8(request.target));
@@ -122,12 +113,10 @@ QString LogLine(const Request& request)
 /// open.
 bool WriteLog(VenueServer& server, QFile& file)
 {
-    const bool isOpen = file.fileName() == QLatin1String("-")
-        ? file.open(stdout, QIODevice::WriteOnly)
-        : file.open(QIODevice::WriteOnly | QIODevice::Append);
-    if (!isOpen) {
+    const bool isOpen = file.fileName() == "-"_L1 ? file.open(stdout, QIODevice::WriteOnly)
+                                                  : file.open(QIODevice::WriteOnly | QIODevice::Append);
+    if (!isOpen)
         return false;
-    }
     QObject::connect(&server.Log(), &RequestLog::RequestAnswered, &server, [&server, &file](qint64 id) {
         const QList<Request> requests = server.Log().Requests();
         for (const Request& request : requests) {
@@ -143,7 +132,7 @@ bool WriteLog(VenueServer& server, QFile& file)
 /// Tells on standard output how to ask \p server; \p caFile is empty when its authority is not written.
 void TellHowToAsk(VenueServer& server, const QString& caFile)
 {
-    const QString caName = caFile.isEmpty() ? QStringLiteral("FILE") : caFile;
+    const QString caName = caFile.isEmpty() ? u"FILE"_s : caFile;
     QTextStream out(stdout);
     out << "venues:      " << server.Catalogue()->Venues().size() << '\n'
         << "https port:  " << server.HttpsPort() << '\n'
@@ -152,9 +141,8 @@ void TellHowToAsk(VenueServer& server, const QString& caFile)
         << "/api/venue?include=editor'\n"
         << "by its name: curl --cacert " << caName << " -g --proxy http://127.0.0.1:" << server.ProxyPort()
         << " 'https://" << server.Host() << "/api/venue?include=editor'\n";
-    if (caFile.isEmpty()) {
+    if (caFile.isEmpty())
         out << "(start it with --ca-file FILE to have the certificate authority written)\n";
-    }
 }
 
 } // namespace
@@ -162,41 +150,35 @@ void TellHowToAsk(VenueServer& server, const QString& caFile)
 int main(int argc, char* argv[])
 {
     // The captions of pictures need fonts and these a GUI application, but no display.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
     const QGuiApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("vdbserver"));
+    QCoreApplication::setApplicationName(u"vdbserver"_s);
     QCommandLineParser parser;
     ReadCommandLine(parser);
 
     VenueServer::Options options;
     bool areNumbers = true;
-    options.httpsPort = PortOf(parser, QStringLiteral("port"), &areNumbers);
-    options.proxyPort = PortOf(parser, QStringLiteral("proxy-port"), &areNumbers);
-    if (!areNumbers) {
-        return Fail(QStringLiteral("a port is a number from 0 to 65535"));
-    }
+    options.httpsPort = PortOf(parser, u"port"_s, &areNumbers);
+    options.proxyPort = PortOf(parser, u"proxy-port"_s, &areNumbers);
+    if (!areNumbers)
+        return Fail(u"a port is a number from 0 to 65535"_s);
     VenueServer server(options);
     QString error;
     server.SetCatalogue(CatalogueFrom(parser, &error));
-    if (error.isEmpty()) {
-        error = AddFaults(server, parser.values(QStringLiteral("fault")));
-    }
-    if (!error.isEmpty()) {
+    if (error.isEmpty())
+        error = AddFaults(server, parser.values(u"fault"_s));
+    if (!error.isEmpty())
         return Fail(error);
-    }
-    QFile log(parser.value(QStringLiteral("log")));
-    if (parser.isSet(QStringLiteral("log")) && !WriteLog(server, log)) {
-        return Fail(log.fileName() + QStringLiteral(": ") + log.errorString());
-    }
-    if (!server.Start()) {
+    QFile log(parser.value(u"log"_s));
+    if (parser.isSet(u"log"_s) && !WriteLog(server, log))
+        return Fail(log.fileName() + u": "_s + log.errorString());
+    if (!server.Start())
         return Fail(server.ErrorText());
-    }
-    QFile caFile(parser.value(QStringLiteral("ca-file")));
+    QFile caFile(parser.value(u"ca-file"_s));
     if (!caFile.fileName().isEmpty()
         && (!caFile.open(QIODevice::WriteOnly) || caFile.write(server.CaPem()) < 0 || !caFile.flush())) {
-        return Fail(caFile.fileName() + QStringLiteral(": ") + caFile.errorString());
+        return Fail(caFile.fileName() + u": "_s + caFile.errorString());
     }
     QuitOnSignals();
     TellHowToAsk(server, caFile.fileName());

@@ -11,6 +11,8 @@
 #include <QVariant>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 void SetCustomStyle(QObject* object, QLatin1String styleClass)
@@ -36,7 +38,7 @@ QLabel* CreateLabel(const QString& text, QLatin1String styleClass, QWidget* pare
 QPushButton* CreateButton(const QString& text, QWidget* parent)
 {
     auto* button = new QPushButton(text, parent);
-    SetCustomStyle(button, QLatin1String("buttonKorvelDefault"));
+    SetCustomStyle(button, "buttonKorvelDefault"_L1);
     return button;
 }
 
@@ -46,7 +48,7 @@ QFrame* CreateSeparator(QWidget* parent)
     separator->setFixedHeight(1);
     separator->setFrameShape(QFrame::HLine);
     separator->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    SetCustomStyle(separator, QLatin1String("lineKorvelDark"));
+    SetCustomStyle(separator, "lineKorvelDark"_L1);
     return separator;
 }
 

@@ -148,9 +148,8 @@ void PictureFullscreenDialog::SetDayMode(bool dayMode)
     m_rightButton->SetDayMode(dayMode);
     m_leftButton->SetDayMode(dayMode);
     m_descriptionLabel->setStyleSheet(
-        dayMode
-            ? QStringLiteral("QLabel { background: hsla( 0, 0, 255, 0.75); color: black; padding: 6px 4px; }")
-            : QStringLiteral("QLabel { background: hsla( 0, 0, 0, 0.5); color: white; padding: 6px 4px; }"));
+        dayMode ? u"QLabel { background: hsla( 0, 0, 255, 0.75); color: black; padding: 6px 4px; }"_s
+                : u"QLabel { background: hsla( 0, 0, 0, 0.5); color: white; padding: 6px 4px; }"_s);
 }
 
 void PictureFullscreenDialog::OnPictureBinaryDataFinished(QUrl url, QByteArray buffer)
@@ -168,7 +167,7 @@ void PictureFullscreenDialog::OnPictureBinaryDataFinished(QUrl url, QByteArray b
 void PictureFullscreenDialog::OnPictureBinaryDataRequestFailed(QUrl url, QString errorMessage)
 {
     // The downloader reports twice after a network error, and this comes first.
-    m_downloadCursors->EndOne(url, errorMessage != QLatin1String("Request failed!"));
+    m_downloadCursors->EndOne(url, errorMessage != "Request failed!"_L1);
 }
 
 void PictureFullscreenDialog::OnContextMenuRequested(QPoint pos)
@@ -278,9 +277,9 @@ void PictureFullscreenDialog::SetupUi()
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_view->setScene(m_scene);
     setModal(true);
-    setObjectName(QStringLiteral("PictureFullscreenDialog"));
+    setObjectName(u"PictureFullscreenDialog"_s);
     setWindowTitle(tr("Venue database pictures"));
-    SetCustomStyle(this, QLatin1String("dialogKorvelDefault"));
+    SetCustomStyle(this, "dialogKorvelDefault"_L1);
     setWindowFlags(Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
     SetContentWidget(m_view);
 
@@ -295,7 +294,7 @@ void PictureFullscreenDialog::SetupUi()
 
     m_descriptionLabel = new PlainLabel(CaptionWithoutPictures(), m_view);
     m_descriptionLabel->setWordWrap(true);
-    SetCustomStyle(m_descriptionLabel, QLatin1String("labelKorvelCaptionSmall"));
+    SetCustomStyle(m_descriptionLabel, "labelKorvelCaptionSmall"_L1);
 }
 
 void PictureFullscreenDialog::ConnectSignals()
@@ -344,3 +343,5 @@ void PictureFullscreenDialog::PlaceOverlays()
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_PictureFullscreenDialog.cpp"
+
+using namespace Qt::StringLiterals;

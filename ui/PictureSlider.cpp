@@ -43,7 +43,7 @@ int CenteredAt(int available, double extent)
 
 PictureSlider::PictureSlider(QWidget* parent)
     : QWidget(parent)
-    , m_font(QStringLiteral("Verdana"), 40)
+    , m_font(u"Verdana"_s, 40)
     , m_seenPixmaps(c_seenPixmapsLimit)
     , m_fullscreenDialog(new PictureFullscreenDialog(this))
 {
@@ -80,8 +80,8 @@ void PictureSlider::SetDayMode(bool dayMode)
     m_rightButton->SetDayMode(dayMode);
     m_leftButton->SetDayMode(dayMode);
     // Deliberate: the other way round than elsewhere. The disc under the glyph is dark in the light theme.
-    m_fullscreenButton->setIcon(QIcon(dayMode ? QStringLiteral(":/Resources/ic_EQ_scale_16x16.svg")
-                                              : QStringLiteral(":/Resources/ic_EQ_scale_16x16_day.svg")));
+    m_fullscreenButton->setIcon(
+        QIcon(dayMode ? u":/Resources/ic_EQ_scale_16x16.svg"_s : u":/Resources/ic_EQ_scale_16x16_day.svg"_s));
     SetFullscreenIconStyle();
     update();
 }
@@ -128,9 +128,9 @@ void PictureSlider::SetFullscreenIconStyle()
 {
     if (!m_fullscreenButton)
         return;
-    m_fullscreenButton->setStyleSheet(QStringLiteral("background: hsla( 0, 0, %1, %2); border-radius: 12px;")
-                                          .arg(m_dayMode ? 0 : 255)
-                                          .arg(m_isFullscreenHovered ? 1.0 : 0.5, 0, 'f', 2));
+    m_fullscreenButton->setStyleSheet(
+        u"background: hsla( 0, 0, %1, %2); border-radius: 12px;"_s.arg(m_dayMode ? 0 : 255)
+            .arg(m_isFullscreenHovered ? 1.0 : 0.5, 0, 'f', 2));
 }
 
 void PictureSlider::OnPictureNavigationRequested(int direction)
@@ -208,7 +208,7 @@ void PictureSlider::SetupUi()
     auto* layout = new QVBoxLayout;
     layout->addSpacing(c_size.height());
     m_captionLabel = new PlainLabel(CaptionWithoutPictures(), this);
-    SetCustomStyle(m_captionLabel, QLatin1String("labelKorvelCaptionSmall"));
+    SetCustomStyle(m_captionLabel, "labelKorvelCaptionSmall"_L1);
     layout->addWidget(m_captionLabel);
     setLayout(layout);
 
@@ -270,3 +270,5 @@ void PictureSlider::SetFullscreenHovered(bool hovered)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_PictureSlider.cpp"
+
+using namespace Qt::StringLiterals;

@@ -14,6 +14,8 @@
 
 #include <initializer_list>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::CountryCodeTranslator;
@@ -29,7 +31,7 @@ constexpr int c_narrowCountryWidth = 120;
 
 QString SearchRow::AnyCountry()
 {
-    return QStringLiteral("--");
+    return u"--"_s;
 }
 
 SearchRow::SearchRow(QWidget* panel)
@@ -52,7 +54,7 @@ SearchRow::SearchRow(QWidget* panel)
     m_countryLabel = CreateFieldLabel(Venue::GetLabelAt(4, true), {});
     m_countryLabel->setIndent(c_labelIndent);
     m_countryComboBox = new QComboBox(panel);
-    SetCustomStyle(m_countryComboBox, QLatin1String("comboBoxKorvelDefault"));
+    SetCustomStyle(m_countryComboBox, "comboBoxKorvelDefault"_L1);
     m_searchButton = CreateButton(tr("Search"), panel);
     m_searchButton->setMinimumWidth(c_buttonMinimumWidth);
     m_resetButton = CreateButton(tr("Reset"), panel);
@@ -120,12 +122,12 @@ SearchRow::Filters SearchRow::CurrentFilters(const CountryCodeTranslator& countr
         if (!text.isEmpty())
             filters.append({path, text});
     };
-    append(QLatin1String("title"), m_complexNameLineEdit->text());
-    append(QLatin1String("venue_room_name"), m_venueRoomNameLineEdit->text());
-    append(QLatin1String("address.locality"), m_cityLineEdit->text());
+    append("title"_L1, m_complexNameLineEdit->text());
+    append("venue_room_name"_L1, m_venueRoomNameLineEdit->text());
+    append("address.locality"_L1, m_cityLineEdit->text());
     const QString country = m_countryComboBox->currentText();
     if (country != AnyCountry())
-        append(QLatin1String("address.country_code"), countries.GetCountryCode(country));
+        append("address.country_code"_L1, countries.GetCountryCode(country));
     return filters;
 }
 
@@ -147,7 +149,7 @@ int SearchRow::ColumnWidth(int column) const
 
 QLabel* SearchRow::CreateFieldLabel(const QString& text, const QString& toolTip)
 {
-    QLabel* label = CreateLabel(text + QLatin1Char(':'), QLatin1String("labelKorvelDefault"), m_panel);
+    QLabel* label = CreateLabel(text + QLatin1Char(':'), "labelKorvelDefault"_L1, m_panel);
     label->setToolTip(toolTip);
     return label;
 }
@@ -156,7 +158,7 @@ QLineEdit* SearchRow::CreateLineEdit(const QString& toolTip)
 {
     auto* lineEdit = new QLineEdit(m_panel);
     lineEdit->setToolTip(toolTip);
-    SetCustomStyle(lineEdit, QLatin1String("lineEditKorvelDefault"));
+    SetCustomStyle(lineEdit, "lineEditKorvelDefault"_L1);
     return lineEdit;
 }
 

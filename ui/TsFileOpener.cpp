@@ -99,12 +99,12 @@ void TsFileOpener::SetupUi()
     auto* row = new QHBoxLayout;
     layout->addLayout(row);
 
-    QLabel* label = CreateLabel(tr("File selector: "), QLatin1String("labelKorvelLight"), this);
+    QLabel* label = CreateLabel(tr("File selector: "), "labelKorvelLight"_L1, this);
     label->setFixedWidth(140);
     row->addWidget(label);
 
     m_fileComboBox = new PlainComboBox(this);
-    SetCustomStyle(m_fileComboBox, QLatin1String("comboBoxKorvelDefault"));
+    SetCustomStyle(m_fileComboBox, "comboBoxKorvelDefault"_L1);
     m_fileComboBox->setMinimumWidth(100);
     label->setBuddy(m_fileComboBox);
     row->addWidget(m_fileComboBox);
@@ -118,8 +118,8 @@ void TsFileOpener::SetupUi()
     // Deliberate: in no layout. It stays where a new child stands, at the top left; hosts place and style it
     // by its object name.
     m_versionLabel = new PlainLabel(QString(), this);
-    m_versionLabel->setObjectName(QStringLiteral("tsFileVersionLabel"));
-    SetCustomStyle(m_versionLabel, QLatin1String("labelKorvelLight"));
+    m_versionLabel->setObjectName(u"tsFileVersionLabel"_s);
+    SetCustomStyle(m_versionLabel, "labelKorvelLight"_L1);
 }
 
 void TsFileOpener::SelectFile(const TsFile& file)
@@ -131,3 +131,5 @@ void TsFileOpener::SelectFile(const TsFile& file)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_TsFileOpener.cpp"
+
+using namespace Qt::StringLiterals;

@@ -75,7 +75,7 @@ void VenueDbCentralWidget::SetupUi()
     QLabel* hintLabel = CreateLabel(
         tr("To conduct a targeted search, please enter search terms or single letters in the fields below "
            "and click Search. To view the complete result list, click Reset."),
-        QLatin1String("labelKorvelDefault"), this);
+        "labelKorvelDefault"_L1, this);
     hintLabel->setMargin(4);
     // On one line where it fits, as in English; other languages say it with more letters.
     hintLabel->setWordWrap(true);
@@ -92,7 +92,7 @@ void VenueDbCentralWidget::SetupUi()
     m_detailsWidget->hide();
 
     auto* splitter = new QSplitter;
-    SetCustomStyle(splitter, QLatin1String("splitterKorvelDefault"));
+    SetCustomStyle(splitter, "splitterKorvelDefault"_L1);
     splitter->addWidget(m_tableView);
     splitter->addWidget(m_detailsWidget);
     splitter->setOrientation(Qt::Vertical);
@@ -101,8 +101,8 @@ void VenueDbCentralWidget::SetupUi()
 
     m_mainLayout->setContentsMargins(0, 0, 0, 0);
     m_mainLayout->setSpacing(0);
-    SetCustomStyle(m_mainLayout, QLatin1String("dialogKorvelDefault"));
-    SetCustomStyle(this, QLatin1String("widgetKorvelDefault"));
+    SetCustomStyle(m_mainLayout, "dialogKorvelDefault"_L1);
+    SetCustomStyle(this, "widgetKorvelDefault"_L1);
     setLayout(m_mainLayout);
 }
 
@@ -328,3 +328,5 @@ void VenueDbCentralWidget::paintEvent(QPaintEvent* event)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDbCentralWidget.cpp"
+
+using namespace Qt::StringLiterals;

@@ -17,10 +17,10 @@ using Data::VenueDatabase::ConnectorJsonRest;
 
 VenueDbDialog::VenueDbDialog(QWidget* parent)
     : VenueDbDialogBase(parent)
-    , m_connectionParameters(QLatin1String(""))
+    , m_connectionParameters(""_L1)
 {
     setModal(false);
-    SetCustomStyle(this, QLatin1String("dialogKorvelDefault"));
+    SetCustomStyle(this, "dialogKorvelDefault"_L1);
     setWindowTitle(tr("Venue database"));
     setWindowFlags(Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
     m_centralWidget = new VenueDbCentralWidget(this, GetStatusLabel());
@@ -46,12 +46,12 @@ bool VenueDbDialog::ConnectVdb(QString connectionType)
     delete std::exchange(m_connector, nullptr);
     m_connectionParameters.clear();
 
-    if (connectionType != QLatin1String("JSONREST")) {
-        m_connectionInfo = QStringLiteral("no connection specified");
+    if (connectionType != "JSONREST"_L1) {
+        m_connectionInfo = u"no connection specified"_s;
         return false;
     }
     m_connector = new ConnectorJsonRest(nullptr);
-    m_connectionInfo = QStringLiteral("JsonRest connection ");
+    m_connectionInfo = u"JsonRest connection "_s;
     return m_centralWidget->SetConnector(m_connector);
 }
 
@@ -104,3 +104,5 @@ bool VenueDbDialog::event(QEvent* event)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDbDialog.cpp"
+
+using namespace Qt::StringLiterals;

@@ -129,8 +129,8 @@ void VenueDbDialogBase::SetupBaseUi()
     m_baseLayout->setAlignment(Qt::AlignHCenter);
     m_baseLayout->setSpacing(0);
     // Deliberate: no style sheet reaches a layout, but the value belongs to the module's styling interface.
-    SetCustomStyle(m_baseLayout, QLatin1String("dialogKorvelDefault"));
-    SetCustomStyle(this, QLatin1String("widgetKorvelDefault"));
+    SetCustomStyle(m_baseLayout, "dialogKorvelDefault"_L1);
+    SetCustomStyle(this, "widgetKorvelDefault"_L1);
 
     m_baseLayout->addWidget(SetupFooterUi());
     setLayout(m_baseLayout);
@@ -143,7 +143,7 @@ QFrame* VenueDbDialogBase::SetupFooterUi()
 
     m_statusLabel = new QLabel(this);
     m_statusLabel->setTextFormat(Qt::PlainText);
-    SetCustomStyle(m_statusLabel, QLatin1String("labelKorvelDefault"));
+    SetCustomStyle(m_statusLabel, "labelKorvelDefault"_L1);
     layout->addWidget(m_statusLabel);
 
     m_closeButton = CreateFooterButton(tr("Close"), this);
@@ -154,10 +154,12 @@ QFrame* VenueDbDialogBase::SetupFooterUi()
     layout->setContentsMargins(0, 0, 0, 0);
     footer->setLayout(layout);
     footer->setContentsMargins(8, 8, 8, 8);
-    SetCustomStyle(footer, QLatin1String("frameKorvelButtonBox"));
+    SetCustomStyle(footer, "frameKorvelButtonBox"_L1);
     return footer;
 }
 
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDbDialogBase.cpp"
+
+using namespace Qt::StringLiterals;

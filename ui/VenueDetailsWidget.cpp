@@ -77,7 +77,7 @@ void VenueDetailsWidget::UpdateUi(Venue* venue, QList<Picture>* pictures, QList<
     ShowText(m_venueRoomNameLineEdit, venue->GetVenueRoomName());
     ShowText(m_generalCommentTextEdit, venue->GetGeneralComment());
     // The lines of the address are joined by this literal text.
-    ShowText(m_addressTextEdit, venue->GetAddressText().replace(QLatin1String("<br/>"), QLatin1String("\n")));
+    ShowText(m_addressTextEdit, venue->GetAddressText().replace("<br/>"_L1, "\n"_L1));
     ShowText(m_locationCommentTextEdit, venue->GetLocationComment());
     ShowText(m_loadDockStreetAddressLineEdit, venue->GetLoadDockStreetAddress());
     ShowText(m_loadDockCommentTextEdit, venue->GetLoadDockComment());
@@ -129,11 +129,11 @@ void VenueDetailsWidget::UpdateCollapseIcon()
 {
     QString path;
     if (m_isCollapsed) {
-        path = m_isDayMode ? QStringLiteral(":/Resources/korvelFoldingWidgetClosed_day.svg")
-                           : QStringLiteral(":/Resources/korvelFoldingWidgetClosed.svg");
+        path = m_isDayMode ? u":/Resources/korvelFoldingWidgetClosed_day.svg"_s
+                           : u":/Resources/korvelFoldingWidgetClosed.svg"_s;
     } else {
-        path = m_isDayMode ? QStringLiteral(":/Resources/korvelFoldingWidgetOpen_day.svg")
-                           : QStringLiteral(":/Resources/korvelFoldingWidgetOpen.svg");
+        path = m_isDayMode ? u":/Resources/korvelFoldingWidgetOpen_day.svg"_s
+                           : u":/Resources/korvelFoldingWidgetOpen.svg"_s;
     }
     m_foldIcon->ShowIcon(path, m_isCollapsed, m_isDayMode);
 }
@@ -158,7 +158,7 @@ void VenueDetailsWidget::paintEvent(QPaintEvent* /*event*/)
 
 void VenueDetailsWidget::SetupUi()
 {
-    SetCustomStyle(this, QLatin1String("widgetKorvelDefault"));
+    SetCustomStyle(this, "widgetKorvelDefault"_L1);
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
     setFixedHeight(c_panelHeight);
     auto* layout = new QVBoxLayout(this);
@@ -172,7 +172,7 @@ void VenueDetailsWidget::SetupUi()
 
     m_body = new QScrollArea(this);
     m_body->setWidgetResizable(true);
-    SetCustomStyle(m_body, QLatin1String("scrollAreaKorvelDefault"));
+    SetCustomStyle(m_body, "scrollAreaKorvelDefault"_L1);
     m_body->setFrameShape(QFrame::NoFrame);
     // The fields get the focus, and the area scrolls to them. A focus of its own would not be seen.
     m_body->setFocusPolicy(Qt::NoFocus);
@@ -182,7 +182,7 @@ void VenueDetailsWidget::SetupUi()
     layout->addWidget(m_body);
 
     auto* content = new QWidget(this);
-    SetCustomStyle(content, QLatin1String("widgetKorvelDefault"));
+    SetCustomStyle(content, "widgetKorvelDefault"_L1);
     content->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
     content->setMinimumWidth(c_bodyMinimumWidth);
     content->setFixedHeight(c_bodyHeight);
@@ -199,7 +199,7 @@ void VenueDetailsWidget::SetupUi()
 QWidget* VenueDetailsWidget::CreateCaptionBar()
 {
     auto* bar = new QWidget(this);
-    SetCustomStyle(bar, QLatin1String("widgetKorvelViewSectionHeaderBright"));
+    SetCustomStyle(bar, "widgetKorvelViewSectionHeaderBright"_L1);
     auto* layout = new QHBoxLayout(bar);
     layout->setContentsMargins(8, 0, 8, 0);
 
@@ -208,7 +208,7 @@ QWidget* VenueDetailsWidget::CreateCaptionBar()
     connect(m_foldIcon, &FoldingIcon::ToggleRequested, this, [this] { SetCollapsed(!m_isCollapsed); });
     layout->addWidget(m_foldIcon);
 
-    QLabel* caption = CreateLabel(tr("Venue details"), QLatin1String("labelKorvelSectionCaptionDark"), this);
+    QLabel* caption = CreateLabel(tr("Venue details"), "labelKorvelSectionCaptionDark"_L1, this);
     caption->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
     // The collapsed panel gets the height that the bar asks for. Font and icon must not make it less.
     caption->setMinimumHeight(c_captionBarHeight);
@@ -241,7 +241,7 @@ void VenueDetailsWidget::SetupTopUi(QBoxLayout* layout)
     SetupReadonlyLineEditWithLabel(columnLayout, 1, &m_complexNameLineEdit, true);
     SetupReadonlyLineEditWithLabel(columnLayout, 2, &m_venueRoomNameLineEdit, true);
     m_tsFileOpener = new TsFileOpener(this);
-    SetCustomStyle(m_tsFileOpener, QLatin1String("buttonKorvelDefault"));
+    SetCustomStyle(m_tsFileOpener, "buttonKorvelDefault"_L1);
     columnLayout->addWidget(m_tsFileOpener);
     blockLayout->addWidget(column);
 
@@ -258,7 +258,7 @@ void VenueDetailsWidget::SetupBottomUi(QBoxLayout* layout)
     auto* left = new QWidget(this);
     left->setFixedWidth(c_leftColumnWidth);
     auto* leftLayout = CreateBottomColumnLayout(left);
-    AddSectionCaption(leftLayout, QStringLiteral("General"));
+    AddSectionCaption(leftLayout, u"General"_s);
     SetupReadonlyTextEditWithLabel(leftLayout, 3, &m_generalCommentTextEdit, true, c_textEditHeight);
     // First and last row are level with those of the right column.
     leftLayout->addStretch();
@@ -270,11 +270,11 @@ void VenueDetailsWidget::SetupBottomUi(QBoxLayout* layout)
 
     auto* right = new QWidget(this);
     auto* rightLayout = CreateBottomColumnLayout(right);
-    AddSectionCaption(rightLayout, QStringLiteral("Loading dock"));
+    AddSectionCaption(rightLayout, u"Loading dock"_s);
     SetupReadonlyLineEditWithLabel(rightLayout, 6, &m_loadDockStreetAddressLineEdit, true);
     SetupReadonlyTextEditWithLabel(rightLayout, 7, &m_loadDockCommentTextEdit, true, c_textEditHeight);
     rightLayout->addItem(new QSpacerItem(1, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
-    AddSectionCaption(rightLayout, QStringLiteral("Rigging"));
+    AddSectionCaption(rightLayout, u"Rigging"_s);
     SetupReadonlyLineEditWithLabel(rightLayout, 8, &m_clearingOfHouseGridLineEdit, true);
     SetupReadonlyTextEditWithLabel(rightLayout, 9, &m_riggingCommentTextEdit, true, c_textEditHeight);
     blockLayout->addWidget(right);
@@ -309,7 +309,7 @@ void VenueDetailsWidget::SetupReadonlyLineEditWithLabel(QBoxLayout* layout, int 
 {
     QLabel* label = CreateFieldLabel(labelIndex);
     auto* field = new QLineEdit(this);
-    SetCustomStyle(field, QLatin1String("lineEditKorvelDisplayOnly"));
+    SetCustomStyle(field, "lineEditKorvelDisplayOnly"_L1);
     field->setReadOnly(true);
     AddFieldRow(layout, label, field, visible);
     *lineEdit = field;
@@ -321,7 +321,7 @@ void VenueDetailsWidget::SetupReadonlyTextEditWithLabel(QBoxLayout* layout, int 
     QLabel* label = CreateFieldLabel(labelIndex);
     label->setAlignment(Qt::AlignTop);
     auto* field = new QTextEdit(this);
-    SetCustomStyle(field, QLatin1String("textEditKorvelDisplayOnly"));
+    SetCustomStyle(field, "textEditKorvelDisplayOnly"_L1);
     field->setReadOnly(true);
     field->setFixedHeight(height);
     // Qt's own 4 pixels would take the third line of a common address.
@@ -333,8 +333,8 @@ void VenueDetailsWidget::SetupReadonlyTextEditWithLabel(QBoxLayout* layout, int 
 
 QLabel* VenueDetailsWidget::CreateFieldLabel(int labelIndex)
 {
-    QLabel* label = CreateLabel(Venue::GetLabelAt(labelIndex, false) + QLatin1Char(':'),
-                                QLatin1String("labelKorvelLight"), this);
+    QLabel* label
+        = CreateLabel(Venue::GetLabelAt(labelIndex, false) + QLatin1Char(':'), "labelKorvelLight"_L1, this);
     label->setMinimumWidth(c_labelMinimumWidth);
     return label;
 }
@@ -365,3 +365,5 @@ void VenueDetailsWidget::AddSectionCaption(QBoxLayout* layout, const QString& te
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDetailsWidget.cpp"
+
+using namespace Qt::StringLiterals;

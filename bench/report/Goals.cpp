@@ -1,5 +1,7 @@
 #include <bench/report/Goals.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 namespace {
@@ -8,12 +10,12 @@ constexpr QLatin1String c_figure("figure");
 
 QString Thousands(int count)
 {
-    return QString::number(count / 1000) + QStringLiteral(",000");
+    return QString::number(count / 1000) + u",000"_s;
 }
 
 QString Mix(int venuesPerUser)
 {
-    return venuesPerUser == 1 ? QStringLiteral("a user each") : QStringLiteral("a user in ten");
+    return venuesPerUser == 1 ? u"a user each"_s : u"a user in ten"_s;
 }
 
 /// The row \p number for both kinds of users and replies of all sizes: body to venues against \p reference.
@@ -22,15 +24,15 @@ void AddBodyGoals(QList<Goal>& goals, const QString& number, const QString& refe
 {
     for (const int count : {1000, 10000, 100000}) {
         for (const int venuesPerUser : {10, 1}) {
-            goals.append({number,
-                          QStringLiteral("body to venues / %1, %2, %3")
-                              .arg(reference, Thousands(count), Mix(venuesPerUser)),
-                          QStringLiteral("%1/%2/%3").arg(benchmark).arg(count).arg(venuesPerUser),
-                          c_figure,
-                          Judgement::AtMost,
-                          limit,
-                          limitWithoutZone,
-                          {}});
+            goals.append(
+                {number,
+                 u"body to venues / %1, %2, %3"_s.arg(reference, Thousands(count), Mix(venuesPerUser)),
+                 u"%1/%2/%3"_s.arg(benchmark).arg(count).arg(venuesPerUser),
+                 c_figure,
+                 Judgement::AtMost,
+                 limit,
+                 limitWithoutZone,
+                 {}});
         }
     }
 }
@@ -39,10 +41,9 @@ void AddReplyGoals(QList<Goal>& goals)
 {
     for (const int count : {1000, 10000, 100000}) {
         for (const int venuesPerUser : {10, 1}) {
-            goals.append({QStringLiteral("1"),
-                          QStringLiteral("records / JSON parse, %1 venues, %2")
-                              .arg(Thousands(count), Mix(venuesPerUser)),
-                          QStringLiteral("ReadRecords/%1/%2").arg(count).arg(venuesPerUser),
+            goals.append({u"1"_s,
+                          u"records / JSON parse, %1 venues, %2"_s.arg(Thousands(count), Mix(venuesPerUser)),
+                          u"ReadRecords/%1/%2"_s.arg(count).arg(venuesPerUser),
                           c_figure,
                           Judgement::AtMost,
                           1.1,
@@ -51,43 +52,39 @@ void AddReplyGoals(QList<Goal>& goals)
         }
     }
     for (const int venuesPerUser : {10, 1}) {
-        goals.append(
-            {QStringLiteral("2"),
-             QStringLiteral("body to venues, time per venue, 100,000 / 1,000, %1").arg(Mix(venuesPerUser)),
-             QStringLiteral("ReadBodyGrowth/%1").arg(venuesPerUser),
-             c_figure,
-             Judgement::AtMost,
-             1.3,
-             1.3,
-             {}});
+        goals.append({u"2"_s,
+                      u"body to venues, time per venue, 100,000 / 1,000, %1"_s.arg(Mix(venuesPerUser)),
+                      u"ReadBodyGrowth/%1"_s.arg(venuesPerUser),
+                      c_figure,
+                      Judgement::AtMost,
+                      1.3,
+                      1.3,
+                      {}});
     }
     for (const int venuesPerUser : {10, 1}) {
-        goals.append({QStringLiteral("3"),
-                      QStringLiteral("body to venues / jsona on Node, 10,000, %1").arg(Mix(venuesPerUser)),
-                      QStringLiteral("ReadBodyAgainstJsona/10000/%1").arg(venuesPerUser),
+        goals.append({u"3"_s,
+                      u"body to venues / jsona on Node, 10,000, %1"_s.arg(Mix(venuesPerUser)),
+                      u"ReadBodyAgainstJsona/10000/%1"_s.arg(venuesPerUser),
                       c_figure,
                       Judgement::AtMost,
                       0.35,
                       0.55,
                       {}});
     }
-    AddBodyGoals(goals, QStringLiteral("3a"), QStringLiteral("JSON parse"),
-                 QStringLiteral("ReadBodyAgainstParser"), 0.5, 0.8);
-    AddBodyGoals(goals, QStringLiteral("3b"), QStringLiteral("bare simdjson program"),
-                 QStringLiteral("ReadBodyAgainstBareReader"), 1.5, 2.2);
-    goals.append({QStringLiteral("3c"),
-                  QStringLiteral("peak memory of a search beyond what stays, per byte of body, 100,000"),
-                  QStringLiteral("SearchMemory/100000"),
+    AddBodyGoals(goals, u"3a"_s, u"JSON parse"_s, u"ReadBodyAgainstParser"_s, 0.5, 0.8);
+    AddBodyGoals(goals, u"3b"_s, u"bare simdjson program"_s, u"ReadBodyAgainstBareReader"_s, 1.5, 2.2);
+    goals.append({u"3c"_s,
+                  u"peak memory of a search beyond what stays, per byte of body, 100,000"_s,
+                  u"SearchMemory/100000"_s,
                   c_figure,
                   Judgement::AtMost,
                   1.6,
                   0,
                   {}});
     for (const int count : {10000, 100000}) {
-        goals.append({QStringLiteral("3d"),
-                      QStringLiteral("longest stall of a search / the same with QJsonDocument, %1")
-                          .arg(Thousands(count)),
-                      QStringLiteral("SearchStall/%1").arg(count),
+        goals.append({u"3d"_s,
+                      u"longest stall of a search / the same with QJsonDocument, %1"_s.arg(Thousands(count)),
+                      u"SearchStall/%1"_s.arg(count),
                       c_figure,
                       Judgement::AtMost,
                       0.5,
@@ -98,42 +95,37 @@ void AddReplyGoals(QList<Goal>& goals)
 
 void AddTableGoals(QList<Goal>& goals)
 {
-    goals.append({QStringLiteral("4"), QStringLiteral("reset + sort by date against the literal, 10,000"),
-                  QStringLiteral("SortTable/10000/5"), c_figure, Judgement::TimesFaster, 6, 15,
-                  QStringLiteral("x faster")});
-    goals.append({QStringLiteral("4"), QStringLiteral("the same, 100,000"),
-                  QStringLiteral("SortTable/100000/5"), c_figure, Judgement::Note, 0, -1,
-                  QStringLiteral("x faster")});
-    goals.append({QStringLiteral("5"),
-                  QStringLiteral("reset + sort by date / std::stable_sort of ready dates, 100,000"),
-                  QStringLiteral("SortTableAgainstDates/100000"),
+    goals.append({u"4"_s, u"reset + sort by date against the literal, 10,000"_s, u"SortTable/10000/5"_s,
+                  c_figure, Judgement::TimesFaster, 6, 15, u"x faster"_s});
+    goals.append({u"4"_s, u"the same, 100,000"_s, u"SortTable/100000/5"_s, c_figure, Judgement::Note, 0, -1,
+                  u"x faster"_s});
+    goals.append({u"5"_s,
+                  u"reset + sort by date / std::stable_sort of ready dates, 100,000"_s,
+                  u"SortTableAgainstDates/100000"_s,
                   c_figure,
                   Judgement::AtMost,
                   4,
                   4,
                   {}});
-    goals.append({QStringLiteral("5"),
-                  QStringLiteral("the same / std::stable_sort of plain numbers"),
-                  QStringLiteral("SortTableAgainstNumbers/100000"),
+    goals.append({u"5"_s,
+                  u"the same / std::stable_sort of plain numbers"_s,
+                  u"SortTableAgainstNumbers/100000"_s,
                   c_figure,
                   Judgement::Note,
                   0,
                   -1,
                   {}});
     for (const int count : {10000, 100000}) {
-        goals.append({QStringLiteral("6"),
-                      QStringLiteral("sort by a text column against the literal, %1").arg(Thousands(count)),
-                      QStringLiteral("SortTable/%1/1").arg(count), c_figure, Judgement::TimesFaster, 6, 6,
-                      QStringLiteral("x faster")});
+        goals.append({u"6"_s, u"sort by a text column against the literal, %1"_s.arg(Thousands(count)),
+                      u"SortTable/%1/1"_s.arg(count), c_figure, Judgement::TimesFaster, 6, 6, u"x faster"_s});
     }
-    goals.append({QStringLiteral("6"), QStringLiteral("sort by the id, a hidden column, 10,000"),
-                  QStringLiteral("SortTable/10000/0"), c_figure, Judgement::Note, 0, -1,
-                  QStringLiteral("x faster")});
+    goals.append({u"6"_s, u"sort by the id, a hidden column, 10,000"_s, u"SortTable/10000/0"_s, c_figure,
+                  Judgement::Note, 0, -1, u"x faster"_s});
     for (const int countries : {0, 60}) {
-        goals.append({QStringLiteral("7"),
-                      QStringLiteral("country list / reading the reply, 100,000 venues, %1 countries")
-                          .arg(countries == 0 ? 12 : countries),
-                      QStringLiteral("CountryList/100000/%1").arg(countries),
+        goals.append({u"7"_s,
+                      u"country list / reading the reply, 100,000 venues, %1 countries"_s.arg(
+                          countries == 0 ? 12 : countries),
+                      u"CountryList/100000/%1"_s.arg(countries),
                       c_figure,
                       Judgement::AtMost,
                       0.15,
@@ -144,94 +136,84 @@ void AddTableGoals(QList<Goal>& goals)
 
 void AddNetworkGoals(QList<Goal>& goals)
 {
-    goals.append({QStringLiteral("8"),
-                  QStringLiteral("20 pictures of 40 KB / plain loop, same manager"),
-                  QStringLiteral("FetchPictures"),
+    goals.append({u"8"_s,
+                  u"20 pictures of 40 KB / plain loop, same manager"_s,
+                  u"FetchPictures"_s,
                   c_figure,
                   Judgement::AtMost,
                   1.05,
                   0,
                   {}});
-    goals.append({QStringLiteral("8"),
-                  QStringLiteral("the same, with their list, which the loop does not read"),
-                  QStringLiteral("FetchPicturesAndList"),
+    goals.append({u"8"_s,
+                  u"the same, with their list, which the loop does not read"_s,
+                  u"FetchPicturesAndList"_s,
                   c_figure,
                   Judgement::Note,
                   0,
                   0,
                   {}});
-    goals.append({QStringLiteral("8"),
-                  QStringLiteral("the same / libcurl, one connection"),
-                  QStringLiteral("FetchPicturesAgainstCurl"),
+    goals.append({u"8"_s,
+                  u"the same / libcurl, one connection"_s,
+                  u"FetchPicturesAgainstCurl"_s,
                   c_figure,
                   Judgement::Note,
                   0,
                   0,
                   {}});
-    goals.append({QStringLiteral("9"),
-                  QStringLiteral("TLS connections of 200 queries"),
-                  QStringLiteral("Connections"),
+    goals.append({u"9"_s,
+                  u"TLS connections of 200 queries"_s,
+                  u"Connections"_s,
                   c_figure,
                   Judgement::AtMost,
                   1,
                   0,
                   {}});
-    goals.append({QStringLiteral("10"), QStringLiteral("memory per venue with 416 bytes of text, 100,000"),
-                  QStringLiteral("RecordMemory/100000/10"), c_figure, Judgement::AtMost, 1100, 0,
-                  QStringLiteral("bytes")});
-    goals.append({QStringLiteral("11"), QStringLiteral("heap growth per fetched picture"),
-                  QStringLiteral("PictureMemory"), c_figure, Judgement::AtMost, 1024, 0,
-                  QStringLiteral("bytes")});
+    goals.append({u"10"_s, u"memory per venue with 416 bytes of text, 100,000"_s, u"RecordMemory/100000/10"_s,
+                  c_figure, Judgement::AtMost, 1100, 0, u"bytes"_s});
+    goals.append({u"11"_s, u"heap growth per fetched picture"_s, u"PictureMemory"_s, c_figure,
+                  Judgement::AtMost, 1024, 0, u"bytes"_s});
 }
 
 void AddPictureGoals(QList<Goal>& goals)
 {
-    goals.append({QStringLiteral("12"),
-                  QStringLiteral("first step to a picture / decode + scale alone"),
-                  QStringLiteral("FirstPictureSteps"),
+    goals.append({u"12"_s,
+                  u"first step to a picture / decode + scale alone"_s,
+                  u"FirstPictureSteps"_s,
                   c_figure,
                   Judgement::AtMost,
                   1.1,
                   0,
                   {}});
-    goals.append({QStringLiteral("12"),
-                  QStringLiteral("step back to a picture already seen / the same"),
-                  QStringLiteral("RepeatedPictureSteps"),
+    goals.append({u"12"_s,
+                  u"step back to a picture already seen / the same"_s,
+                  u"RepeatedPictureSteps"_s,
                   c_figure,
                   Judgement::AtMost,
                   0.1,
                   0,
                   {}});
-    const QStringList actions{QStringLiteral("repaint"), QStringLiteral("zoom step"),
-                              QStringLiteral("pan step")};
+    const QStringList actions{u"repaint"_s, u"zoom step"_s, u"pan step"_s};
     for (int action = 0; action < actions.size(); ++action) {
         const QString& name = actions.at(action);
-        const QString equipped = QStringLiteral("PaintViewer/%1/0").arg(action);
-        const QString bare = QStringLiteral("PaintViewer/%1/1").arg(action);
-        goals.append({QStringLiteral("13"), QStringLiteral("viewer, 24 megapixels, %1").arg(name), equipped,
-                      QStringLiteral("waitMs"), Judgement::AtMost, 8, 0, QStringLiteral("ms")});
-        goals.append({QStringLiteral("13"),
-                      QStringLiteral("viewer, %1 / graphics view with the same on it").arg(name),
+        const QString equipped = u"PaintViewer/%1/0"_s.arg(action);
+        const QString bare = u"PaintViewer/%1/1"_s.arg(action);
+        goals.append({u"13"_s, u"viewer, 24 megapixels, %1"_s.arg(name), equipped, u"waitMs"_s,
+                      Judgement::AtMost, 8, 0, u"ms"_s});
+        goals.append({u"13"_s,
+                      u"viewer, %1 / graphics view with the same on it"_s.arg(name),
                       equipped,
                       c_figure,
                       Judgement::AtMost,
                       1.1,
                       0,
                       {}});
-        goals.append({QStringLiteral("13"),
-                      QStringLiteral("the same / bare graphics view"),
-                      bare,
-                      c_figure,
-                      Judgement::Note,
-                      0,
-                      0,
-                      {}});
+        goals.append(
+            {u"13"_s, u"the same / bare graphics view"_s, bare, c_figure, Judgement::Note, 0, 0, {}});
     }
-    goals.append({QStringLiteral("14"), QStringLiteral("dialog constructed"), QStringLiteral("FirstShow"),
-                  QStringLiteral("constructedMs"), Judgement::Note, 0, 0, QStringLiteral("ms")});
-    goals.append({QStringLiteral("14"), QStringLiteral("dialog shown for the first time"),
-                  QStringLiteral("FirstShow"), QStringLiteral("shownMs"), Judgement::Note, 0, 0,
-                  QStringLiteral("ms")});
+    goals.append({u"14"_s, u"dialog constructed"_s, u"FirstShow"_s, u"constructedMs"_s, Judgement::Note, 0, 0,
+                  u"ms"_s});
+    goals.append({u"14"_s, u"dialog shown for the first time"_s, u"FirstShow"_s, u"shownMs"_s,
+                  Judgement::Note, 0, 0, u"ms"_s});
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 Results::Results(const QString& path)
@@ -15,12 +17,12 @@ Results::Results(const QString& path)
 
 bool Results::HasZone() const
 {
-    return Context().value(QLatin1String("zone")).toString() != QLatin1String("unset");
+    return Context().value("zone"_L1).toString() != "unset"_L1;
 }
 
 QJsonObject Results::Context() const
 {
-    return m_document.value(QLatin1String("context")).toObject();
+    return m_document.value("context"_L1).toObject();
 }
 
 std::optional<double> Results::Counter(const QString& benchmark, const QString& counter) const
@@ -31,16 +33,16 @@ std::optional<double> Results::Counter(const QString& benchmark, const QString& 
 
 QString Results::Error(const QString& benchmark) const
 {
-    return Benchmark(benchmark).value(QLatin1String("error_message")).toString();
+    return Benchmark(benchmark).value("error_message"_L1).toString();
 }
 
 QJsonObject Results::Benchmark(const QString& name) const
 {
-    const QJsonArray benchmarks = m_document.value(QLatin1String("benchmarks")).toArray();
+    const QJsonArray benchmarks = m_document.value("benchmarks"_L1).toArray();
     for (const QJsonValue value : benchmarks) {
         // The full name goes on with "/iterations:…".
-        const QString fullName = value.toObject().value(QLatin1String("name")).toString();
-        if (fullName.section(QStringLiteral("/iterations:"), 0, 0) == name)
+        const QString fullName = value.toObject().value("name"_L1).toString();
+        if (fullName.section(u"/iterations:"_s, 0, 0) == name)
             return value.toObject();
     }
     return {};

@@ -4,6 +4,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Bench {
 
 namespace {
@@ -45,7 +47,7 @@ QString Milliseconds(double milliseconds)
 
 void SetFontSize(QPainter& painter, int pixels, bool bold = false)
 {
-    QFont font(QStringLiteral("DejaVu Sans"));
+    QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(pixels);
     font.setBold(bold);
     painter.setFont(font);
@@ -53,8 +55,7 @@ void SetFontSize(QPainter& painter, int pixels, bool bold = false)
 
 double CounterOf(const Results& results, int venueCount, const char* counter)
 {
-    return results.Counter(QStringLiteral("SearchPhases/%1").arg(venueCount), QLatin1String(counter))
-        .value_or(0);
+    return results.Counter(u"SearchPhases/%1"_s.arg(venueCount), QLatin1String(counter)).value_or(0);
 }
 
 void DrawBar(QPainter& painter, const Results& results, int venueCount, int top)
@@ -68,9 +69,9 @@ void DrawBar(QPainter& painter, const Results& results, int venueCount, int top)
     SetFontSize(painter, 17, true);
     painter.setPen(QColor(c_ink));
     painter.drawText(QRect(0, top, c_left - 20, c_barHeight), Qt::AlignRight | Qt::AlignVCenter,
-                     QStringLiteral("%L1 venues").arg(venueCount));
+                     u"%L1 venues"_s.arg(venueCount));
     painter.drawText(QRect(c_size.width() - c_right + 16, top, c_right - 16, c_barHeight),
-                     Qt::AlignLeft | Qt::AlignVCenter, Milliseconds(total) + QStringLiteral(" ms"));
+                     Qt::AlignLeft | Qt::AlignVCenter, Milliseconds(total) + u" ms"_s);
 
     SetFontSize(painter, 14);
     const double scale = (c_size.width() - c_left - c_right) / total;
@@ -116,13 +117,12 @@ QImage DrawSearchChart(const Results& results)
     painter.setPen(QColor(c_ink));
     SetFontSize(painter, 22, true);
     painter.drawText(QRect(24, 14, c_size.width() - 48, 34), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Where the time of a search goes"));
+                     u"Where the time of a search goes"_s);
     painter.setPen(QColor(c_faint));
     SetFontSize(painter, 14);
-    painter.drawText(
-        QRect(24, 46, c_size.width() - 48, 24), Qt::AlignLeft | Qt::AlignVCenter,
-        QStringLiteral("Milliseconds from the request to the painted table, new connection, local "
-                       "server, median; each bar is scaled to its own total."));
+    painter.drawText(QRect(24, 46, c_size.width() - 48, 24), Qt::AlignLeft | Qt::AlignVCenter,
+                     u"Milliseconds from the request to the painted table, new connection, local "
+                     "server, median; each bar is scaled to its own total."_s);
     int top = c_top;
     for (const int venueCount : c_sizes) {
         DrawBar(painter, results, venueCount, top);

@@ -14,6 +14,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Bench;
 
 namespace {
@@ -43,30 +45,26 @@ Line Judge(const Goal& goal, const Results& run)
 {
     const double limit = goal.limitWithoutZone > 0 && !run.HasZone() ? goal.limitWithoutZone : goal.limit;
     // Both limits are stated where the zone counts, so the zone is told there too.
-    Line line{goal,
-              goal.limitWithoutZone == 0 ? QString()
-                                         : (run.HasZone() ? QStringLiteral("set") : QStringLiteral("unset")),
-              {},
-              {},
-              {},
-              0};
-    const bool isFactor = goal.unit == QLatin1String("x faster");
+    Line line{goal, goal.limitWithoutZone == 0 ? QString() : (run.HasZone() ? u"set"_s : u"unset"_s),
+              {},   {},
+              {},   0};
+    const bool isFactor = goal.unit == "x faster"_L1;
     line.value = run.Counter(goal.benchmark, goal.counter).value_or(0);
     if (isFactor)
         line.value = 1 / line.value;
     line.figure = WithUnit(Formatted(line.value), goal.unit);
     switch (goal.judgement) {
     case Judgement::AtMost:
-        line.limit = QStringLiteral("at most ") + WithUnit(Formatted(limit), goal.unit);
-        line.verdict = line.value <= limit ? QStringLiteral("met") : QStringLiteral("MISSED");
+        line.limit = u"at most "_s + WithUnit(Formatted(limit), goal.unit);
+        line.verdict = line.value <= limit ? u"met"_s : u"MISSED"_s;
         break;
     case Judgement::TimesFaster:
-        line.limit = QStringLiteral("at least ") + WithUnit(Formatted(limit), goal.unit);
-        line.verdict = line.value >= limit ? QStringLiteral("met") : QStringLiteral("MISSED");
+        line.limit = u"at least "_s + WithUnit(Formatted(limit), goal.unit);
+        line.verdict = line.value >= limit ? u"met"_s : u"MISSED"_s;
         break;
     case Judgement::Note:
-        line.limit = QStringLiteral("-");
-        line.verdict = QStringLiteral("noted");
+        line.limit = u"-"_s;
+        line.verdict = u"noted"_s;
         break;
     }
     return line;
@@ -76,7 +74,7 @@ Line Judge(const Goal& goal, const Results& run)
 QList<Line> LinesOf(const Goal& goal, const QList<Results>& runs)
 {
     QList<Line> lines;
-    QString reason = QStringLiteral("not run");
+    QString reason = u"not run"_s;
     for (const Results& run : runs) {
         if (!run.HasZone() && goal.limitWithoutZone == 0)
             continue;
@@ -86,22 +84,20 @@ QList<Line> LinesOf(const Goal& goal, const QList<Results>& runs)
             reason = run.Error(goal.benchmark);
     }
     if (lines.isEmpty())
-        lines.append({goal, {}, QStringLiteral("-"), reason, QStringLiteral("skipped"), 0});
+        lines.append({goal, {}, u"-"_s, reason, u"skipped"_s, 0});
     return lines;
 }
 
 void Print(const QList<Line>& lines)
 {
-    QList<QStringList> rows{{QStringLiteral("#"), QStringLiteral("What"), QStringLiteral("TZ"),
-                             QStringLiteral("Goal"), QStringLiteral("Figure"), QStringLiteral("Verdict")}};
+    QList<QStringList> rows{{u"#"_s, u"What"_s, u"TZ"_s, u"Goal"_s, u"Figure"_s, u"Verdict"_s}};
     for (const Line& line : lines)
         rows.append({line.goal.number, line.goal.what, line.zone, line.limit, line.figure, line.verdict});
 
     QList<qsizetype> widths(rows.constFirst().size(), 0);
-    for (const QStringList& row : rows) {
+    for (const QStringList& row : rows)
         for (qsizetype column = 0; column < row.size(); ++column)
             widths[column] = qMax(widths.at(column), row.at(column).size());
-    }
     QTextStream out(stdout);
     for (const QStringList& row : rows) {
         for (qsizetype column = 0; column < row.size(); ++column)
@@ -114,18 +110,18 @@ QJsonObject ToJson(const QList<Line>& lines, const QList<Results>& runs)
 {
     QJsonArray rows;
     for (const Line& line : lines) {
-        rows.append(QJsonObject{{QStringLiteral("number"), line.goal.number},
-                                {QStringLiteral("what"), line.goal.what},
-                                {QStringLiteral("zone"), line.zone},
-                                {QStringLiteral("goal"), line.limit},
-                                {QStringLiteral("figure"), line.value},
-                                {QStringLiteral("unit"), line.goal.unit},
-                                {QStringLiteral("verdict"), line.verdict}});
+        rows.append(QJsonObject{{u"number"_s, line.goal.number},
+                                {u"what"_s, line.goal.what},
+                                {u"zone"_s, line.zone},
+                                {u"goal"_s, line.limit},
+                                {u"figure"_s, line.value},
+                                {u"unit"_s, line.goal.unit},
+                                {u"verdict"_s, line.verdict}});
     }
     QJsonArray contexts;
     for (const Results& run : runs)
         contexts.append(run.Context());
-    return {{QStringLiteral("rows"), rows}, {QStringLiteral("runs"), contexts}};
+    return {{u"rows"_s, rows}, {u"runs"_s, contexts}};
 }
 
 } // namespace
@@ -155,8 +151,7 @@ int main(int argc, char** argv)
         return 1;
     }
     for (const Results& run : runs) {
-        if (run.Counter(QStringLiteral("SearchPhases/1000"), QStringLiteral("figure"))
-            && !DrawSearchChart(run).save(arguments.at(2))) {
+        if (run.Counter(u"SearchPhases/1000"_s, u"figure"_s) && !DrawSearchChart(run).save(arguments.at(2))) {
             QTextStream(stderr) << "cannot write " << arguments.at(2) << '\n';
             return 1;
         }

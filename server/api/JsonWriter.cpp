@@ -2,6 +2,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 JsonWriter& JsonWriter::Key(const char* name)
@@ -62,12 +64,12 @@ JsonWriter& JsonWriter::Number(qint64 number)
 
 JsonWriter& JsonWriter::Bool(bool value)
 {
-    return Raw(value ? QByteArrayLiteral("true") : QByteArrayLiteral("false"));
+    return Raw(value ? "true"_ba : "false"_ba);
 }
 
 JsonWriter& JsonWriter::Null()
 {
-    return Raw(QByteArrayLiteral("null"));
+    return Raw("null"_ba);
 }
 
 JsonWriter& JsonWriter::Raw(const QByteArray& json)
@@ -92,9 +94,8 @@ QByteArray JsonWriter::Take()
 
 void JsonWriter::Separate()
 {
-    if (m_needsComma) {
+    if (m_needsComma)
         m_json.append(',');
-    }
     m_needsComma = true;
 }
 
@@ -118,11 +119,10 @@ void JsonWriter::AppendQuoted(const QByteArray& text)
             m_json.append("\\n");
             break;
         default:
-            if (static_cast<unsigned char>(c) < 0x20) {
+            if (static_cast<unsigned char>(c) < 0x20)
                 m_json.append("\\u00").append(QByteArray::number(c, 16).rightJustified(2, '0'));
-            } else {
+            else
                 m_json.append(c);
-            }
         }
     }
     m_json.append('"');

@@ -7,6 +7,8 @@
 #include <QImageWriter>
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -16,13 +18,12 @@ QString CaptionOf(const VenueRecord& venue, const PictureRecord& picture)
     QStringList place;
     for (const QString& part : {venue.locality, venue.title, venue.venueRoomName}) {
         const QString line = part.simplified();
-        if (!line.isEmpty() && !place.contains(line)) {
+        if (!line.isEmpty() && !place.contains(line))
             place.append(line);
-        }
     }
     QString view = picture.view;
-    const QString what = view.replace(QLatin1Char('_'), QLatin1Char(' ')) + QStringLiteral(" (drawing)");
-    return place.isEmpty() ? what : place.join(QStringLiteral(", ")) + QStringLiteral(" — ") + what;
+    const QString what = view.replace(QLatin1Char('_'), QLatin1Char(' ')) + u" (drawing)"_s;
+    return place.isEmpty() ? what : place.join(u", "_s) + u" — "_s + what;
 }
 
 /// Writes \p caption into the dark strip that the drawings keep free at the top: viewers put captions of
@@ -33,7 +34,7 @@ void WriteCaption(QImage& image, const QString& caption)
     constexpr qreal c_sheetHeight = 1000.0;
     const qreal scale = image.height() / c_sheetHeight;
     const QRectF room(48, 0, image.width() / scale - 72, 46);
-    QFont font(QStringLiteral("DejaVu Sans"));
+    QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(22);
 
     QPainter painter(&image);
@@ -51,20 +52,17 @@ VenuePicture::VenuePicture(const VenueRecord& venue, const PictureRecord& pictur
     : m_caption(CaptionOf(venue, picture))
 {
     // Both become part of a file name: none but the known ones.
-    if (VenueCatalogue::Houses().contains(venue.house) && VenueCatalogue::Views().contains(picture.view)) {
+    if (VenueCatalogue::Houses().contains(venue.house) && VenueCatalogue::Views().contains(picture.view))
         m_file = QStringLiteral(VDB_PICTURES_DIR "/%1-%2.jpg").arg(venue.house, picture.view);
-    }
 }
 
 QSize VenuePicture::RenditionSize(const QString& rendition)
 {
-    if (rendition == QLatin1String("small")) {
+    if (rendition == "small"_L1)
         return {480, 320};
-    }
-    if (rendition == QLatin1String("medium")) {
+    if (rendition == "medium"_L1)
         return {1200, 800};
-    }
-    return rendition == QLatin1String("large") ? QSize(3000, 2000) : QSize();
+    return rendition == "large"_L1 ? QSize(3000, 2000) : QSize();
 }
 
 QByteArray VenuePicture::Make(const VenueRecord& venue, const PictureRecord& picture, QSize size)
@@ -74,15 +72,13 @@ QByteArray VenuePicture::Make(const VenueRecord& venue, const PictureRecord& pic
 
 QImage VenuePicture::Image(QSize size) const
 {
-    if (m_file.isEmpty() || size.isEmpty()) {
+    if (m_file.isEmpty() || size.isEmpty())
         return {};
-    }
     QImageReader reader(m_file, "jpg");
     reader.setScaledSize(size);
     QImage image = reader.read();
-    if (!image.isNull()) {
+    if (!image.isNull())
         WriteCaption(image, m_caption);
-    }
     return image;
 }
 

@@ -46,7 +46,7 @@ private:
         QString value;
         bool hasPath = false;
         bool hasValue = false;
-        QString VenueRecord::*member = nullptr;
+        QString VenueRecord::* member = nullptr;
     };
 
     void ReadPair(const QString& name, const QString& value);

@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -44,9 +46,8 @@ template <typename Choices> QString Pick(QRandomGenerator& random, const Choices
 QString Sentence(QRandomGenerator& random, int wordCount)
 {
     QStringList words;
-    for (int i = 0; i < wordCount; ++i) {
+    for (int i = 0; i < wordCount; ++i)
         words.append(Pick(random, c_words));
-    }
     words.first().replace(0, 1, words.constFirst().at(0).toUpper());
     return words.join(QLatin1Char(' ')) + QLatin1Char('.');
 }
@@ -57,9 +58,8 @@ VenueCatalogue CatalogueGenerator::Catalogue() const
 {
     VenueCatalogue catalogue;
     for (qsizetype i = 0; i < m_settings.venueCount; ++i) {
-        if (m_settings.venuesPerUser > 0 && i % m_settings.venuesPerUser == 0) {
+        if (m_settings.venuesPerUser > 0 && i % m_settings.venuesPerUser == 0)
             catalogue.AddUser(Editor(i));
-        }
         catalogue.AddVenue(Venue(i));
     }
     return catalogue;
@@ -79,37 +79,33 @@ VenueRecord CatalogueGenerator::Venue(qsizetype index) const
     venue.countryCode = QString::fromLatin1(place.countryCode);
     const Kind& kind = c_kinds[random.bounded(static_cast<quint32>(c_kinds.size()))];
     venue.house = QString::fromLatin1(kind.house);
-    venue.title = QStringLiteral("%1 %2 %3").arg(QLatin1String(kind.name), venue.locality).arg(id);
+    venue.title = u"%1 %2 %3"_s.arg(QLatin1String(kind.name), venue.locality).arg(id);
     venue.venueRoomName = Pick(random, c_rooms);
     venue.generalComment = Sentence(random, 8);
-    venue.addressLine1 = QStringLiteral("%1 Street %2").arg(Sentence(random, 1).chopped(1)).arg(id % 200 + 1);
+    venue.addressLine1 = u"%1 Street %2"_s.arg(Sentence(random, 1).chopped(1)).arg(id % 200 + 1);
     venue.postalCode = QString::number(10000 + random.bounded(80000));
     venue.comment = Sentence(random, 6);
-    venue.loadingDockStreetAddress = QStringLiteral("Dock %1, %2").arg(id % 9 + 1).arg(venue.addressLine1);
+    venue.loadingDockStreetAddress = u"Dock %1, %2"_s.arg(id % 9 + 1).arg(venue.addressLine1);
     venue.loadInComments = Sentence(random, 10);
     venue.clearance = QString::number(4.0 + random.bounded(160) / 10.0, 'f', 1);
     venue.riggingSpecialties = Sentence(random, 8);
     venue.created = created.date().toString(Qt::ISODate);
-    venue.changed
-        = created.addSecs(random.bounded(31536000)).toString(QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"));
-    if (m_settings.venuesPerUser > 0) {
+    venue.changed = created.addSecs(random.bounded(31536000)).toString(u"yyyy-MM-ddThh:mm:ss+00:00"_s);
+    if (m_settings.venuesPerUser > 0)
         venue.editor = Editor(index).id;
-    }
     for (int i = 0; i < m_settings.picturesPerVenue; ++i) {
         const QString& view = VenueCatalogue::Views().at(i % VenueCatalogue::Views().size());
-        venue.pictures.append({QStringLiteral("pic-%1-%2").arg(id).arg(i + 1), view,
-                               QStringLiteral("Picture %1").arg(i + 1),
-                               QStringLiteral("View %1 of %2").arg(i + 1).arg(venue.title),
-                               venue.created + QStringLiteral("T08:00:00+00:00")});
+        venue.pictures.append({u"pic-%1-%2"_s.arg(id).arg(i + 1), view, u"Picture %1"_s.arg(i + 1),
+                               u"View %1 of %2"_s.arg(i + 1).arg(venue.title),
+                               venue.created + u"T08:00:00+00:00"_s});
     }
     for (int i = 0; i < m_settings.modelFilesPerVenue; ++i) {
-        const QString file = QStringLiteral("%1-hall-%2.tessra").arg(id).arg(i + 1);
+        const QString file = u"%1-hall-%2.tessra"_s.arg(id).arg(i + 1);
         QByteArray content = file.toLatin1() + '\n';
         content.append(m_settings.modelFileSize, '#');
         content.truncate(m_settings.modelFileSize);
-        venue.modelFiles.append(
-            {QStringLiteral("tessra-%1-%2").arg(id).arg(i + 1), QStringLiteral("Hall %1.tessra").arg(i + 1),
-             file, venue.created + QStringLiteral("T09:00:00+00:00"), QStringLiteral("4.2"), content});
+        venue.modelFiles.append({u"tessra-%1-%2"_s.arg(id).arg(i + 1), u"Hall %1.tessra"_s.arg(i + 1), file,
+                                 venue.created + u"T09:00:00+00:00"_s, u"4.2"_s, content});
     }
     return venue;
 }
@@ -117,12 +113,12 @@ VenueRecord CatalogueGenerator::Venue(qsizetype index) const
 UserRecord CatalogueGenerator::Editor(qsizetype index) const
 {
     const qint64 id = index / qMax(qsizetype(1), m_settings.venuesPerUser) + 1;
-    return {QStringLiteral("user-%1").arg(id), id, QStringLiteral("Editor %1").arg(id)};
+    return {u"user-%1"_s.arg(id), id, u"Editor %1"_s.arg(id)};
 }
 
 QByteArray CatalogueGenerator::Body(const QString& host) const
 {
-    JsonApiDocument document(host, "/api/venue?include=editor", {QStringLiteral("editor")});
+    JsonApiDocument document(host, "/api/venue?include=editor", {u"editor"_s});
     for (qsizetype i = 0; i < m_settings.venueCount; ++i) {
         const UserRecord editor = Editor(i);
         document.AddVenue(Venue(i), m_settings.venuesPerUser > 0 ? &editor : nullptr);

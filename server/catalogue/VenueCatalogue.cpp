@@ -6,6 +6,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -14,11 +16,10 @@ namespace {
 QString TextOf(const QJsonObject& object, const QString& name)
 {
     const QJsonValue value = object.value(name);
-    if (!value.isString()) {
+    if (!value.isString())
         return {};
-    }
     const QString text = value.toString();
-    return text.isNull() ? QStringLiteral("") : text;
+    return text.isNull() ? u""_s : text;
 }
 
 /// \p path is a name or two names joined by a dot.
@@ -32,27 +33,23 @@ QString TextAtPath(const QJsonObject& object, const QString& path)
 VenueRecord ReadVenue(const QJsonObject& object)
 {
     VenueRecord venue;
-    venue.entityId = object.value(QStringLiteral("entity_id")).toInteger();
-    for (const VenueText& text : VenueCatalogue::Texts()) {
+    venue.entityId = object.value(u"entity_id"_s).toInteger();
+    for (const VenueText& text : VenueCatalogue::Texts())
         venue.*text.member = TextAtPath(object, QString::fromLatin1(text.path));
-    }
-    venue.house = TextOf(object, QStringLiteral("house"));
-    venue.editor = TextOf(object, QStringLiteral("editor"));
-    const QJsonArray pictures = object.value(QStringLiteral("pictures")).toArray();
+    venue.house = TextOf(object, u"house"_s);
+    venue.editor = TextOf(object, u"editor"_s);
+    const QJsonArray pictures = object.value(u"pictures"_s).toArray();
     for (const QJsonValue value : pictures) {
         const QJsonObject picture = value.toObject();
-        venue.pictures.append({TextOf(picture, QStringLiteral("id")), TextOf(picture, QStringLiteral("view")),
-                               TextOf(picture, QStringLiteral("name")),
-                               TextOf(picture, QStringLiteral("alt")),
-                               TextOf(picture, QStringLiteral("created"))});
+        venue.pictures.append({TextOf(picture, u"id"_s), TextOf(picture, u"view"_s),
+                               TextOf(picture, u"name"_s), TextOf(picture, u"alt"_s),
+                               TextOf(picture, u"created"_s)});
     }
-    const QJsonArray files = object.value(QStringLiteral("model_files")).toArray();
+    const QJsonArray files = object.value(u"model_files"_s).toArray();
     for (const QJsonValue value : files) {
         const QJsonObject file = value.toObject();
-        venue.modelFiles.append({TextOf(file, QStringLiteral("id")), TextOf(file, QStringLiteral("name")),
-                                 TextOf(file, QStringLiteral("file")),
-                                 TextOf(file, QStringLiteral("created")),
-                                 TextOf(file, QStringLiteral("file_version")), QByteArray()});
+        venue.modelFiles.append({TextOf(file, u"id"_s), TextOf(file, u"name"_s), TextOf(file, u"file"_s),
+                                 TextOf(file, u"created"_s), TextOf(file, u"file_version"_s), QByteArray()});
     }
     return venue;
 }
@@ -60,26 +57,20 @@ VenueRecord ReadVenue(const QJsonObject& object)
 /// What is wrong with \p venue, empty when nothing is.
 QString FindMistake(const VenueRecord& venue)
 {
-    if (venue.entityId <= 0) {
-        return QStringLiteral("a venue has no positive entity_id");
-    }
-    if (!venue.pictures.isEmpty() && !VenueCatalogue::Houses().contains(venue.house)) {
-        return QStringLiteral("venue %1: pictures of an unknown house \"%2\"")
-            .arg(venue.entityId)
-            .arg(venue.house);
-    }
+    if (venue.entityId <= 0)
+        return u"a venue has no positive entity_id"_s;
+    if (!venue.pictures.isEmpty() && !VenueCatalogue::Houses().contains(venue.house))
+        return u"venue %1: pictures of an unknown house \"%2\""_s.arg(venue.entityId).arg(venue.house);
     for (const PictureRecord& picture : venue.pictures) {
         if (picture.id.isEmpty() || !VenueCatalogue::Views().contains(picture.view)) {
-            return QStringLiteral("venue %1: picture \"%2\" has no id or an unknown view \"%3\"")
-                .arg(venue.entityId)
+            return u"venue %1: picture \"%2\" has no id or an unknown view \"%3\""_s.arg(venue.entityId)
                 .arg(picture.id, picture.view);
         }
     }
     for (const ModelFileRecord& file : venue.modelFiles) {
         // Names are looked up below models/: none may lead out of it.
         if (file.id.isEmpty() || file.file.isEmpty() || file.file.contains(QLatin1Char('/'))) {
-            return QStringLiteral("venue %1: model file \"%2\" has no id or no plain file name")
-                .arg(venue.entityId)
+            return u"venue %1: model file \"%2\" has no id or no plain file name"_s.arg(venue.entityId)
                 .arg(file.id);
         }
     }
@@ -90,24 +81,19 @@ QString AddFromJson(VenueCatalogue& catalogue, const QByteArray& json, const QDi
 {
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
-    if (!document.isObject()) {
-        return QStringLiteral("no JSON object (%1, offset %2)")
-            .arg(parseError.errorString())
-            .arg(parseError.offset);
-    }
-    const QJsonArray users = document.object().value(QStringLiteral("users")).toArray();
+    if (!document.isObject())
+        return u"no JSON object (%1, offset %2)"_s.arg(parseError.errorString()).arg(parseError.offset);
+    const QJsonArray users = document.object().value(u"users"_s).toArray();
     for (const QJsonValue value : users) {
         const QJsonObject user = value.toObject();
-        catalogue.AddUser({TextOf(user, QStringLiteral("id")),
-                           user.value(QStringLiteral("entity_id")).toInteger(),
-                           TextOf(user, QStringLiteral("name"))});
+        catalogue.AddUser(
+            {TextOf(user, u"id"_s), user.value(u"entity_id"_s).toInteger(), TextOf(user, u"name"_s)});
     }
-    const QJsonArray venues = document.object().value(QStringLiteral("venues")).toArray();
+    const QJsonArray venues = document.object().value(u"venues"_s).toArray();
     for (const QJsonValue value : venues) {
         VenueRecord venue = ReadVenue(value.toObject());
-        if (const QString mistake = FindMistake(venue); !mistake.isEmpty()) {
+        if (const QString mistake = FindMistake(venue); !mistake.isEmpty())
             return mistake;
-        }
         for (ModelFileRecord& file : venue.modelFiles) {
             if (QFile content(models != nullptr ? models->filePath(file.file) : QString());
                 models != nullptr && content.open(QIODevice::ReadOnly)) {
@@ -145,54 +131,46 @@ std::span<const VenueText> VenueCatalogue::Texts()
 
 const QStringList& VenueCatalogue::Views()
 {
-    static const QStringList c_views{QStringLiteral("from_the_auditorium"),
-                                     QStringLiteral("from_the_stage_into_the_auditorium"),
-                                     QStringLiteral("isometric"),
-                                     QStringLiteral("stage_left"),
-                                     QStringLiteral("stage_right"),
-                                     QStringLiteral("view_from_the_inside"),
-                                     QStringLiteral("view_from_the_outside")};
+    static const QStringList c_views{u"from_the_auditorium"_s,
+                                     u"from_the_stage_into_the_auditorium"_s,
+                                     u"isometric"_s,
+                                     u"stage_left"_s,
+                                     u"stage_right"_s,
+                                     u"view_from_the_inside"_s,
+                                     u"view_from_the_outside"_s};
     return c_views;
 }
 
 const QStringList& VenueCatalogue::Houses()
 {
-    static const QStringList c_houses{QStringLiteral("opera"), QStringLiteral("shoebox"),
-                                      QStringLiteral("vineyard"), QStringLiteral("arena"),
-                                      QStringLiteral("modern")};
+    static const QStringList c_houses{u"opera"_s, u"shoebox"_s, u"vineyard"_s, u"arena"_s, u"modern"_s};
     return c_houses;
 }
 
 VenueCatalogue VenueCatalogue::Load(const QString& folder, QString* error)
 {
     const auto fail = [error](const QString& text) {
-        if (error != nullptr) {
+        if (error != nullptr)
             *error = text;
-        }
         return VenueCatalogue();
     };
     const QDir directory(folder);
-    const QDir models(directory.filePath(QStringLiteral("models")));
-    QStringList names = directory.entryList({QStringLiteral("venues-*.json")}, QDir::Files, QDir::Name);
-    if (names.isEmpty()) {
-        return fail(QStringLiteral("%1 has no venues-*.json").arg(directory.absolutePath()));
-    }
-    if (directory.exists(QStringLiteral("users.json"))) {
-        names.prepend(QStringLiteral("users.json"));
-    }
+    const QDir models(directory.filePath(u"models"_s));
+    QStringList names = directory.entryList({u"venues-*.json"_s}, QDir::Files, QDir::Name);
+    if (names.isEmpty())
+        return fail(u"%1 has no venues-*.json"_s.arg(directory.absolutePath()));
+    if (directory.exists(u"users.json"_s))
+        names.prepend(u"users.json"_s);
     VenueCatalogue catalogue;
     for (const QString& name : names) {
         QFile file(directory.filePath(name));
-        if (!file.open(QIODevice::ReadOnly)) {
-            return fail(QStringLiteral("%1: %2").arg(name, file.errorString()));
-        }
-        if (const QString mistake = AddFromJson(catalogue, file.readAll(), &models); !mistake.isEmpty()) {
-            return fail(QStringLiteral("%1: %2").arg(name, mistake));
-        }
+        if (!file.open(QIODevice::ReadOnly))
+            return fail(u"%1: %2"_s.arg(name, file.errorString()));
+        if (const QString mistake = AddFromJson(catalogue, file.readAll(), &models); !mistake.isEmpty())
+            return fail(u"%1: %2"_s.arg(name, mistake));
     }
-    if (error != nullptr) {
+    if (error != nullptr)
         error->clear();
-    }
     return catalogue;
 }
 
@@ -200,21 +178,18 @@ VenueCatalogue VenueCatalogue::FromJson(const QByteArray& json, QString* error)
 {
     VenueCatalogue catalogue;
     const QString mistake = AddFromJson(catalogue, json, nullptr);
-    if (error != nullptr) {
+    if (error != nullptr)
         *error = mistake;
-    }
     return mistake.isEmpty() ? catalogue : VenueCatalogue();
 }
 
 void VenueCatalogue::AddVenue(const VenueRecord& venue)
 {
     const qsizetype index = m_venues.size();
-    for (qsizetype i = 0; i < venue.pictures.size(); ++i) {
+    for (qsizetype i = 0; i < venue.pictures.size(); ++i)
         m_pictureById.insert(venue.pictures.at(i).id, {index, i});
-    }
-    for (qsizetype i = 0; i < venue.modelFiles.size(); ++i) {
+    for (qsizetype i = 0; i < venue.modelFiles.size(); ++i)
         m_modelByFile.insert(venue.modelFiles.at(i).file, {index, i});
-    }
     m_venues.append(venue);
 }
 
@@ -233,9 +208,8 @@ const UserRecord* VenueCatalogue::FindUser(const QString& id) const
 const PictureRecord* VenueCatalogue::FindPicture(const QString& id, const VenueRecord** venue) const
 {
     const auto found = m_pictureById.constFind(id);
-    if (found == m_pictureById.cend()) {
+    if (found == m_pictureById.cend())
         return nullptr;
-    }
     *venue = &m_venues.at(found->venue);
     return &(*venue)->pictures.at(found->item);
 }

@@ -67,7 +67,7 @@ struct VenueRecord
 struct VenueText
 {
     const char* path; ///< for example "title" or "address.locality"
-    QString VenueRecord::*member;
+    QString VenueRecord::* member;
 };
 
 /// All venues and users that a server knows. A value; once handed to a server it is only read.

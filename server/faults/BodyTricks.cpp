@@ -19,9 +19,8 @@ QByteArray GzipBomb(int megabytes)
     static QMap<int, QByteArray> bombs;
     const QMutexLocker lock(&mutex);
     QByteArray& bomb = bombs[megabytes];
-    if (!bomb.isEmpty()) {
+    if (!bomb.isEmpty())
         return bomb;
-    }
     const QByteArray blanks(1024 * 1024, ' ');
     QByteArray packed(64 * 1024, Qt::Uninitialized);
     z_stream stream{};

@@ -158,9 +158,8 @@ Fault& Fault::WithGzipBomb(int megabytes)
 
 bool Fault::Matches(const QString& host, const QByteArray& target) const
 {
-    if (!m_host.isEmpty() && m_host.compare(host, Qt::CaseInsensitive) != 0) {
+    if (!m_host.isEmpty() && m_host.compare(host, Qt::CaseInsensitive) != 0)
         return false;
-    }
     return m_pattern.has_value() ? m_pattern->match(QString::fromUtf8(target)).hasMatch()
                                  : TargetContains(target, m_text);
 }

@@ -20,16 +20,14 @@ std::optional<Fault::Effect> FaultPlan::Take(const QString& host, const QByteArr
 {
     const QMutexLocker lock(&m_mutex);
     for (Entry& entry : m_entries) {
-        if (entry.times == 0 || !entry.fault.Matches(host, target)) {
+        if (entry.times == 0 || !entry.fault.Matches(host, target))
             continue;
-        }
         if (entry.skip > 0) {
             --entry.skip;
             continue;
         }
-        if (entry.times > 0) {
+        if (entry.times > 0)
             --entry.times;
-        }
         return entry.fault.GetEffect();
     }
     return std::nullopt;

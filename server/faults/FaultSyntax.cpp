@@ -5,6 +5,8 @@
 
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -84,23 +86,20 @@ template <typename AnyFault> struct Named
 template <typename AnyFault> Named<AnyFault> Find(const QString& text, std::span<const Kind<AnyFault>> kinds)
 {
     QStringList names;
-    for (const Kind<AnyFault>& kind : kinds) {
+    for (const Kind<AnyFault>& kind : kinds)
         names.append(QString::fromLatin1(kind.name));
-    }
     // Up to the first equals sign with a kind behind it: patterns may hold such signs too.
     const QRegularExpression form(
-        QStringLiteral("^(.*?)=(%1)(?::(.*?))?(?:\\*(\\d{1,9}))?$").arg(names.join(QLatin1Char('|'))),
+        u"^(.*?)=(%1)(?::(.*?))?(?:\\*(\\d{1,9}))?$"_s.arg(names.join(QLatin1Char('|'))),
         QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch match = form.match(text);
-    if (!match.hasMatch()) {
+    if (!match.hasMatch())
         return {};
-    }
     const Kind<AnyFault>& kind = kinds[static_cast<std::size_t>(names.indexOf(match.captured(2)))];
     const QRegularExpression argument(QRegularExpression::anchoredPattern(QString::fromLatin1(kind.argument)),
                                       QRegularExpression::DotMatchesEverythingOption);
-    if (!argument.match(match.captured(3)).hasMatch()) {
+    if (!argument.match(match.captured(3)).hasMatch())
         return {};
-    }
     return {&kind, match.captured(1), match.captured(3),
             match.hasCaptured(4) ? match.captured(4).toInt() : -1};
 }
@@ -123,22 +122,21 @@ ParsedFault ParseFault(const QString& text)
         named.kind->apply(*parsed.fault, named.argument);
         return parsed;
     }
-    parsed.error = QStringLiteral("Fault \"%1\": no known kind, or not with this argument").arg(text);
+    parsed.error = u"Fault \"%1\": no known kind, or not with this argument"_s.arg(text);
     return parsed;
 }
 
 QString FaultSyntaxHelp()
 {
-    return QStringLiteral(
-        "Faults of requests, PATTERN=KIND, PATTERN being a part of path and query:\n"
-        "  status:CODE  type:MEDIATYPE  no-type  body:TEXT  redirect:URL  delay:MS  no-answer\n"
-        "  silent  drip:BYTES/MS  cut:BYTES  close  reset  reset-after:BYTES  chunked  broken-gzip\n"
-        "  gzip-bomb:MEGABYTES\n"
-        "Faults of connections, @HOST=KIND, @ alone being every host:\n"
-        "  refuse  connect-status:CODE  no-connect  garbage  reset-after:BYTES  latency:MS\n"
-        "  jitter:MS  rate:BYTES_PER_SECOND  single-bytes\n"
-        "  certificate:expired|self-signed|wrong-host|unknown-authority\n"
-        "*N at the end limits a fault to N requests or connections.");
+    return u"Faults of requests, PATTERN=KIND, PATTERN being a part of path and query:\n"
+           "  status:CODE  type:MEDIATYPE  no-type  body:TEXT  redirect:URL  delay:MS  no-answer\n"
+           "  silent  drip:BYTES/MS  cut:BYTES  close  reset  reset-after:BYTES  chunked  broken-gzip\n"
+           "  gzip-bomb:MEGABYTES\n"
+           "Faults of connections, @HOST=KIND, @ alone being every host:\n"
+           "  refuse  connect-status:CODE  no-connect  garbage  reset-after:BYTES  latency:MS\n"
+           "  jitter:MS  rate:BYTES_PER_SECOND  single-bytes\n"
+           "  certificate:expired|self-signed|wrong-host|unknown-authority\n"
+           "*N at the end limits a fault to N requests or connections."_s;
 }
 
 } // namespace korvel::Demo

@@ -14,6 +14,8 @@
 
 #include <sys/socket.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -52,7 +54,7 @@ Answer ErrorAnswer(int status, const QString& detail)
 Answer AnswerWith(const HttpConnection::Handler& handler, const Request& request, const Fault::Effect& effect)
 {
     Answer answer = effect.status.has_value() && !effect.body.has_value()
-        ? ErrorAnswer(*effect.status, QStringLiteral("The server was told to fail here."))
+        ? ErrorAnswer(*effect.status, u"The server was told to fail here."_s)
         : handler(request);
     answer.status = effect.status.value_or(answer.status);
     answer.mediaType = effect.mediaType.value_or(answer.mediaType);
@@ -72,11 +74,10 @@ QByteArray HeadOf(const Answer& answer, const Fault::Effect& effect, bool isLast
     Headers headers = answer.headers;
     headers.emplaceBack("Server", "venue-server");
     headers.emplaceBack("X-Content-Type-Options", "nosniff");
-    if (isLast) {
+    if (isLast)
         headers.emplaceBack("Connection", "close");
-    } else {
+    else
         headers.emplaceBack("Keep-Alive", "timeout=60, max=100000");
-    }
     if (effect.chunked) {
         headers.emplaceBack("Transfer-Encoding", "chunked");
     } else {
@@ -84,18 +85,15 @@ QByteArray HeadOf(const Answer& answer, const Fault::Effect& effect, bool isLast
         const qsizetype least = effect.silentAfterHeader ? 1 : 0;
         headers.emplaceBack("Content-Length", QByteArray::number(qMax(least, answer.body.size())));
     }
-    if (!effect.noMediaType && !answer.mediaType.isEmpty()) {
+    if (!effect.noMediaType && !answer.mediaType.isEmpty())
         headers.emplaceBack("Content-Type", answer.mediaType);
-    }
-    if (!effect.secondMediaType.isEmpty()) {
+    if (!effect.secondMediaType.isEmpty())
         headers.emplaceBack("Content-Type", effect.secondMediaType);
-    }
     SortByName(headers);
     QByteArray head
         = "HTTP/1.1 " + QByteArray::number(answer.status) + ' ' + Answer::StatusText(answer.status) + "\r\n";
-    for (const auto& [name, value] : std::as_const(headers)) {
+    for (const auto& [name, value] : std::as_const(headers))
         head += name + ": " + value + "\r\n";
-    }
     return head + "\r\n";
 }
 
@@ -132,18 +130,16 @@ void HttpConnection::Start(qintptr descriptor, const QSslConfiguration& tls)
 
 void HttpConnection::OnReadyRead()
 {
-    if (m_isAnswering) {
+    if (m_isAnswering)
         return;
-    }
     const QByteArray bytes = m_socket.readAll();
     if (!bytes.isEmpty()) {
         m_shared.log.AddReceivedBytes(m_request.connectionId, bytes.size());
         m_received += bytes;
         m_idleTimer.start();
     }
-    if (m_bodyLeft < 0 && !ReadHead()) {
+    if (m_bodyLeft < 0 && !ReadHead())
         return;
-    }
     // No request that is served has a body: it is only kept from being taken for the next request.
     const qsizetype skipped = qMin(m_bodyLeft, m_received.size());
     m_received.remove(0, skipped);
@@ -157,9 +153,8 @@ void HttpConnection::OnReadyRead()
 bool HttpConnection::ReadHead()
 {
     const qsizetype end = m_received.indexOf("\r\n\r\n");
-    if (end < 0 && m_received.size() < c_longestHead) {
+    if (end < 0 && m_received.size() < c_longestHead)
         return false;
-    }
     const qint64 connectionId = m_request.connectionId;
     m_request = {};
     m_request.connectionId = connectionId;
@@ -173,8 +168,7 @@ bool HttpConnection::ReadHead()
     m_isAnswering = true;
     m_effect = {};
     m_request.id = m_shared.log.AddRequest(m_request);
-    Deliver(
-        ErrorAnswer(error == 0 ? 400 : error, QStringLiteral("This is no request that the server serves.")));
+    Deliver(ErrorAnswer(error == 0 ? 400 : error, u"This is no request that the server serves."_s));
     return false;
 }
 
@@ -188,11 +182,9 @@ int HttpConnection::UnderstandHead(const QList<QByteArray>& lines)
     m_request.path
         = QString::fromUtf8(QByteArray::fromPercentEncoding(m_request.target.split('?').constFirst()));
     m_request.query = VenueQuery::Split(m_request.target);
-    for (qsizetype i = 1; i < lines.size(); ++i) {
-        if (const qsizetype colon = lines.at(i).indexOf(':'); colon > 0) {
+    for (qsizetype i = 1; i < lines.size(); ++i)
+        if (const qsizetype colon = lines.at(i).indexOf(':'); colon > 0)
             m_request.headers.append({lines.at(i).left(colon), lines.at(i).mid(colon + 1).trimmed()});
-        }
-    }
     SortByName(m_request.headers);
     m_request.host
         = QString::fromLatin1(ValueOf(m_request.headers, "Host")).section(QLatin1Char(':'), 0, 0).toLower();
@@ -202,9 +194,8 @@ int HttpConnection::UnderstandHead(const QList<QByteArray>& lines)
     m_isLast = (version == "HTTP/1.1" ? connection == "close" : connection != "keep-alive")
         || !ValueOf(m_request.headers, "Transfer-Encoding").isEmpty();
     m_bodyLeft = qMax(0LL, ValueOf(m_request.headers, "Content-Length").toLongLong());
-    if (requestLine.size() > c_longestTarget) {
+    if (requestLine.size() > c_longestTarget)
         return 414;
-    }
     return m_request.target.isEmpty() || (version != "HTTP/1.1" && version != "HTTP/1.0") ? 400 : 0;
 }
 
@@ -214,14 +205,12 @@ void HttpConnection::Handle()
     m_idleTimer.stop();
     m_request.id = m_shared.log.AddRequest(m_request);
     m_effect = m_shared.faults.Take(m_request.host, m_request.target).value_or(Fault::Effect());
-    if (m_effect.noAnswer) {
+    if (m_effect.noAnswer)
         return;
-    }
-    if (m_effect.delay > 0) {
+    if (m_effect.delay > 0)
         QTimer::singleShot(m_effect.delay, Qt::PreciseTimer, this, &HttpConnection::MakeAnswer);
-    } else {
+    else
         MakeAnswer();
-    }
 }
 
 void HttpConnection::MakeAnswer()
@@ -245,9 +234,8 @@ void HttpConnection::Deliver(const Answer& answer)
         FinishAnswer();
         return;
     }
-    if (m_effect.silentAfterHeader) {
+    if (m_effect.silentAfterHeader)
         return;
-    }
     m_body = answer.body;
     m_sent = 0;
     const qint64 end = m_effect.resetAfter >= 0 ? m_effect.resetAfter : m_effect.cutAfter;
@@ -266,12 +254,10 @@ void HttpConnection::SendBody()
             return;
         }
     }
-    while (m_sent < m_end && BytesUnderWay() < c_bufferSize) {
+    while (m_sent < m_end && BytesUnderWay() < c_bufferSize)
         SendPiece(c_bufferSize);
-    }
-    if (m_sent < m_end) {
+    if (m_sent < m_end)
         return;
-    }
     m_isSending = false;
     // Without chunks the length tells that everything is there; with them, only the last chunk does.
     const bool isCut = m_effect.cutAfter >= 0 || m_effect.resetAfter >= 0;
@@ -280,9 +266,8 @@ void HttpConnection::SendBody()
         Cut();
         return;
     }
-    if (m_effect.chunked) {
+    if (m_effect.chunked)
         m_socket.write("0\r\n\r\n");
-    }
     FinishAnswer();
 }
 
@@ -290,11 +275,10 @@ void HttpConnection::SendPiece(qint64 size)
 {
     const QByteArray piece = m_body.mid(m_sent, qMin(size, m_end - m_sent));
     m_sent += piece.size();
-    if (!m_effect.chunked) {
+    if (!m_effect.chunked)
         m_socket.write(piece);
-    } else if (!piece.isEmpty()) {
+    else if (!piece.isEmpty())
         m_socket.write(QByteArray::number(piece.size(), 16) + "\r\n" + piece + "\r\n");
-    }
 }
 
 void HttpConnection::OnEncryptedBytesWritten()

@@ -87,9 +87,8 @@ void RequestLog::SetStatus(qint64 id, int status)
         const QMutexLocker lock(&m_mutex);
         const auto found = std::find_if(m_requests.begin(), m_requests.end(),
                                         [id](const Request& request) { return request.id == id; });
-        if (found == m_requests.end()) {
+        if (found == m_requests.end())
             return;
-        }
         found->status = status;
     }
     Q_EMIT RequestAnswered(id, status);
@@ -122,11 +121,9 @@ void RequestLog::AddReceivedBytes(qint64 connectionId, qint64 count)
 void RequestLog::ChangeConnect(qint64 connectionId, const std::function<void(ConnectRecord&)>& change)
 {
     const QMutexLocker lock(&m_mutex);
-    for (ConnectRecord& connect : m_connects) {
-        if (connect.connectionId == connectionId) {
+    for (ConnectRecord& connect : m_connects)
+        if (connect.connectionId == connectionId)
             change(connect);
-        }
-    }
 }
 
 void RequestLog::AddTlsConnection()

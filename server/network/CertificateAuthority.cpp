@@ -8,6 +8,8 @@
 #include <openssl/x509.h>
 #include <openssl/x509v3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -117,9 +119,8 @@ QByteArray CertificateAuthority::Pem() const
 
 ServerIdentity CertificateAuthority::Issue(const QStringList& hosts, CertificateKind kind) const
 {
-    const QStringList names = kind == CertificateKind::WrongHost
-        ? QStringList{QStringLiteral("somebody-else.example")}
-        : hosts + QStringList{QStringLiteral("localhost")};
+    const QStringList names = kind == CertificateKind::WrongHost ? QStringList{u"somebody-else.example"_s}
+                                                                 : hosts + QStringList{u"localhost"_s};
     const bool expired = kind == CertificateKind::Expired;
     const bool isKeyShort = kind == CertificateKind::ShortKey;
     const Signer intermediate
@@ -140,21 +141,18 @@ ServerIdentity CertificateAuthority::Issue(const QStringList& hosts, Certificate
     X509_set_issuer_name(certificate, X509_get_subject_name(signer.certificate.get()));
 
     QByteArrayList alternatives;
-    for (const QString& name : names) {
+    for (const QString& name : names)
         alternatives.append("DNS:" + name.toLatin1());
-    }
-    if (kind != CertificateKind::WrongHost) {
+    if (kind != CertificateKind::WrongHost)
         alternatives.append("IP:127.0.0.1");
-    }
     AddExtension(certificate, signer.certificate.get(), NID_basic_constraints, "critical,CA:FALSE");
     AddExtension(certificate, signer.certificate.get(), NID_key_usage, "critical,digitalSignature");
     AddExtension(certificate, signer.certificate.get(), NID_ext_key_usage, "serverAuth");
     AddExtension(certificate, signer.certificate.get(), NID_subject_alt_name, alternatives.join(','));
     X509_sign(certificate, signer.key.get(), EVP_sha256());
     QList<QSslCertificate> chain{QSslCertificate(PemOf(certificate), QSsl::Pem)};
-    if (kind == CertificateKind::ExpiredIntermediate) {
+    if (kind == CertificateKind::ExpiredIntermediate)
         chain.append(QSslCertificate(PemOf(intermediate.certificate.get()), QSsl::Pem));
-    }
     return {.chain = chain,
             .key = QSslKey(PemOf(server.key.get()), isKeyShort ? QSsl::Rsa : QSsl::Ec, QSsl::Pem)};
 }

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -42,7 +44,7 @@ ConnectForwarder::ConnectForwarder(const CertificateAuthority& authority, FaultP
 {
     // As many as a client opens connections, so that making pictures holds up no document.
     m_shared.workers.setMaxThreadCount(8);
-    m_thread.setObjectName(QStringLiteral("ConnectForwarder"));
+    m_thread.setObjectName(u"ConnectForwarder"_s);
 }
 
 ConnectForwarder::~ConnectForwarder()
@@ -67,11 +69,9 @@ bool ConnectForwarder::Start(quint16 proxyPort, quint16 directPort)
 
 void ConnectForwarder::Stop()
 {
-    if (m_context == nullptr) {
+    if (m_context == nullptr)
         return;
-    }
-    QMetaObject::invokeMethod(
-        m_context, [this] { Close(); }, Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(m_context, [this] { Close(); }, Qt::BlockingQueuedConnection);
     m_thread.quit();
     m_thread.wait();
     m_shared.workers.waitForDone();
@@ -113,16 +113,14 @@ QList<NetworkFault> ConnectForwarder::TakeFaults(const QString& host)
         const bool taken = std::any_of(due.cbegin(), due.cend(), [&entry](const NetworkFault& other) {
             return other.kind == entry.fault.kind;
         });
-        if (!concerned || taken || entry.times == 0) {
+        if (!concerned || taken || entry.times == 0)
             continue;
-        }
         if (entry.skip > 0) {
             --entry.skip;
             continue;
         }
-        if (entry.times > 0) {
+        if (entry.times > 0)
             --entry.times;
-        }
         due.append(entry.fault);
     }
     return due;
@@ -159,9 +157,8 @@ void ConnectForwarder::Listen(quint16 proxyPort, quint16 directPort)
         // Otherwise an application proxy, perhaps this very one, would be asked to listen.
         server->setProxy(QNetworkProxy::NoProxy);
         server->setListenBacklogSize(200);
-        if (!server->listen(QHostAddress::LocalHost, port)) {
-            m_errorText = QStringLiteral("127.0.0.1:%1: %2").arg(port).arg(server->errorString());
-        }
+        if (!server->listen(QHostAddress::LocalHost, port))
+            m_errorText = u"127.0.0.1:%1: %2"_s.arg(port).arg(server->errorString());
         return server;
     };
     m_proxyServer = listen(proxyPort);
@@ -184,16 +181,14 @@ void ConnectForwarder::Close()
 
 void ConnectForwarder::OnProxyConnection()
 {
-    while (QTcpSocket* client = m_proxyServer->nextPendingConnection()) {
+    while (QTcpSocket* client = m_proxyServer->nextPendingConnection())
         (new Tunnel(*this, client, m_context))->StartAsProxy();
-    }
 }
 
 void ConnectForwarder::OnDirectConnection()
 {
-    while (QTcpSocket* client = m_directServer->nextPendingConnection()) {
+    while (QTcpSocket* client = m_directServer->nextPendingConnection())
         (new Tunnel(*this, client, m_context))->StartDirect();
-    }
 }
 
 } // namespace korvel::Demo

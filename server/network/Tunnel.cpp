@@ -10,6 +10,8 @@
 
 #include <sys/socket.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -66,7 +68,7 @@ void Tunnel::StartAsProxy()
 
 void Tunnel::StartDirect()
 {
-    m_host = QStringLiteral("localhost");
+    m_host = u"localhost"_s;
     m_connectionId = m_forwarder.m_shared.log.AddConnect(ConnectTo(m_host, m_forwarder.DirectPort()));
     m_faults = m_forwarder.TakeFaults(m_host);
     if (FindFault(NetworkFault::Kind::RefuseConnection) != nullptr) {
@@ -86,11 +88,10 @@ void Tunnel::OnClientReadyRead()
                && m_header.size() < c_headerLimit) {
             m_header.append(m_client->read(1));
         }
-        if (m_header.endsWith("\r\n\r\n")) {
+        if (m_header.endsWith("\r\n\r\n"))
             HandleConnect();
-        } else if (m_header.size() >= c_headerLimit) {
+        else if (m_header.size() >= c_headerLimit)
             AnswerConnect(431, "Request Header Fields Too Large");
-        }
     }
 }
 
@@ -106,9 +107,8 @@ void Tunnel::HandleConnect()
     const quint16 port = words.at(1).mid(colon + 1).toUShort();
     m_connectionId = m_forwarder.m_shared.log.AddConnect(ConnectTo(m_host, port));
     m_faults = m_forwarder.TakeFaults(m_host);
-    if (ObeyConnectFaults()) {
+    if (ObeyConnectFaults())
         return;
-    }
     if (port != 443 || !m_forwarder.KnowsHost(m_host)) {
         AnswerConnect(502, "Bad Gateway");
         return;
@@ -142,13 +142,11 @@ bool Tunnel::ObeyConnectFaults()
 void Tunnel::AnswerConnect(int status, const QByteArray& reason)
 {
     m_ignoreClient = true;
-    if (m_connectionId != 0) {
+    if (m_connectionId != 0)
         m_forwarder.m_shared.log.SetConnectStatus(m_connectionId, status);
-    }
     QByteArray answer = "HTTP/1.1 " + QByteArray::number(status) + ' ' + reason + "\r\n";
-    if (status == 407) {
+    if (status == 407)
         answer += "Proxy-Authenticate: " + FindFault(NetworkFault::Kind::AnswerConnect)->challenge + "\r\n";
-    }
     m_client->write(answer + "Content-Length: 0\r\nConnection: close\r\n\r\n");
     m_client->disconnectFromHost();
 }
@@ -177,12 +175,10 @@ void Tunnel::OpenUpstream()
 
 void Tunnel::SetUpShaping()
 {
-    if (const NetworkFault* fault = FindFault(NetworkFault::Kind::Latency)) {
+    if (const NetworkFault* fault = FindFault(NetworkFault::Kind::Latency))
         m_latency = static_cast<int>(fault->value);
-    }
-    if (const NetworkFault* fault = FindFault(NetworkFault::Kind::Jitter)) {
+    if (const NetworkFault* fault = FindFault(NetworkFault::Kind::Jitter))
         m_jitter = static_cast<int>(fault->value);
-    }
     if (const NetworkFault* fault = FindFault(NetworkFault::Kind::ByteRate)) {
         m_byteRate = fault->value;
         m_shaper.setInterval(c_shaperInterval);
@@ -251,9 +247,8 @@ void Tunnel::OnLateTimeout()
         m_late.pop_front();
         Deliver(late.to, late.bytes);
     }
-    if (!m_late.empty()) {
+    if (!m_late.empty())
         m_lateTimer.start(static_cast<int>(m_late.front().due - m_clock.elapsed()) + 1);
-    }
     FinishIfDone();
 }
 
@@ -269,9 +264,8 @@ void Tunnel::PumpDown()
 {
     while (m_isOpen && m_upstream->bytesAvailable() > 0 && m_client->bytesToWrite() < c_bufferSize) {
         const qint64 count = Allowance(qMin(m_upstream->bytesAvailable(), c_bufferSize));
-        if (count == 0) {
+        if (count == 0)
             break;
-        }
         Forward(m_client, m_upstream->read(count));
     }
     FinishIfDone();
@@ -279,14 +273,12 @@ void Tunnel::PumpDown()
 
 qint64 Tunnel::Allowance(qint64 wanted)
 {
-    if (m_byteRate == 0 && !m_singleBytes) {
+    if (m_byteRate == 0 && !m_singleBytes)
         return wanted;
-    }
     const qint64 count = qMin(wanted, m_allowance);
     m_allowance -= count;
-    if (m_singleBytes && m_allowance == 0 && !m_shaper.isActive()) {
+    if (m_singleBytes && m_allowance == 0 && !m_shaper.isActive())
         m_shaper.start();
-    }
     return count;
 }
 
@@ -300,9 +292,8 @@ void Tunnel::Forward(QTcpSocket* to, const QByteArray& bytes)
     // What is less late than the piece before it goes right behind that one.
     const qint64 due = qMax(m_clock.elapsed() + lateness, m_late.empty() ? qint64(0) : m_late.back().due);
     m_late.push_back({due, to, bytes});
-    if (!m_lateTimer.isActive()) {
+    if (!m_lateTimer.isActive())
         m_lateTimer.start(lateness);
-    }
 }
 
 void Tunnel::Deliver(QTcpSocket* to, QByteArray bytes)
@@ -316,9 +307,8 @@ void Tunnel::Deliver(QTcpSocket* to, QByteArray bytes)
         }
     }
     to->write(bytes);
-    if (m_singleBytes && to == m_client) {
+    if (m_singleBytes && to == m_client)
         to->flush();
-    }
 }
 
 void Tunnel::FinishIfDone()

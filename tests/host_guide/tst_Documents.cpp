@@ -46,16 +46,15 @@ QStringList Files(const QString& folder, const QStringList& filters, bool isRecu
 
 QStringList Documents()
 {
-    return Files(QString(), {QStringLiteral("*.md")})
-        + Files(QStringLiteral("docs"), {QStringLiteral("*.md")});
+    return Files(QString(), {u"*.md"_s}) + Files(u"docs"_s, {u"*.md"_s});
 }
 
 QStringList PublicHeaders()
 {
     QStringList headers;
-    for (const QString& folder : {QStringLiteral("data"), QStringLiteral("ui")})
-        headers.append(Files(folder, {QStringLiteral("*.h")}));
-    headers.removeIf([](const QString& header) { return header.endsWith(QStringLiteral("_p.h")); });
+    for (const QString& folder : {u"data"_s, u"ui"_s})
+        headers.append(Files(folder, {u"*.h"_s}));
+    headers.removeIf([](const QString& header) { return header.endsWith(u"_p.h"_s); });
     return headers;
 }
 
@@ -77,7 +76,7 @@ QString WithoutIndent(const QStringList& lines)
 /// The code between each pair of lines "//! [name]" or "#! [name]" of the file \p path.
 QList<Code> NamedSnippets(const QString& path)
 {
-    static const QRegularExpression marker(QStringLiteral("^ *(//|#)! \\[(.+)\\]$"));
+    static const QRegularExpression marker(u"^ *(//|#)! \\[(.+)\\]$"_s);
     QList<Code> snippets;
     QString open;
     QStringList lines;
@@ -91,7 +90,7 @@ QList<Code> NamedSnippets(const QString& path)
             if (match.captured(2) != open)
                 qFatal("%s: [%s] ends as [%s]", qPrintable(path), qPrintable(open),
                        qPrintable(match.captured(2)));
-            snippets.append({path + QStringLiteral(" [") + open + QLatin1Char(']'), WithoutIndent(lines)});
+            snippets.append({path + u" ["_s + open + QLatin1Char(']'), WithoutIndent(lines)});
             open.clear();
         } else {
             lines.append(line);
@@ -105,10 +104,9 @@ QList<Code> NamedSnippets(const QString& path)
 QList<Code> AllSnippets()
 {
     QList<Code> snippets;
-    for (const QString& path : Files(QStringLiteral("tests/host_guide"), {QStringLiteral("*")}, true)) {
-        if (!path.endsWith(QStringLiteral("tst_Documents.cpp")))
+    for (const QString& path : Files(u"tests/host_guide"_s, {u"*"_s}, true))
+        if (!path.endsWith(u"tst_Documents.cpp"_s))
             snippets.append(NamedSnippets(path));
-    }
     return snippets;
 }
 
@@ -116,7 +114,7 @@ QList<Code> AllSnippets()
 QList<Code> CompiledTexts()
 {
     QList<Code> texts = AllSnippets();
-    for (const QString& path : Files(QStringLiteral("tests/host_guide/planner"), {QStringLiteral("*")}))
+    for (const QString& path : Files(u"tests/host_guide/planner"_s, {u"*"_s}))
         texts.append({path, ReadText(SourcePath(path))});
     return texts;
 }
@@ -132,13 +130,13 @@ QList<Code> CodeOfDocument(const QString& path)
     const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
     for (const QString& line : all) {
         ++number;
-        if (!isInside && (line == QStringLiteral("```cpp") || line == QStringLiteral("```cmake"))) {
+        if (!isInside && (line == u"```cpp"_s || line == u"```cmake"_s)) {
             isInside = true;
             begin = number;
             lines.clear();
-        } else if (isInside && line == QStringLiteral("```")) {
+        } else if (isInside && line == u"```"_s) {
             isInside = false;
-            blocks.append({QStringLiteral("%1:%2").arg(path).arg(begin), WithoutIndent(lines)});
+            blocks.append({u"%1:%2"_s.arg(path).arg(begin), WithoutIndent(lines)});
         } else if (isInside) {
             lines.append(line);
         }
@@ -155,10 +153,10 @@ QList<Code> CodeOfHeader(const QString& path)
     const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
     for (const QString& line : all) {
         const QString comment = line.trimmed();
-        if (comment.startsWith(QStringLiteral("/// @code"))) {
+        if (comment.startsWith(u"/// @code"_s)) {
             isInside = true;
             lines.clear();
-        } else if (comment == QStringLiteral("/// @endcode")) {
+        } else if (comment == u"/// @endcode"_s) {
             isInside = false;
             blocks.append({path, WithoutIndent(lines)});
         } else if (isInside) {
@@ -170,7 +168,7 @@ QList<Code> CodeOfHeader(const QString& path)
 
 QList<Code> CodeOf(const QString& path)
 {
-    return path.endsWith(QStringLiteral(".h")) ? CodeOfHeader(path) : CodeOfDocument(path);
+    return path.endsWith(u".h"_s) ? CodeOfHeader(path) : CodeOfDocument(path);
 }
 
 /// Markdown without its fenced blocks, in which nothing is a link.
@@ -179,21 +177,19 @@ QString Prose(const QString& path)
     QString prose;
     bool isCode = false;
     const QStringList lines = ReadText(path).split(QLatin1Char('\n'));
-    for (const QString& line : lines) {
-        if (line.startsWith(QStringLiteral("```")))
+    for (const QString& line : lines)
+        if (line.startsWith(u"```"_s))
             isCode = !isCode;
         else if (!isCode)
             prose += line + QLatin1Char('\n');
-    }
     return prose;
 }
 
 /// The anchors that a page of this Markdown has on the web: its headings in lower case, blanks as hyphens.
 QSet<QString> Anchors(const QString& path)
 {
-    static const QRegularExpression heading(QStringLiteral("^#+ (.+)$"), QRegularExpression::MultilineOption);
-    static const QRegularExpression dropped(QStringLiteral("[^\\w\\- ]"),
-                                            QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression heading(u"^#+ (.+)$"_s, QRegularExpression::MultilineOption);
+    static const QRegularExpression dropped(u"[^\\w\\- ]"_s, QRegularExpression::UseUnicodePropertiesOption);
     QSet<QString> anchors;
     const QString prose = Prose(path);
     for (const QRegularExpressionMatch& match : heading.globalMatch(prose)) {
@@ -227,10 +223,9 @@ private Q_SLOTS:
 void tst_Documents::EveryPieceOfCodeIsCompiledSomewhere_data()
 {
     QTest::addColumn<QString>("path");
-    for (const QString& path : Documents() + PublicHeaders()) {
+    for (const QString& path : Documents() + PublicHeaders())
         if (!CodeOf(path).isEmpty())
             QTest::newRow(qPrintable(path)) << path;
-    }
 }
 
 void tst_Documents::EveryPieceOfCodeIsCompiledSomewhere()
@@ -240,23 +235,20 @@ void tst_Documents::EveryPieceOfCodeIsCompiledSomewhere()
     for (const Code& shown : CodeOf(path)) {
         const bool isCompiled = std::any_of(compiled.begin(), compiled.end(),
                                             [&shown](const Code& code) { return code.text == shown.text; });
-        QVERIFY2(isCompiled,
-                 qPrintable(shown.place + QStringLiteral(" is the text of no source:\n") + shown.text));
+        QVERIFY2(isCompiled, qPrintable(shown.place + u" is the text of no source:\n"_s + shown.text));
     }
 }
 
 void tst_Documents::EverySnippetIsShown()
 {
     QSet<QString> shown;
-    for (const QString& path : Documents() + PublicHeaders()) {
+    for (const QString& path : Documents() + PublicHeaders())
         for (const Code& code : CodeOf(path))
             shown.insert(code.text);
-    }
     const QList<Code> snippets = AllSnippets();
     QVERIFY(snippets.size() > 20);
     for (const Code& snippet : snippets)
-        QVERIFY2(shown.contains(snippet.text),
-                 qPrintable(snippet.place + QStringLiteral(" is shown nowhere")));
+        QVERIFY2(shown.contains(snippet.text), qPrintable(snippet.place + u" is shown nowhere"_s));
 }
 
 void tst_Documents::EveryLinkLeadsSomewhere_data()
@@ -269,40 +261,38 @@ void tst_Documents::EveryLinkLeadsSomewhere_data()
 void tst_Documents::EveryLinkLeadsSomewhere()
 {
     QFETCH(QString, path);
-    static const QRegularExpression link(QStringLiteral("\\]\\(([^)\\s]+)\\)"));
+    static const QRegularExpression link(u"\\]\\(([^)\\s]+)\\)"_s);
     const QString file = SourcePath(path);
     const QString prose = Prose(file);
     for (const QRegularExpressionMatch& match : link.globalMatch(prose)) {
         const QString target = match.captured(1);
-        if (target.startsWith(QStringLiteral("https://")))
+        if (target.startsWith(u"https://"_s))
             continue;
         const QString targetPath = target.section(QLatin1Char('#'), 0, 0);
         const QString targetFile
             = targetPath.isEmpty() ? file : QFileInfo(file).dir().absoluteFilePath(targetPath);
-        QVERIFY2(QFileInfo::exists(targetFile), qPrintable(target + QStringLiteral(" does not exist")));
+        QVERIFY2(QFileInfo::exists(targetFile), qPrintable(target + u" does not exist"_s));
         const QString anchor = target.section(QLatin1Char('#'), 1);
         if (!anchor.isEmpty())
-            QVERIFY2(Anchors(targetFile).contains(anchor),
-                     qPrintable(target + QStringLiteral(": no such heading")));
+            QVERIFY2(Anchors(targetFile).contains(anchor), qPrintable(target + u": no such heading"_s));
     }
 }
 
 void tst_Documents::EveryGuideIsReachedFromTheReadme()
 {
-    const QString readme = ReadText(SourcePath(QStringLiteral("README.md")));
-    for (const QString& path : Documents()) {
-        if (path != QStringLiteral("README.md"))
-            QVERIFY2(readme.contains(QStringLiteral("](") + path), qPrintable(path));
-    }
+    const QString readme = ReadText(SourcePath(u"README.md"_s));
+    for (const QString& path : Documents())
+        if (path != u"README.md"_s)
+            QVERIFY2(readme.contains(u"]("_s + path), qPrintable(path));
 }
 
 void tst_Documents::PicturesAreSmall()
 {
     constexpr qint64 c_limit = 3'000'000;
     qint64 size = 0;
-    for (const QString& path : Files(QStringLiteral("docs/images"), {QStringLiteral("*")}))
+    for (const QString& path : Files(u"docs/images"_s, {u"*"_s}))
         size += QFileInfo(SourcePath(path)).size();
-    QVERIFY2(size < c_limit, qPrintable(QStringLiteral("%1 bytes").arg(size)));
+    QVERIFY2(size < c_limit, qPrintable(u"%1 bytes"_s.arg(size)));
 }
 
 void tst_Documents::TheGuideNamesEveryStyleValue()
@@ -315,10 +305,10 @@ void tst_Documents::TheGuideNamesEveryStyleValue()
             used.insert(value.toString());
     }
 
-    static const QRegularExpression row(QStringLiteral("^\\| `([a-zA-Z]+Korvel\\w+)` \\|"),
+    static const QRegularExpression row(u"^\\| `([a-zA-Z]+Korvel\\w+)` \\|"_s,
                                         QRegularExpression::MultilineOption);
     QSet<QString> named;
-    const QString guide = ReadText(SourcePath(QStringLiteral("docs/HOST-GUIDE.md")));
+    const QString guide = ReadText(SourcePath(u"docs/HOST-GUIDE.md"_s));
     for (const QRegularExpressionMatch& match : row.globalMatch(guide))
         named.insert(match.captured(1));
     QCOMPARE(named, used);
@@ -326,7 +316,7 @@ void tst_Documents::TheGuideNamesEveryStyleValue()
 
 void tst_Documents::TheGuideNamesEveryFoldingIcon()
 {
-    static const QRegularExpression icon(QStringLiteral("korvelFoldingWidget\\w+\\.svg"));
+    static const QRegularExpression icon(u"korvelFoldingWidget\\w+\\.svg"_s);
     const auto iconsIn = [](const QString& path) {
         QSet<QString> icons;
         const QString text = ReadText(SourcePath(path));
@@ -334,18 +324,19 @@ void tst_Documents::TheGuideNamesEveryFoldingIcon()
             icons.insert(match.captured());
         return icons;
     };
-    const QSet<QString> wanted = iconsIn(QStringLiteral("ui/VenueDetailsWidget.cpp"));
+    const QSet<QString> wanted = iconsIn(u"ui/VenueDetailsWidget.cpp"_s);
     QCOMPARE(wanted.size(), 4);
-    QCOMPARE(iconsIn(QStringLiteral("docs/HOST-GUIDE.md")), wanted);
+    QCOMPARE(iconsIn(u"docs/HOST-GUIDE.md"_s), wanted);
 }
 
 void tst_Documents::EveryWidgetHeaderHasAnExample()
 {
-    const QStringList without{QStringLiteral("data/Picture.h"), QStringLiteral("data/User.h"),
-                              QStringLiteral("data/VenueDatabaseExport.h")};
+    const QStringList without{u"data/Picture.h"_s, u"data/User.h"_s, u"data/VenueDatabaseExport.h"_s};
     for (const QString& path : PublicHeaders())
         QVERIFY2(CodeOfHeader(path).isEmpty() == without.contains(path), qPrintable(path));
 }
 
 QTEST_MAIN(tst_Documents)
 #include "tst_Documents.moc"
+
+using namespace Qt::StringLiterals;

@@ -17,12 +17,12 @@ private Q_SLOTS:
     {
         const auto server = GeneratedServer({.venueCount = 20});
         const QTemporaryDir folder;
-        const QString authority = folder.filePath(QStringLiteral("ca.pem"));
+        const QString authority = folder.filePath(u"ca.pem"_s);
         WriteFile(authority, server->CaPem());
 
         QProcess planner;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("vdb.trace=true"));
+        environment.insert(u"QT_LOGGING_RULES"_s, u"vdb.trace=true"_s);
         planner.setProcessEnvironment(environment);
         planner.setProcessChannelMode(QProcess::MergedChannels);
         planner.start(qEnvironmentVariable("VDB_PLANNER"), {QString::number(server->ProxyPort()), authority});
@@ -37,7 +37,7 @@ private Q_SLOTS:
         QTRY_VERIFY2_WITH_TIMEOUT(hasBothReplies() || planner.state() != QProcess::Running,
                                   output.constData(), 30000);
         QCOMPARE(planner.state(), QProcess::Running);
-        QCOMPARE(server->Log().RequestCount(QStringLiteral("/api/venue?include=editor")), 2);
+        QCOMPARE(server->Log().RequestCount(u"/api/venue?include=editor"_s), 2);
         QVERIFY2(!output.contains("rror:") && output.count("no error") == 2, output.constData());
         planner.terminate();
         QVERIFY(planner.waitForFinished());
@@ -47,7 +47,7 @@ private Q_SLOTS:
     {
         QProcess planner;
         planner.start(qEnvironmentVariable("VDB_PLANNER"),
-                      {QStringLiteral("1"), QStringLiteral(VDB_SOURCE_DIR "/README.md")});
+                      {u"1"_s, QStringLiteral(VDB_SOURCE_DIR "/README.md")});
         QVERIFY(planner.waitForFinished());
         QVERIFY(planner.readAllStandardError().contains("README.md holds no certificate"));
     }
@@ -55,3 +55,5 @@ private Q_SLOTS:
 
 QTEST_GUILESS_MAIN(tst_HostGuide)
 #include "tst_HostGuide.moc"
+
+using namespace Qt::StringLiterals;

@@ -53,7 +53,7 @@ public:
     {
         listen(QHostAddress::LocalHost);
         QNetworkProxy::setApplicationProxy(
-            QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), serverPort()));
+            QNetworkProxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, serverPort()));
         connect(this, &QTcpServer::newConnection, this, [this] {
             ++m_connectionCount;
             nextPendingConnection();
@@ -80,8 +80,8 @@ private Q_SLOTS:
     void initTestCase()
     {
         QStandardPaths::setTestModeEnabled(true);
-        QCoreApplication::setOrganizationName(QStringLiteral("korvel.example"));
-        QCoreApplication::setApplicationName(QStringLiteral("tst_HostGuideSnippets"));
+        QCoreApplication::setOrganizationName(u"korvel.example"_s);
+        QCoreApplication::setApplicationName(u"tst_HostGuideSnippets"_s);
     }
     void init()
     {
@@ -124,13 +124,13 @@ private Q_SLOTS:
 
 void tst_HostGuideSnippets::ExplicitProxyCountsForTheApplication()
 {
-    Network::UseProxy(QStringLiteral("me"), QStringLiteral("secret"));
+    Network::UseProxy(u"me"_s, u"secret"_s);
     const QNetworkProxy proxy = QNetworkProxy::applicationProxy();
     QCOMPARE(proxy.type(), QNetworkProxy::HttpProxy);
-    QCOMPARE(proxy.hostName(), QStringLiteral("proxy.company.example"));
+    QCOMPARE(proxy.hostName(), u"proxy.company.example"_s);
     QCOMPARE(proxy.port(), quint16(3128));
-    QCOMPARE(proxy.user(), QStringLiteral("me"));
-    QCOMPARE(proxy.password(), QStringLiteral("secret"));
+    QCOMPARE(proxy.user(), u"me"_s);
+    QCOMPARE(proxy.password(), u"secret"_s);
     Network::UseNoProxy();
     QCOMPARE(QNetworkProxy::applicationProxy().type(), QNetworkProxy::NoProxy);
 }
@@ -145,7 +145,7 @@ void tst_HostGuideSnippets::AuthorityOfAFileIsTrusted()
 {
     const korvel::Demo::CertificateAuthority authority;
     QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("company.pem")));
+    QFile file(folder.filePath(u"company.pem"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(authority.Pem());
     file.close();
@@ -161,7 +161,7 @@ void tst_HostGuideSnippets::FileWithoutCertificateIsRefused()
 {
     const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
     QVERIFY(!Network::TrustAuthority(QStringLiteral(VDB_SOURCE_DIR "/README.md")));
-    QVERIFY(!Network::TrustAuthority(QStringLiteral("/no/such/file.pem")));
+    QVERIFY(!Network::TrustAuthority(u"/no/such/file.pem"_s));
     QCOMPARE(QSslConfiguration::defaultConfiguration(), before);
 }
 
@@ -221,7 +221,7 @@ void tst_HostGuideSnippets::HubLeadsDayModeAndHelpToTheHost()
     QVERIFY(embedding.IsDayMode());
     Q_EMIT VenueDbSignalHandler::GetInstance()->DayModeChangeRequested();
     QVERIFY(!embedding.IsDayMode());
-    QVERIFY(qApp->styleSheet().contains(QStringLiteral("/dark/")));
+    QVERIFY(qApp->styleSheet().contains(u"/dark/"_s));
     Q_EMIT VenueDbSignalHandler::GetInstance()->HelpRequested();
     int helpWindows = 0;
     for (QDialog* dialog : mainWindow.findChildren<QDialog*>()) {
@@ -247,7 +247,7 @@ void tst_HostGuideSnippets::RefusedImportIsAnsweredTwice()
     QWidget mainWindow;
     Embedding embedding(&mainWindow);
     const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
-    RequestImport(QStringLiteral("/no/such/model"));
+    RequestImport(u"/no/such/model"_s);
     QCOMPARE(Answers(answers), QList<bool>({false}));
     auto* box = embedding.Dialog()->findChild<QMessageBox*>();
     QVERIFY(box && box->isVisible());
@@ -259,7 +259,7 @@ void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread_data()
 {
     const Rows<QString, bool> row("path", "answer");
     row("readable", QStringLiteral(VDB_SOURCE_DIR "/README.md"), true);
-    row("missing", QStringLiteral("/no/such/model"), false);
+    row("missing", u"/no/such/model"_s, false);
 }
 
 void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread()
@@ -326,7 +326,7 @@ void tst_HostGuideSnippets::DisconnectInASearchLeadsToTheErrorBox()
     VenueDbDialog dialog;
     connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
     const ModalDriver<QMessageBox> driver([](QMessageBox* box) { box->button(QMessageBox::Close)->click(); });
-    dialog.ConnectVdb(QStringLiteral("JSONREST"));
+    dialog.ConnectVdb(u"JSONREST"_s);
     dialog.Open(nullptr);
     QTRY_COMPARE(driver.Count(), 1);
     QTRY_VERIFY(!dialog.isVisible());
@@ -340,7 +340,7 @@ void tst_HostGuideSnippets::RetryUsesTheNewConnector()
     int boxes = 0;
     std::unique_ptr<ModalDriver<QMessageBox>> secondDriver;
     const ModalDriver<QMessageBox> firstDriver([&](QMessageBox* box) {
-        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        dialog.ConnectVdb(u"JSONREST"_s);
         secondDriver = std::make_unique<ModalDriver<QMessageBox>>([&boxes](QMessageBox* secondBox) {
             ++boxes;
             secondBox->button(QMessageBox::Close)->click();
@@ -348,7 +348,7 @@ void tst_HostGuideSnippets::RetryUsesTheNewConnector()
         ++boxes;
         box->button(QMessageBox::Retry)->click();
     });
-    dialog.ConnectVdb(QStringLiteral("JSONREST"));
+    dialog.ConnectVdb(u"JSONREST"_s);
     dialog.Open(nullptr);
     QTRY_COMPARE(boxes, 2);
     // Only a connector can reach the proxy.
@@ -374,7 +374,7 @@ void tst_HostGuideSnippets::DialogMayBeDeletedInASearch()
         else
             delete dialog;
     });
-    dialog->ConnectVdb(QStringLiteral("JSONREST"));
+    dialog->ConnectVdb(u"JSONREST"_s);
     dialog->Open(nullptr);
     QTRY_VERIFY(dialog.isNull());
 }
@@ -410,12 +410,12 @@ void tst_HostGuideSnippets::GermanTextsAreInstalled()
     QStringList texts;
     for (const QPushButton* button : dialog.findChildren<QPushButton*>())
         texts.append(button->text());
-    QVERIFY2(texts.contains(QStringLiteral("Suchen")), qPrintable(texts.join(QLatin1Char('|'))));
+    QVERIFY2(texts.contains(u"Suchen"_s), qPrintable(texts.join(QLatin1Char('|'))));
     QCoreApplication::removeTranslator(&translator);
     // Where Qt's own translations are installed; if not, nothing is installed and nothing is said.
     QTranslator qtTranslator;
-    const bool hasQtTexts = QFileInfo::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath)
-                                              + QStringLiteral("/qtbase_de.qm"));
+    const bool hasQtTexts
+        = QFileInfo::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_de.qm"_s);
     QCOMPARE(Texts::InstallQtTranslations(qtTranslator), hasQtTexts);
     QCoreApplication::removeTranslator(&qtTranslator);
     QLocale::setDefault(before);
@@ -427,7 +427,7 @@ void tst_HostGuideSnippets::EnglishUserKeepsEnglish()
     QLocale::setDefault(QLocale(QLocale::English));
     QTranslator translator;
     QVERIFY(Texts::InstallTranslations(translator));
-    QCOMPARE(VenueDbDialog::tr("Venue database"), QStringLiteral("Venue database"));
+    QCOMPARE(VenueDbDialog::tr("Venue database"), u"Venue database"_s);
     QCoreApplication::removeTranslator(&translator);
     QLocale::setDefault(before);
 }
@@ -443,3 +443,5 @@ void tst_HostGuideSnippets::TraceCategoryIsSwitchedOn()
 
 QTEST_MAIN(tst_HostGuideSnippets)
 #include "tst_HostGuideSnippets.moc"
+
+using namespace Qt::StringLiterals;

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Soak {
 
 namespace {
@@ -24,10 +26,9 @@ double Tick(double span)
     double tick = 1.0;
     while (tick * 10.0 < span)
         tick *= 10.0;
-    for (const double factor : {0.1, 0.2, 0.5}) {
+    for (const double factor : {0.1, 0.2, 0.5})
         if (span / (tick * factor) <= 8.0)
             return tick * factor;
-    }
     return tick;
 }
 
@@ -61,7 +62,7 @@ void DrawPanel(QPainter& painter, const QRect& area, const QList<Sample>& phase)
     font.setBold(false);
     painter.setFont(font);
     painter.drawText(QPointF(area.left() + 16, area.top() + 43),
-                     QStringLiteral("heap %1 KB, descriptors %2 after %3 rounds")
+                     u"heap %1 KB, descriptors %2 after %3 rounds"_s
                          .arg(qRound(double(last.heap - first.heap) / c_kilobyte))
                          .arg(last.descriptors - first.descriptors)
                          .arg(last.round));
@@ -71,7 +72,7 @@ void DrawPanel(QPainter& painter, const QRect& area, const QList<Sample>& phase)
         painter.drawLine(QPointF(plot.left(), y(value)), QPointF(plot.right(), y(value)));
         painter.setPen(c_ink);
         painter.drawText(QRectF(area.left(), y(value) - 9, c_margins.left() - 8, 18),
-                         Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("%1 KB").arg(value));
+                         Qt::AlignRight | Qt::AlignVCenter, u"%1 KB"_s.arg(value));
     }
     for (const double part : {0.0, 0.5, 1.0}) {
         const double round = part * double(last.round);

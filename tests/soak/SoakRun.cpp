@@ -23,6 +23,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Soak {
 
 using Ui::VenueDatabase::PictureFullscreenDialog;
@@ -97,21 +99,20 @@ SoakRun::~SoakRun() = default;
 
 QList<Sample> SoakRun::Run()
 {
-    Phase(QStringLiteral("searches"), m_rounds.searches, [this](qint64) { Search(); });
-    Phase(QStringLiteral("selections"), m_rounds.selections, [this](qint64 round) { SelectRow(round); });
+    Phase(u"searches"_s, m_rounds.searches, [this](qint64) { Search(); });
+    Phase(u"selections"_s, m_rounds.selections, [this](qint64 round) { SelectRow(round); });
 
     m_pictures = m_connector.GetPictureEntries(1);
     Require(m_pictures.size() == c_pictures, "five pictures are listed");
     m_slider->ShowFullScreen();
-    Phase(QStringLiteral("downloads"), m_rounds.viewerSteps / 2,
-          [this](qint64 round) { StepWithDownload(round); });
-    Phase(QStringLiteral("viewer steps"), m_rounds.viewerSteps - m_rounds.viewerSteps / 2,
+    Phase(u"downloads"_s, m_rounds.viewerSteps / 2, [this](qint64 round) { StepWithDownload(round); });
+    Phase(u"viewer steps"_s, m_rounds.viewerSteps - m_rounds.viewerSteps / 2,
           [this](qint64) { StepAtHand(); });
     m_viewer->hide();
 
     SelectRow(0);
-    Phase(QStringLiteral("imports"), m_rounds.imports / 2, [this](qint64) { Import(); });
-    Phase(QStringLiteral("new imports"), m_rounds.imports - m_rounds.imports / 2, [this](qint64 round) {
+    Phase(u"imports"_s, m_rounds.imports / 2, [this](qint64) { Import(); });
+    Phase(u"new imports"_s, m_rounds.imports - m_rounds.imports / 2, [this](qint64 round) {
         SelectRow(round + 1);
         Import();
     });
@@ -125,7 +126,7 @@ void SoakRun::Phase(const QString& name, qint64 rounds, const Step& step)
     constexpr qint64 c_samplesPerPhase = 100;
     const qint64 interval = qMax(qint64(1), rounds / c_samplesPerPhase);
     // What a later phase of imports leaves behind counts from its first round on.
-    const qint64 warmUp = name == QLatin1String("new imports") ? 0 : m_rounds.warmUp;
+    const qint64 warmUp = name == "new imports"_L1 ? 0 : m_rounds.warmUp;
     for (qint64 round = -warmUp; round < rounds; ++round) {
         if (round == 0)
             m_samples.append(TakeSample(name, 0));
@@ -146,14 +147,14 @@ Sample SoakRun::TakeSample(const QString& phase, qint64 round)
     return {phase,
             round,
             static_cast<qint64>(Bench::HeapInUse()),
-            EntryCount(QStringLiteral("/proc/self/fd")),
+            EntryCount(u"/proc/self/fd"_s),
             m_connector.findChildren<QNetworkReply*>().size(),
             EntryCount(QDir::tempPath())};
 }
 
 void SoakRun::Search()
 {
-    Test::Button(*m_dialog, QStringLiteral("Search"))->click();
+    Test::Button(*m_dialog, u"Search"_s)->click();
     Require(Table()->model()->rowCount() == c_venues, "a search finds all venues");
 }
 

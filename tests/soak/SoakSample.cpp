@@ -1,5 +1,7 @@
 #include <tests/soak/SoakSample.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Soak {
 
 namespace {
@@ -30,10 +32,10 @@ qint64 HeapLimit(const QString& phase, qint64 rounds)
     constexpr qint64 c_kilobyte = 1024;
     constexpr qint64 c_megabyte = 1024 * c_kilobyte;
     // The viewer's replies live as long as the viewer.
-    if (phase == QLatin1String("downloads"))
+    if (phase == "downloads"_L1)
         return 16 * c_kilobyte * rounds;
     // The files that the host may still read live until the application ends.
-    if (phase == QLatin1String("new imports"))
+    if (phase == "new imports"_L1)
         return 4 * c_kilobyte * rounds;
     return 2 * c_megabyte;
 }
@@ -43,7 +45,7 @@ qint64 DescriptorLimit(const QString& phase, qint64 rounds)
     // A connection of client, forwarder and server may be made anew at the moment of a sample.
     constexpr qint64 c_connection = 4;
     // The file of an earlier record stays for the host until the application ends.
-    return (phase == QLatin1String("new imports") ? rounds : 0) + c_connection;
+    return (phase == "new imports"_L1 ? rounds : 0) + c_connection;
 }
 
 } // namespace
@@ -84,14 +86,12 @@ QStringList Complaints(const QList<Sample>& samples)
         const QString name = phase.constFirst().phase;
         const Growth growth = GrowthOf(phase);
         if (growth.heap > HeapLimit(name, growth.rounds))
-            complaints.append(QStringLiteral("%1: the heap grew by %2 bytes").arg(name).arg(growth.heap));
-        if (growth.descriptors > DescriptorLimit(name, growth.rounds)) {
-            complaints.append(QStringLiteral("%1: %2 descriptors more").arg(name).arg(growth.descriptors));
-        }
+            complaints.append(u"%1: the heap grew by %2 bytes"_s.arg(name).arg(growth.heap));
+        if (growth.descriptors > DescriptorLimit(name, growth.rounds))
+            complaints.append(u"%1: %2 descriptors more"_s.arg(name).arg(growth.descriptors));
         for (const Sample& sample : phase) {
             if (sample.replies > 0) {
-                complaints.append(QStringLiteral("%1: %2 replies are left after round %3")
-                                      .arg(name)
+                complaints.append(u"%1: %2 replies are left after round %3"_s.arg(name)
                                       .arg(sample.replies)
                                       .arg(sample.round));
             }
@@ -105,7 +105,7 @@ QStringList Summary(const QList<Sample>& samples)
     QStringList lines;
     for (const QList<Sample>& phase : ByPhase(samples)) {
         const Growth growth = GrowthOf(phase);
-        lines.append(QStringLiteral("%1: %2 rounds, heap %3 bytes (%4 a round), descriptors %5, files %6")
+        lines.append(u"%1: %2 rounds, heap %3 bytes (%4 a round), descriptors %5, files %6"_s
                          .arg(phase.constFirst().phase, -13)
                          .arg(growth.rounds, 6)
                          .arg(growth.heap, 10)

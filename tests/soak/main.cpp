@@ -12,13 +12,15 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Soak;
 
 namespace {
 
 const QString& WorkerOption()
 {
-    static const QString option = QStringLiteral("worker");
+    static const QString option = u"worker"_s;
     return option;
 }
 
@@ -29,8 +31,8 @@ qint64 Number(const QCommandLineParser& parser, const char* option)
 
 void AddNumber(QCommandLineParser& parser, const char* option, qint64 standard)
 {
-    parser.addOption({QString::fromLatin1(option), QStringLiteral("How many %1.").arg(QLatin1String(option)),
-                      QStringLiteral("number"), QString::number(standard)});
+    parser.addOption({QString::fromLatin1(option), u"How many %1."_s.arg(QLatin1String(option)), u"number"_s,
+                      QString::number(standard)});
 }
 
 /// Uses the module in a process of its own, with a temporary folder of its own, and writes the samples.
@@ -61,12 +63,12 @@ int Watch(const QCommandLineParser& parser)
     const QTemporaryDir runtime;
     QProcess worker;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TMPDIR"), temp.path());
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime.path());
+    environment.insert(u"TMPDIR"_s, temp.path());
+    environment.insert(u"XDG_RUNTIME_DIR"_s, runtime.path());
     worker.setProcessEnvironment(environment);
     worker.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     worker.start(QCoreApplication::applicationFilePath(),
-                 QStringList{QStringLiteral("--") + WorkerOption()} + QCoreApplication::arguments().mid(1));
+                 QStringList{u"--"_s + WorkerOption()} + QCoreApplication::arguments().mid(1));
     worker.waitForFinished(-1);
     if (worker.exitStatus() != QProcess::NormalExit || worker.exitCode() != 0) {
         std::fprintf(stderr, "The worker failed.\n");
@@ -83,17 +85,17 @@ int Watch(const QCommandLineParser& parser)
     const QStringList left
         = QDir(temp.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System);
     if (!left.isEmpty())
-        complaints.append(QStringLiteral("left in the temporary folder: ") + left.join(QLatin1Char(' ')));
+        complaints.append(u"left in the temporary folder: "_s + left.join(QLatin1Char(' ')));
 
-    const QString csvPath = parser.value(QStringLiteral("csv"));
+    const QString csvPath = parser.value(u"csv"_s);
     const bool isCsvWritten = csvPath.isEmpty()
         ? std::fwrite(csv.constData(), 1, size_t(csv.size()), stdout) == size_t(csv.size())
         : Write(csvPath, csv);
     if (!isCsvWritten)
-        complaints.append(QStringLiteral("The samples cannot be written."));
-    const QString chartPath = parser.value(QStringLiteral("chart"));
+        complaints.append(u"The samples cannot be written."_s);
+    const QString chartPath = parser.value(u"chart"_s);
     if (!chartPath.isEmpty() && !DrawChart(samples).save(chartPath))
-        complaints.append(QStringLiteral("The chart cannot be written."));
+        complaints.append(u"The chart cannot be written."_s);
 
     for (const QString& line : Summary(samples))
         std::fprintf(stderr, "%s\n", qPrintable(line));
@@ -113,20 +115,17 @@ int main(int argc, char* argv[])
 
     const Rounds standard;
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Searches, selects, looks and imports thousands of times against a server of its own,\n"
-        "writes what the process held as CSV, and fails where it held too much."));
+    parser.setApplicationDescription(
+        u"Searches, selects, looks and imports thousands of times against a server of its own,\n"
+        "writes what the process held as CSV, and fails where it held too much."_s);
     parser.addHelpOption();
     AddNumber(parser, "warm-up", standard.warmUp);
     AddNumber(parser, "searches", standard.searches);
     AddNumber(parser, "selections", standard.selections);
     AddNumber(parser, "steps", standard.viewerSteps);
     AddNumber(parser, "imports", standard.imports);
-    parser.addOption({QStringLiteral("csv"),
-                      QStringLiteral("Where to write the samples; else to the standard output."),
-                      QStringLiteral("file")});
-    parser.addOption(
-        {QStringLiteral("chart"), QStringLiteral("Where to draw the curves."), QStringLiteral("file")});
+    parser.addOption({u"csv"_s, u"Where to write the samples; else to the standard output."_s, u"file"_s});
+    parser.addOption({u"chart"_s, u"Where to draw the curves."_s, u"file"_s});
     QCommandLineOption worker(WorkerOption());
     worker.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOption(worker);

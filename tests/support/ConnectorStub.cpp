@@ -1,5 +1,7 @@
 #include <tests/support/ConnectorStub.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 using namespace Data::VenueDatabase;
@@ -24,7 +26,7 @@ void ConnectorStub::Reset()
 ResultStatus ConnectorStub::FindVenueEntries(Filters filters, QList<Venue>& found)
 {
     searches.append(filters);
-    calls.append(QStringLiteral("find"));
+    calls.append(u"find"_s);
     // A copy: the script may delete the stub.
     if (const auto script = onFindVenues)
         return script(filters, found);
@@ -39,7 +41,7 @@ QList<User> ConnectorStub::FindUserEntries(Filters /*filters*/)
 
 QList<Picture> ConnectorStub::GetPictureEntries(qint64 venueId)
 {
-    calls.append(QStringLiteral("pictures %1").arg(venueId));
+    calls.append(u"pictures %1"_s.arg(venueId));
     if (const auto script = onGetPictures)
         return script(venueId);
     return {};
@@ -47,7 +49,7 @@ QList<Picture> ConnectorStub::GetPictureEntries(qint64 venueId)
 
 QList<TsFile> ConnectorStub::GetTSFileEntries(qint64 venueId)
 {
-    calls.append(QStringLiteral("files %1").arg(venueId));
+    calls.append(u"files %1"_s.arg(venueId));
     if (const auto script = onGetFiles)
         return script(venueId);
     return {};

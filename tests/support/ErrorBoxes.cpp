@@ -4,13 +4,15 @@
 #include <QApplication>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 namespace {
 
 QString Description(const QString& title, const QString& text, int defaultButton, int buttons)
 {
-    return QStringLiteral("%1|%2|%3|%4").arg(title, text).arg(defaultButton, 0, 16).arg(buttons, 0, 16);
+    return u"%1|%2|%3|%4"_s.arg(title, text).arg(defaultButton, 0, 16).arg(buttons, 0, 16);
 }
 
 } // namespace
@@ -24,10 +26,8 @@ ErrorBoxes::ErrorBoxes(QMessageBox::StandardButton answer)
 
 QString ErrorBoxes::ServerUnreachable()
 {
-    return Description(
-        QStringLiteral("Error"),
-        QStringLiteral("Unable to connect to server. \nPlease check your internet connection."),
-        QMessageBox::Retry, QMessageBox::Retry | QMessageBox::Close);
+    return Description(u"Error"_s, u"Unable to connect to server. \nPlease check your internet connection."_s,
+                       QMessageBox::Retry, QMessageBox::Retry | QMessageBox::Close);
 }
 
 void ErrorBoxes::Look()

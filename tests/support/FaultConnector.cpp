@@ -4,6 +4,8 @@
 
 #include <QNetworkAccessManager>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 using namespace Data::VenueDatabase;
@@ -12,7 +14,7 @@ namespace {
 
 QList<Venue> OldVenues()
 {
-    return {MakeVenue(-1, QStringLiteral("old")), MakeVenue(-1, QStringLiteral("old"))};
+    return {MakeVenue(-1, u"old"_s), MakeVenue(-1, u"old"_s)};
 }
 
 } // namespace

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 using namespace Data::VenueDatabase;
@@ -21,7 +23,7 @@ using namespace Ui::VenueDatabase;
 FaultDialog::FaultDialog()
     : boxes(QMessageBox::Close)
 {
-    connector.venues = {MakeVenue(c_venueId, QStringLiteral("Complex"))};
+    connector.venues = {MakeVenue(c_venueId, u"Complex"_s)};
     auto* panel = dialog.findChild<VenueDbCentralWidget*>();
     panel->SetConnector(&connector);
     dialog.show();
@@ -62,7 +64,7 @@ QComboBox* FaultDialog::FileBox() const
 
 QLabel* FaultDialog::VersionLabel() const
 {
-    return Opener()->findChild<QLabel*>(QStringLiteral("tsFileVersionLabel"));
+    return Opener()->findChild<QLabel*>(u"tsFileVersionLabel"_s);
 }
 
 QPushButton* FaultDialog::ImportButton() const
@@ -73,27 +75,26 @@ QPushButton* FaultDialog::ImportButton() const
 QString FaultDialog::Painted() const
 {
     const QImage image = Test::Painted(*Slider());
-    for (const QString& text : {QStringLiteral("No Image"), QStringLiteral("Image failure"), QString()}) {
+    for (const QString& text : {u"No Image"_s, u"Image failure"_s, QString()})
         if (image == PaintedText(text))
             return text;
-    }
-    return QStringLiteral("picture");
+    return u"picture"_s;
 }
 
 QString FaultDialog::Complaint() const
 {
     if (!boxes.shown.isEmpty())
-        return QStringLiteral("message box: ") + boxes.shown.first();
+        return u"message box: "_s + boxes.shown.first();
     if (!dialog.isVisible())
-        return QStringLiteral("the dialog has gone");
+        return u"the dialog has gone"_s;
     if (!dialog.GetStatusLabel()->text().isEmpty())
-        return QStringLiteral("status: ") + dialog.GetStatusLabel()->text();
+        return u"status: "_s + dialog.GetStatusLabel()->text();
     if (dialog.findChild<VenueDbCentralWidget*>()->cursor().shape() != Qt::ArrowCursor)
-        return QStringLiteral("the panel still waits");
+        return u"the panel still waits"_s;
     if (!Details()->isVisible() || !Details()->isEnabled())
-        return QStringLiteral("the details cannot be used");
+        return u"the details cannot be used"_s;
     if (connector.longest > 30'500)
-        return QStringLiteral("it took %1 ms").arg(connector.longest);
+        return u"it took %1 ms"_s.arg(connector.longest);
     return {};
 }
 

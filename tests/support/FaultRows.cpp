@@ -140,7 +140,7 @@ FaultRow Demand(int status, const QByteArray& header, const QByteArray& challeng
 /// A redirection to \p url, where the honest answer is, whoever may fetch it.
 FaultRow Redirect(const QByteArray& name, const QByteArray& url, int status = 302)
 {
-    FaultRow row = Harmless("redirect " + name, [](Fault&, const FaultTarget&) {});
+    FaultRow row = Harmless("redirect " + name, [](Fault&, const FaultTarget&) { });
     row.make = [=](ScriptedServer& server, const FaultTarget& target) {
         server.Server().AddHost(u"third.example"_s);
         server.AddFault(Fault::OnPattern(target.request).WithRedirect(url, status).WithMediaType(c_html));
@@ -184,7 +184,7 @@ FaultRow RedirectChain(const QByteArray& name, int hops, FaultRow row)
 /// A fault below HTTP that does no more than to slow the answer down.
 FaultRow Slow(const QByteArray& name, NetworkFault::Kind kind, qint64 value = 0)
 {
-    FaultRow row = Harmless(name, [](Fault&, const FaultTarget&) {});
+    FaultRow row = Harmless(name, [](Fault&, const FaultTarget&) { });
     row.make = [kind, value](ScriptedServer& server, const FaultTarget& target) {
         NetworkFault fault;
         fault.kind = kind;
@@ -273,9 +273,8 @@ QList<FaultRow> ConnectionRows()
     };
     rows.first().isEndlessForQueries = true;
     // 404 is the proxy's word for a host that it does not know.
-    for (const int status : {302, 400, 403, 404, 407, 500, 502, 503, 504}) {
+    for (const int status : {302, 400, 403, 404, 407, 500, 502, 503, 504})
         rows.append(Unreachable("proxy answers " + QByteArray::number(status), Kind::AnswerConnect, status));
-    }
     return rows;
 }
 
@@ -358,19 +357,16 @@ QList<FaultRow> EarlyAnswerRows()
 QList<FaultRow> StatusRows()
 {
     QList<FaultRow> rows;
-    for (const int status : {400, 403, 404, 410, 429, 500, 502, 503}) {
+    for (const int status : {400, 403, 404, 410, 429, 500, 502, 503})
         rows.append(Page(status, c_html, c_page, "HTML"));
-    }
-    for (const int status : {400, 404, 500, 503}) {
+    for (const int status : {400, 404, 500, 503})
         rows.append(Page(status, "application/vnd.api+json", c_errors, "JSON:API errors"));
-    }
     for (const int status : {404, 500, 503}) {
         rows.append(ImagePage(status));
         rows.append(HonestPage(status));
     }
-    for (const int status : {204, 304}) {
+    for (const int status : {204, 304})
         rows.append(Bodiless(status));
-    }
     const QByteArray basic = R"(Basic realm="venues")";
     rows.append(Demand(401, "WWW-Authenticate", basic));
     rows.append(Demand(401, "WWW-Authenticate", R"(Digest realm="venues", nonce="1", qop="auth")"));
@@ -472,10 +468,9 @@ QList<FaultRow> FaultRows()
 QList<FaultRow> EndlessFaultRows()
 {
     QList<FaultRow> rows = EndlessViewerFaultRows();
-    for (const FaultRow& row : ViewerFaultRows()) {
+    for (const FaultRow& row : ViewerFaultRows())
         if (row.isEndlessForQueries)
             rows.append(TimedOut(row));
-    }
     return rows;
 }
 
@@ -508,9 +503,8 @@ FaultRow JustInTimeRow()
 void AddFaultRows(const QList<FaultRow>& rows)
 {
     QTest::addColumn<FaultRow>("fault");
-    for (const FaultRow& row : rows) {
+    for (const FaultRow& row : rows)
         QTest::newRow(row.name.constData()) << row;
-    }
 }
 
 QString FailureMessage(const FaultRow& row, const QString& what, const QString& place)

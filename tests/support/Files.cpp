@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 void WriteFile(const QString& path, const QByteArray& bytes)
@@ -46,7 +48,7 @@ TempFolder::~TempFolder()
 
 QString TempFolder::Path() const
 {
-    return Root() + QStringLiteral("/outer/tmp");
+    return Root() + u"/outer/tmp"_s;
 }
 
 QString TempFolder::FilePath(const QString& name) const

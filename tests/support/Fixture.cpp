@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 QByteArray Fixture(const QString& name)
@@ -29,7 +31,7 @@ QJsonObject JsonObject(const QByteArray& text)
 
 QJsonArray Included(const QByteArray& elements)
 {
-    return JsonObject(R"({"included": [)" + elements + "]}").value(QLatin1String("included")).toArray();
+    return JsonObject(R"({"included": [)" + elements + "]}").value("included"_L1).toArray();
 }
 
 } // namespace korvel::Test

@@ -59,10 +59,9 @@ QImage Noise(const QSize& size)
 {
     QImage image(size, QImage::Format_RGB32);
     QRandomGenerator random(7);
-    for (int y = 0; y < size.height(); ++y) {
+    for (int y = 0; y < size.height(); ++y)
         for (int x = 0; x < size.width(); ++x)
             image.setPixel(x, y, random.generate() | 0xff000000);
-    }
     return image;
 }
 

@@ -62,10 +62,9 @@ public:
 inline QStringList LiteralCountries(const QList<Data::VenueDatabase::Venue>& venues)
 {
     QStringList countries;
-    for (const Data::VenueDatabase::Venue& venue : venues) {
+    for (const Data::VenueDatabase::Venue& venue : venues)
         if (!venue.GetCountry().isNull() && !countries.contains(venue.GetCountry()))
             countries.append(venue.GetCountry());
-    }
     countries.sort(Qt::CaseInsensitive);
     return countries;
 }

@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 QByteArray Png(const QImage& image)
@@ -24,7 +26,7 @@ QByteArray EncodedPicture(const QSize& size, const QColor& color)
 
 QString DataUrl(const QByteArray& data, const QString& mediaType)
 {
-    return QStringLiteral("data:%1;base64,%2").arg(mediaType, QString::fromLatin1(data.toBase64()));
+    return u"data:%1;base64,%2"_s.arg(mediaType, QString::fromLatin1(data.toBase64()));
 }
 
 bool IsNear(const QColor& shown, const QColor& expected, int tolerance)

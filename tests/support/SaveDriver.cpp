@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 SaveDriver::SaveDriver(const QString& path)
@@ -29,7 +31,7 @@ void SaveDriver::Look()
             fileDialog->reject();
             return;
         }
-        fileDialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(m_path);
+        fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(m_path);
         if (beforeSaving)
             beforeSaving();
         // Hidden in QFileDialog, but this is what its button does.

@@ -1,12 +1,14 @@
 #include <tests/support/ScriptedServer.h>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 using Demo::Fault;
 
 ScriptedServer::ScriptedServer()
 {
-    m_server.AddHost(QStringLiteral("second.example"));
+    m_server.AddHost(u"second.example"_s);
     if (!m_server.Start())
         qFatal("The venue server does not start: %s", qPrintable(m_server.ErrorText()));
     m_network = m_server.InstallInApplication();
@@ -74,7 +76,7 @@ void ScriptedServer::HideProxy()
 {
     QNetworkProxy proxy = m_server.Proxy();
     // No name has a part of more than 63 characters: that it is unknown is found out without asking anybody.
-    proxy.setHostName(QString(64, QLatin1Char('x')) + QStringLiteral(".example"));
+    proxy.setHostName(QString(64, QLatin1Char('x')) + u".example"_s);
     QNetworkProxy::setApplicationProxy(proxy);
     m_isProxyHidden = true;
 }

@@ -6,11 +6,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 void FailOnUnexpectedWarnings()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
 }
 
 void ExpectWarnings(const QStringList& warnings)

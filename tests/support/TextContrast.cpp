@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 namespace {
@@ -73,7 +75,7 @@ void TextCollector::AddPlace(QWidget* widget, const QRect& rect, const QString& 
     const QString style = widget->property("customStyle").toString();
     const QString name
         = kind.isEmpty() ? QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + style : kind;
-    places.append({QStringLiteral("%1 \"%2\"").arg(name, text), widget->window(),
+    places.append({u"%1 \"%2\""_s.arg(name, text), widget->window(),
                    seen.translated(widget->mapTo(widget->window(), QPoint())), IsLarge(widget)});
 }
 
@@ -85,8 +87,7 @@ void TextCollector::AddHeader(QHeaderView* header)
                          header->height() - 6);
         if (!header->isSectionHidden(section))
             AddPlace(header->viewport(), rect,
-                     header->model()->headerData(section, Qt::Horizontal).toString(),
-                     QStringLiteral("header"));
+                     header->model()->headerData(section, Qt::Horizontal).toString(), u"header"_s);
     }
 }
 
@@ -100,18 +101,17 @@ void TextCollector::AddItems(QAbstractItemView* view)
             const QModelIndex index = model->index(row, column, root);
             const int left = index.data(Qt::DecorationRole).isValid() ? view->iconSize().width() + 24 : 6;
             AddPlace(view->viewport(), view->visualRect(index).adjusted(left, 2, -6, -3),
-                     index.data().toString(), QStringLiteral("row"));
+                     index.data().toString(), u"row"_s);
         }
     }
 }
 
 void TextCollector::AddMenu(QMenu* menu)
 {
-    for (const QAction* action : menu->actions()) {
+    for (const QAction* action : menu->actions())
         if (action->isEnabled())
             AddPlace(menu, menu->actionGeometry(const_cast<QAction*>(action)).adjusted(10, 3, -16, -3),
-                     action->text(), QStringLiteral("entry"));
-    }
+                     action->text(), u"entry"_s);
 }
 
 void TextCollector::AddTextEdit(QTextEdit* edit)
@@ -128,23 +128,22 @@ void TextCollector::Add(QWidget* widget)
 {
     if (!widget->isVisible() || !widget->isEnabled())
         return;
-    if (auto* label = qobject_cast<QLabel*>(widget)) {
+    if (auto* label = qobject_cast<QLabel*>(widget))
         AddPlace(label, label->contentsRect(), label->text());
-    } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+    else if (auto* button = qobject_cast<QAbstractButton*>(widget))
         AddPlace(button, button->rect().adjusted(4, 3, -4, -3), button->text());
-    } else if (auto* lineEdit = qobject_cast<QLineEdit*>(widget)) {
+    else if (auto* lineEdit = qobject_cast<QLineEdit*>(widget))
         AddPlace(lineEdit, LineIn(lineEdit, lineEdit->text()), lineEdit->text());
-    } else if (auto* comboBox = qobject_cast<QComboBox*>(widget)) {
+    else if (auto* comboBox = qobject_cast<QComboBox*>(widget))
         AddPlace(comboBox, LineIn(comboBox, comboBox->currentText()), comboBox->currentText());
-    } else if (auto* textEdit = qobject_cast<QTextEdit*>(widget)) {
+    else if (auto* textEdit = qobject_cast<QTextEdit*>(widget))
         AddTextEdit(textEdit);
-    } else if (auto* header = qobject_cast<QHeaderView*>(widget)) {
+    else if (auto* header = qobject_cast<QHeaderView*>(widget))
         AddHeader(header);
-    } else if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
+    else if (auto* view = qobject_cast<QAbstractItemView*>(widget))
         AddItems(view);
-    } else if (auto* menu = qobject_cast<QMenu*>(widget)) {
+    else if (auto* menu = qobject_cast<QMenu*>(widget))
         AddMenu(menu);
-    }
 }
 
 } // namespace
@@ -160,10 +159,9 @@ QList<TextPlace> VisibleTexts(QWidget* root)
 {
     TextCollector collector;
     collector.Add(root);
-    for (QWidget* widget : root->findChildren<QWidget*>()) {
+    for (QWidget* widget : root->findChildren<QWidget*>())
         if (widget->window() == root->window())
             collector.Add(widget);
-    }
     return collector.places;
 }
 
@@ -190,10 +188,9 @@ double DrawnContrast(const TextPlace& place)
     // What occurs a few times only is a rounded edge.
     constexpr int c_fewPixels = 8;
     double strongest = 1;
-    for (auto colour = pixels.cbegin(); colour != pixels.cend(); ++colour) {
+    for (auto colour = pixels.cbegin(); colour != pixels.cend(); ++colour)
         if (colour.value() >= c_fewPixels)
             strongest = std::max(strongest, Contrast(QColor(ground), QColor(colour.key())));
-    }
     return strongest;
 }
 

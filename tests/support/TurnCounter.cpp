@@ -70,10 +70,9 @@ void TurnCounter::OnTurn()
     if (!m_isCounting)
         return;
     ++m_turns;
-    for (const auto& [turn, action] : std::as_const(m_actions)) {
+    for (const auto& [turn, action] : std::as_const(m_actions))
         if (turn == m_turns)
             QCoreApplication::postEvent(this, new QEvent(c_turnEvent), Qt::HighEventPriority);
-    }
 }
 
 void TurnCounter::OnAboutToBlock()
@@ -86,7 +85,7 @@ void TurnCounter::OnAboutToBlock()
     }
     if (++m_restingTurns < c_restingTurns) {
         // Another turn.
-        QTimer::singleShot(0, this, []() {});
+        QTimer::singleShot(0, this, []() { });
         return;
     }
     m_restingTurns = 0;

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 namespace {
@@ -19,17 +21,17 @@ QString Severity(QtMsgType type)
 {
     switch (type) {
     case QtDebugMsg:
-        return QStringLiteral("debug: ");
+        return u"debug: "_s;
     case QtInfoMsg:
-        return QStringLiteral("info: ");
+        return u"info: "_s;
     case QtWarningMsg:
-        return QStringLiteral("warning: ");
+        return u"warning: "_s;
     case QtCriticalMsg:
         return {};
     case QtFatalMsg:
         break;
     }
-    return QStringLiteral("fatal: ");
+    return u"fatal: "_s;
 }
 
 void Collect(QtMsgType type, const QMessageLogContext& context, const QString& message)

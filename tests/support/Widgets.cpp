@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Test {
 
 using namespace Data::VenueDatabase;
@@ -156,7 +158,7 @@ QImage PaintedText(const QString& text)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QColor(128, 128, 128));
-    painter.setFont(QFont(QStringLiteral("Verdana"), 40));
+    painter.setFont(QFont(u"Verdana"_s, 40));
     painter.drawText(QRect(0, 0, 800, 300), Qt::AlignCenter, text);
     return image;
 }

@@ -14,6 +14,8 @@
 #include <QSet>
 #include <QTextEdit>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -27,19 +29,15 @@ qsizetype ColoursOfPicture(const TourContext& context)
 {
     QSet<QRgb> colours;
     const QImage image = context.Details()->findChild<PictureSlider*>()->grab().toImage();
-    for (int y = 30; y < 200; y += 3) {
+    for (int y = 30; y < 200; y += 3)
         for (int x = 60; x < 440; x += 3)
             colours.insert(image.pixel(x, y));
-    }
     return colours.size();
 }
 
 QString Caption(const VenueRecord& venue, qsizetype index)
 {
-    return QStringLiteral("%1/%2 %3")
-        .arg(index + 1)
-        .arg(venue.pictures.size())
-        .arg(venue.pictures.at(index).alt);
+    return u"%1/%2 %3"_s.arg(index + 1).arg(venue.pictures.size()).arg(venue.pictures.at(index).alt);
 }
 
 QString SelectedVenue(TourContext& context)
@@ -53,21 +51,20 @@ QString SelectedVenue(TourContext& context)
     const auto text = [details](const char* label, int which = 0) {
         return Hands::FieldBeside<QTextEdit>(details, Texts::FieldLabel(label), which)->toPlainText();
     };
-    RequireEqual(line("Complex name"), venue.title, QStringLiteral("complex name"));
-    RequireEqual(text("General comment"), venue.generalComment, QStringLiteral("general comment"));
-    RequireEqual(text("Location comment"), venue.comment, QStringLiteral("location comment"));
-    RequireEqual(line("Clearance of house grid (m)"), venue.clearance, QStringLiteral("clearance"));
+    RequireEqual(line("Complex name"), venue.title, u"complex name"_s);
+    RequireEqual(text("General comment"), venue.generalComment, u"general comment"_s);
+    RequireEqual(text("Location comment"), venue.comment, u"location comment"_s);
+    RequireEqual(line("Clearance of house grid (m)"), venue.clearance, u"clearance"_s);
     const QString address = text("Address");
     Require(address.startsWith(venue.addressLine1 + QLatin1Char('\n')) && address.contains(venue.locality)
                 && !address.contains(QLatin1Char('<')),
-            QStringLiteral("the address stands in lines: ") + address);
-    RequireEqual(context.PictureCaption(), Caption(venue, 0), QStringLiteral("caption"));
-    Require(ColoursOfPicture(context) > 60, QStringLiteral("the picture is drawn"));
+            u"the address stands in lines: "_s + address);
+    RequireEqual(context.PictureCaption(), Caption(venue, 0), u"caption"_s);
+    Require(ColoursOfPicture(context) > 60, u"the picture is drawn"_s);
     const auto* files
         = Hands::FieldBeside<QComboBox>(details, Texts::OfModule("TsFileOpener", "File selector: "));
-    RequireEqual(files->currentText(), venue.modelFiles.constFirst().name, QStringLiteral("model file"));
-    return QStringLiteral("%1 with %2 pictures and %3 model file")
-        .arg(venue.title)
+    RequireEqual(files->currentText(), venue.modelFiles.constFirst().name, u"model file"_s);
+    return u"%1 with %2 pictures and %3 model file"_s.arg(venue.title)
         .arg(venue.pictures.size())
         .arg(venue.modelFiles.size());
 }
@@ -75,11 +72,10 @@ QString SelectedVenue(TourContext& context)
 /// The fold icon is the one label of the panel that shows a picture.
 QLabel* FoldIcon(const QWidget* details)
 {
-    for (QLabel* label : details->findChildren<QLabel*>()) {
+    for (QLabel* label : details->findChildren<QLabel*>())
         if (!label->pixmap().isNull())
             return label;
-    }
-    throw TourFailure{QStringLiteral("there is no fold icon")};
+    throw TourFailure{u"there is no fold icon"_s};
 }
 
 QString CollapsedPanel(TourContext& context)
@@ -89,13 +85,13 @@ QString CollapsedPanel(TourContext& context)
     QLabel* icon = FoldIcon(details);
     const QImage open = icon->pixmap().toImage();
     Hands::Click(icon);
-    Require(!body->isVisible() && details->isVisible(), QStringLiteral("only the caption bar is left"));
-    Require(icon->pixmap().toImage() != open, QStringLiteral("the icon shows the closed state"));
+    Require(!body->isVisible() && details->isVisible(), u"only the caption bar is left"_s);
+    Require(icon->pixmap().toImage() != open, u"the icon shows the closed state"_s);
     Hands::Settle();
     context.takePicture();
     Hands::Click(icon);
-    Require(body->isVisible(), QStringLiteral("the details are back"));
-    return QStringLiteral("collapsed to the caption bar and back");
+    Require(body->isVisible(), u"the details are back"_s);
+    return u"collapsed to the caption bar and back"_s;
 }
 
 QString PictureSteps(TourContext& context)
@@ -111,17 +107,16 @@ QString PictureSteps(TourContext& context)
     };
     const QImage first = slider->grab().toImage();
     step(true);
-    RequireEqual(context.PictureCaption(), Caption(venue, 1), QStringLiteral("caption"));
-    Require(slider->grab().toImage() != first, QStringLiteral("another picture is shown"));
+    RequireEqual(context.PictureCaption(), Caption(venue, 1), u"caption"_s);
+    Require(slider->grab().toImage() != first, u"another picture is shown"_s);
     step(false);
     step(false);
-    RequireEqual(context.PictureCaption(), Caption(venue, venue.pictures.size() - 1),
-                 QStringLiteral("caption"));
+    RequireEqual(context.PictureCaption(), Caption(venue, venue.pictures.size() - 1), u"caption"_s);
     Hands::Settle();
     context.takePicture();
     step(true);
-    RequireEqual(context.PictureCaption(), Caption(venue, 0), QStringLiteral("caption"));
-    return QStringLiteral("forward, back, and round from the first to the last");
+    RequireEqual(context.PictureCaption(), Caption(venue, 0), u"caption"_s);
+    return u"forward, back, and round from the first to the last"_s;
 }
 
 } // namespace

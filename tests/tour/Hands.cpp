@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 void Require(bool isSo, const QString& what)
@@ -23,7 +25,7 @@ namespace Hands {
 
 void WaitUntil(const std::function<bool()>& isSo, const QString& what, int milliseconds)
 {
-    Require(QTest::qWaitFor(isSo, milliseconds), QStringLiteral("waited in vain: ") + what);
+    Require(QTest::qWaitFor(isSo, milliseconds), u"waited in vain: "_s + what);
 }
 
 void Settle()
@@ -34,11 +36,10 @@ void Settle()
 
 QPushButton* Button(const QWidget* root, const QString& text)
 {
-    for (QPushButton* button : root->findChildren<QPushButton*>()) {
+    for (QPushButton* button : root->findChildren<QPushButton*>())
         if (button->isVisible() && button->text().remove(QLatin1Char('&')) == text)
             return button;
-    }
-    throw TourFailure{QStringLiteral("there is no button \"%1\"").arg(text)};
+    throw TourFailure{u"there is no button \"%1\""_s.arg(text)};
 }
 
 QWidget* FindFieldBeside(const QWidget* root, const QString& text, int which,
@@ -67,7 +68,7 @@ QWidget* FindFieldBeside(const QWidget* root, const QString& text, int which,
         if (QWidget* field = nearestTo(place(label)))
             fields.insert(place(label).top(), field);
     }
-    Require(which < fields.size(), QStringLiteral("there is no field beside \"%1\"").arg(text));
+    Require(which < fields.size(), u"there is no field beside \"%1\""_s.arg(text));
     return fields.values().at(which);
 }
 
@@ -82,7 +83,7 @@ void Click(QWidget* widget, QPoint position)
     const QPoint place = widget->mapTo(window, position);
     const QWidget* top = window->childAt(place);
     Require(widget->isEnabled() && (top == widget || widget->isAncestorOf(top) || widget == window),
-            QStringLiteral("%1 cannot be clicked").arg(QLatin1String(widget->metaObject()->className())));
+            u"%1 cannot be clicked"_s.arg(QLatin1String(widget->metaObject()->className())));
     // A second click at once would be a double click, which means nothing to most widgets.
     static QElapsedTimer sinceLastClick;
     if (sinceLastClick.isValid() && !sinceLastClick.hasExpired(QApplication::doubleClickInterval() + 50))
@@ -99,11 +100,10 @@ QWidget* KeyTarget()
 {
     if (QWidget* popup = QApplication::activePopupWidget())
         return popup->focusWidget() ? popup->focusWidget() : popup;
-    for (QWidget* widget : {QApplication::focusWidget(), QApplication::activeWindow()}) {
+    for (QWidget* widget : {QApplication::focusWidget(), QApplication::activeWindow()})
         if (widget)
             return widget;
-    }
-    throw TourFailure{QStringLiteral("no window has the keyboard")};
+    throw TourFailure{u"no window has the keyboard"_s};
 }
 
 } // namespace
@@ -122,8 +122,7 @@ void Type(const QString& text)
 void Choose(QComboBox* chooser, const std::function<void()>& keys)
 {
     Click(chooser);
-    WaitUntil([] { return QApplication::activePopupWidget() != nullptr; },
-              QStringLiteral("the list drops down"));
+    WaitUntil([] { return QApplication::activePopupWidget() != nullptr; }, u"the list drops down"_s);
     keys();
     Press(Qt::Key_Return);
     // The mouse of this tour is none that could be seen leaving while the list is open.
@@ -134,7 +133,7 @@ void Choose(QComboBox* chooser, const std::function<void()>& keys)
 void Fill(QWidget* field, const QString& text)
 {
     Click(field);
-    WaitUntil([field] { return field->hasFocus(); }, QStringLiteral("the field has the focus"));
+    WaitUntil([field] { return field->hasFocus(); }, u"the field has the focus"_s);
     Press(Qt::Key_A, Qt::ControlModifier);
     Press(Qt::Key_Delete);
     Type(text);
@@ -154,7 +153,7 @@ void AnswerModal(const std::function<void()>& action, const std::function<bool(Q
         // No exception may cross Qt's event handling: it waits here until the action has returned.
         try {
             Settle();
-            Require(answer(dialog), QStringLiteral("a dialog of another kind appeared"));
+            Require(answer(dialog), u"a dialog of another kind appeared"_s);
         } catch (const TourFailure&) {
             failure = std::current_exception();
             if (dialog)
@@ -164,7 +163,7 @@ void AnswerModal(const std::function<void()>& action, const std::function<bool(Q
     });
     poll.start(50);
     action();
-    WaitUntil([&] { return isAnswered; }, QStringLiteral("a dialog appears"));
+    WaitUntil([&] { return isAnswered; }, u"a dialog appears"_s);
     if (failure)
         std::rethrow_exception(failure);
 }

@@ -16,6 +16,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -45,19 +47,18 @@ void ChooseFile(const TourContext& context, int index)
         for (int i = 0; i < index; ++i)
             Hands::Press(Qt::Key_Down);
     });
-    RequireEqual(files->currentIndex(), index, QStringLiteral("chosen file"));
+    RequireEqual(files->currentIndex(), index, u"chosen file"_s);
 }
 
 /// Whether the plan shows a stage: a good number of its pixels have the stage's colour.
 bool PlanShowsAStage(const TourContext& context)
 {
-    const QRgb stage = Theme(context.dayMode).Colour(QStringLiteral("plan-stage")).rgb();
+    const QRgb stage = Theme(context.dayMode).Colour(u"plan-stage"_s).rgb();
     const QImage image = context.window->findChild<PlanView*>()->grab().toImage();
     int pixels = 0;
-    for (int y = 80; y < image.height() - 60; ++y) {
+    for (int y = 80; y < image.height() - 60; ++y)
         for (int x = 0; x < image.width(); ++x)
             pixels += image.pixel(x, y) == stage ? 1 : 0;
-    }
     return pixels > 500;
 }
 
@@ -65,37 +66,35 @@ void CloseDialog(const TourContext& context)
 {
     auto* dialog = context.Dialog();
     Hands::Click(Hands::Button(dialog, Texts::OfModule("VenueDbDialogBase", "Close")));
-    Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, QStringLiteral("\"Close\" closes"));
+    Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, u"\"Close\" closes"_s);
 }
 
 void ReopenDialog(const TourContext& context)
 {
     context.window->activateWindow();
-    Hands::WaitUntil([&] { return context.window->isActiveWindow(); },
-                     QStringLiteral("the main window is active"));
+    Hands::WaitUntil([&] { return context.window->isActiveWindow(); }, u"the main window is active"_s);
     Hands::Press(Qt::Key_D, Qt::ControlModifier);
     const auto* dialog = context.Dialog();
-    Hands::WaitUntil([dialog] { return dialog->isActiveWindow(); }, QStringLiteral("Ctrl+D opens again"));
+    Hands::WaitUntil([dialog] { return dialog->isActiveWindow(); }, u"Ctrl+D opens again"_s);
     // On a small screen the host maximises it, which the window manager does a little later.
     if (dialog->isMaximized())
         Hands::WaitUntil(
             [dialog] { return dialog->width() >= dialog->screen()->availableGeometry().width(); },
-            QStringLiteral("the dialog fills the screen"));
+            u"the dialog fills the screen"_s);
 }
 
 QString Import(TourContext& context)
 {
     Hands::Click(ImportButton(context));
-    Require(ImportButton(context)->isEnabled(), QStringLiteral("the next import is possible"));
+    Require(ImportButton(context)->isEnabled(), u"the next import is possible"_s);
     const QString title = context.window->windowTitle();
-    Require(title.contains(QStringLiteral("Palais Garnier")),
-            QStringLiteral("the plan is named after the hall: ") + title);
-    Require(PlanShowsAStage(context), QStringLiteral("the plan shows the stage"));
+    Require(title.contains(u"Palais Garnier"_s), u"the plan is named after the hall: "_s + title);
+    Require(PlanShowsAStage(context), u"the plan shows the stage"_s);
     CloseDialog(context);
     Hands::Settle();
     context.takePicture();
     ReopenDialog(context);
-    return QStringLiteral("the plan shows %1").arg(title.section(QStringLiteral("– "), 1));
+    return u"the plan shows %1"_s.arg(title.section(u"– "_s, 1));
 }
 
 QString ChosenModel(TourContext& context)
@@ -108,16 +107,15 @@ QString ChosenModel(TourContext& context)
     QStringList offered;
     for (int i = 0; i < FileChooser(context)->count(); ++i)
         offered.append(FileChooser(context)->itemText(i));
-    RequireEqual(offered, names, QStringLiteral("model files"));
+    RequireEqual(offered, names, u"model files"_s);
     ChooseFile(context, int(names.size()) - 1);
     Hands::Click(ImportButton(context));
-    Require(context.window->windowTitle().contains(venue.title),
-            QStringLiteral("the plan is of ") + venue.title);
+    Require(context.window->windowTitle().contains(venue.title), u"the plan is of "_s + venue.title);
     CloseDialog(context);
     Hands::Settle();
     context.takePicture();
     ReopenDialog(context);
-    return QStringLiteral("%1, the last of %2 files").arg(names.constLast()).arg(names.size());
+    return u"%1, the last of %2 files"_s.arg(names.constLast()).arg(names.size());
 }
 
 QString BrokenModel(TourContext& context)
@@ -125,9 +123,9 @@ QString BrokenModel(TourContext& context)
     context.SelectVenue(c_withBrokenModel);
     const QList<ModelFileRecord>& files = context.Venue(c_withBrokenModel).modelFiles;
     const auto draft = std::find_if(files.begin(), files.end(), [](const ModelFileRecord& file) {
-        return file.file.contains(QStringLiteral("draft"));
+        return file.file.contains(u"draft"_s);
     });
-    Require(draft != files.end(), QStringLiteral("the catalogue has a broken model"));
+    Require(draft != files.end(), u"the catalogue has a broken model"_s);
     ChooseFile(context, int(draft - files.begin()));
     const QString plan = context.window->windowTitle();
     QString said;
@@ -138,15 +136,14 @@ QString BrokenModel(TourContext& context)
             RequireEqual(box->text(),
                          Texts::OfHost("VenueDatabaseEmbedding",
                                        "This model file cannot be read, so the plan stays as it is."),
-                         QStringLiteral("text of the box"));
-            Require(!said.isEmpty(), QStringLiteral("the box says what is wrong"));
-            Require(!ImportButton(context)->isEnabled(),
-                    QStringLiteral("no import as long as the box is open"));
+                         u"text of the box"_s);
+            Require(!said.isEmpty(), u"the box says what is wrong"_s);
+            Require(!ImportButton(context)->isEnabled(), u"no import as long as the box is open"_s);
             context.takePicture();
             Hands::Click(box->button(QMessageBox::Ok));
         });
-    RequireEqual(context.window->windowTitle(), plan, QStringLiteral("the plan stays"));
-    Require(ImportButton(context)->isEnabled(), QStringLiteral("another import is possible"));
+    RequireEqual(context.window->windowTitle(), plan, u"the plan stays"_s);
+    Require(ImportButton(context)->isEnabled(), u"another import is possible"_s);
     return said;
 }
 

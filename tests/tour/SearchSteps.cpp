@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -27,7 +29,7 @@ void RequireListed(const TourContext& context, QList<qint64> expected, const QSt
     QList<qint64> listed = context.ListedIds();
     std::sort(listed.begin(), listed.end());
     std::sort(expected.begin(), expected.end());
-    Require(!expected.isEmpty(), QStringLiteral("the catalogue has something to find"));
+    Require(!expected.isEmpty(), u"the catalogue has something to find"_s);
     RequireEqual(listed, expected, what);
 }
 
@@ -51,18 +53,18 @@ QString EmptyPlan(TourContext& context)
     // The window started in the other theme, so this one comes as it does for users: by a key, at run time.
     Hands::Press(Qt::Key_B, Qt::ControlModifier);
     const auto* plan = context.window->findChild<PlanView*>();
-    Require(!plan->HasVenue(), QStringLiteral("the plan is empty"));
-    const QColor paper = Theme(context.dayMode).Colour(QStringLiteral("plan-paper"));
+    Require(!plan->HasVenue(), u"the plan is empty"_s);
+    const QColor paper = Theme(context.dayMode).Colour(u"plan-paper"_s);
     QWidget* view = context.window->findChild<PlanView*>();
     const QImage image = view->grab().toImage();
     Require(image.pixelColor(3, 3) == paper || image.pixelColor(7, 5) == paper,
-            QStringLiteral("the plan has the theme's paper"));
-    return QStringLiteral("Ctrl+B changed the theme, the plan says how to begin");
+            u"the plan has the theme's paper"_s);
+    return u"Ctrl+B changed the theme, the plan says how to begin"_s;
 }
 
 QString AllVenues(TourContext& context)
 {
-    auto* button = context.window->findChild<QToolButton*>(QStringLiteral("venueDatabaseButton"));
+    auto* button = context.window->findChild<QToolButton*>(u"venueDatabaseButton"_s);
     Hands::Click(button);
     auto* dialog = context.Dialog();
     const auto everything = context.CatalogueIds([](const VenueRecord&) { return true; });
@@ -71,30 +73,28 @@ QString AllVenues(TourContext& context)
             return context.ListedIds().size() == everything.size() && CountryChooser(context)->isEnabled()
                 && dialog->GetStatusLabel()->text().isEmpty();
         },
-        QStringLiteral("the first search ends"));
-    RequireListed(context, everything, QStringLiteral("listed"));
+        u"the first search ends"_s);
+    RequireListed(context, everything, u"listed"_s);
     if (dialog->screen()->availableGeometry().height() > 800)
-        RequireEqual(dialog->size(), QSize(1062, 768), QStringLiteral("size of the dialog"));
+        RequireEqual(dialog->size(), QSize(1062, 768), u"size of the dialog"_s);
     else
-        Require(dialog->isMaximized(), QStringLiteral("the dialog is maximised on a small screen"));
+        Require(dialog->isMaximized(), u"the dialog is maximised on a small screen"_s);
     const QStringList names = ColumnTexts(context, 1);
     for (const VenueRecord& venue : context.catalogue->Venues())
-        Require(names.contains(venue.title), venue.title + QStringLiteral(" is listed"));
-    return QStringLiteral("%1 venues, the whole catalogue").arg(everything.size());
+        Require(names.contains(venue.title), venue.title + u" is listed"_s);
+    return u"%1 venues, the whole catalogue"_s.arg(everything.size());
 }
 
 QString FilteredSearch(TourContext& context)
 {
-    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), Texts::FieldLabel("City")),
-                QStringLiteral("paris"));
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), Texts::FieldLabel("City")), u"paris"_s);
     Hands::Press(Qt::Key_Return);
-    const auto inParis = context.CatalogueIds([](const VenueRecord& venue) {
-        return venue.locality.contains(QStringLiteral("paris"), Qt::CaseInsensitive);
-    });
-    RequireListed(context, inParis, QStringLiteral("listed"));
+    const auto inParis = context.CatalogueIds(
+        [](const VenueRecord& venue) { return venue.locality.contains(u"paris"_s, Qt::CaseInsensitive); });
+    RequireListed(context, inParis, u"listed"_s);
     for (const QString& city : ColumnTexts(context, 3))
-        RequireEqual(city, QStringLiteral("Paris"), QStringLiteral("city"));
-    return QStringLiteral("%1 venues, all in Paris").arg(inParis.size());
+        RequireEqual(city, u"Paris"_s, u"city"_s);
+    return u"%1 venues, all in Paris"_s.arg(inParis.size());
 }
 
 QString CountrySearch(TourContext& context)
@@ -104,23 +104,22 @@ QString CountrySearch(TourContext& context)
     QStringList countries;
     for (int item = 0; item < chooser->count(); ++item)
         countries.append(chooser->itemText(item));
-    RequireEqual(countries.value(0), QStringLiteral("--"), QStringLiteral("first entry"));
-    const auto inJapan = context.CatalogueIds(
-        [](const VenueRecord& venue) { return venue.countryCode == QStringLiteral("JP"); });
+    RequireEqual(countries.value(0), u"--"_s, u"first entry"_s);
+    const auto inJapan
+        = context.CatalogueIds([](const VenueRecord& venue) { return venue.countryCode == u"JP"_s; });
 
     Hands::Choose(chooser, [&] {
-        Hands::Type(QStringLiteral("jap"));
+        Hands::Type(u"jap"_s);
         Hands::Settle();
         context.takePicture();
     });
-    RequireEqual(chooser->currentText(), QStringLiteral("Japan"), QStringLiteral("chosen"));
+    RequireEqual(chooser->currentText(), u"Japan"_s, u"chosen"_s);
     context.ClickSearch();
-    RequireListed(context, inJapan, QStringLiteral("listed"));
+    RequireListed(context, inJapan, u"listed"_s);
     for (const QString& country : ColumnTexts(context, 4))
-        RequireEqual(country, QStringLiteral("Japan"), QStringLiteral("country"));
-    RequireEqual(chooser->currentText(), QStringLiteral("Japan"), QStringLiteral("still chosen"));
-    return QStringLiteral("%1 of %2 countries chosen, %3 venues")
-        .arg(chooser->currentText())
+        RequireEqual(country, u"Japan"_s, u"country"_s);
+    RequireEqual(chooser->currentText(), u"Japan"_s, u"still chosen"_s);
+    return u"%1 of %2 countries chosen, %3 venues"_s.arg(chooser->currentText())
         .arg(countries.size() - 1)
         .arg(inJapan.size());
 }
@@ -137,9 +136,8 @@ void RequireNewestFirst(const TourContext& context, bool isReversed)
     if (isReversed)
         std::reverse(dates.begin(), dates.end());
     for (qsizetype row = 1; row < dates.size(); ++row)
-        Require(dates[row] <= dates[row - 1],
-                QStringLiteral("%1 stands below %2").arg(dates[row], dates[row - 1]));
-    Require(dates.constFirst() > dates.at(dates.size() / 2), QStringLiteral("the dates differ"));
+        Require(dates[row] <= dates[row - 1], u"%1 stands below %2"_s.arg(dates[row], dates[row - 1]));
+    Require(dates.constFirst() > dates.at(dates.size() / 2), u"the dates differ"_s);
 }
 
 QString DateSort(TourContext& context)
@@ -158,7 +156,7 @@ QString DateSort(TourContext& context)
     context.takePicture();
     clickDates();
     RequireNewestFirst(context, true);
-    return QStringLiteral("latest first, %1 on top, and the other way round").arg(newest);
+    return u"latest first, %1 on top, and the other way round"_s.arg(newest);
 }
 
 } // namespace

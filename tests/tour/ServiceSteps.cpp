@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -33,57 +35,54 @@ QString VenueWithoutPictures(TourContext& context)
     const auto candidates = context.CatalogueIds([](const VenueRecord& venue) {
         return venue.pictures.isEmpty() && venue.modelFiles.isEmpty() && !venue.locality.isEmpty();
     });
-    Require(!candidates.isEmpty(), QStringLiteral("the catalogue has a venue without pictures"));
+    Require(!candidates.isEmpty(), u"the catalogue has a venue without pictures"_s);
     context.SelectVenue(candidates.constFirst());
-    RequireEqual(context.PictureCaption(), QStringLiteral("-/0"), QStringLiteral("caption"));
+    RequireEqual(context.PictureCaption(), u"-/0"_s, u"caption"_s);
     for (const auto* button : context.Details()->findChildren<PictureNavigationButton*>())
-        Require(!button->isVisible(), QStringLiteral("there is nothing to step through"));
-    Require(!Hands::Button(context.Details(), ImportText())->isEnabled(),
-            QStringLiteral("there is nothing to import"));
-    return context.Venue(candidates.constFirst()).title + QStringLiteral(": no pictures, no model files");
+        Require(!button->isVisible(), u"there is nothing to step through"_s);
+    Require(!Hands::Button(context.Details(), ImportText())->isEnabled(), u"there is nothing to import"_s);
+    return context.Venue(candidates.constFirst()).title + u": no pictures, no model files"_s;
 }
 
 QString ServerDownAndRetry(TourContext& context)
 {
-    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), Texts::FieldLabel("City")),
-                QStringLiteral("london"));
+    Hands::Fill(Hands::FieldBeside<QLineEdit>(context.Dialog(), Texts::FieldLabel("City")), u"london"_s);
     context.server.Stop();
     Hands::Answer<QMessageBox>(
         [&] { context.ClickSearch(); },
         [&](QMessageBox* box) {
             const char* panel = "VenueDbCentralWidget";
-            RequireEqual(box->windowTitle(), Texts::OfModule(panel, "Error"), QStringLiteral("title"));
+            RequireEqual(box->windowTitle(), Texts::OfModule(panel, "Error"), u"title"_s);
             RequireEqual(box->text(),
                          Texts::OfModule(panel,
                                          "Unable to connect to server. \nPlease check your internet "
                                          "connection."),
-                         QStringLiteral("text of the box"));
+                         u"text of the box"_s);
             context.takePicture();
             Require(context.server.Start(), context.server.ErrorText());
             Hands::Click(box->button(QMessageBox::Retry));
         });
-    const auto inLondon = context.CatalogueIds([](const VenueRecord& venue) {
-        return venue.locality.contains(QStringLiteral("london"), Qt::CaseInsensitive);
-    });
+    const auto inLondon = context.CatalogueIds(
+        [](const VenueRecord& venue) { return venue.locality.contains(u"london"_s, Qt::CaseInsensitive); });
     Hands::WaitUntil([&] { return context.ListedIds().size() == inLondon.size(); },
-                     QStringLiteral("the retried search ends"));
-    return QStringLiteral("error box; Retry finds %1 venues in London").arg(inLondon.size());
+                     u"the retried search ends"_s);
+    return u"error box; Retry finds %1 venues in London"_s.arg(inLondon.size());
 }
 
 QString Help(TourContext& context)
 {
     Hands::Press(Qt::Key_F1);
     auto* help = context.window->findChild<HelpWindow*>();
-    Require(help && help->isVisible(), QStringLiteral("F1 opens the help"));
-    Hands::WaitUntil([help] { return help->isActiveWindow(); }, QStringLiteral("the help is in front"));
+    Require(help && help->isVisible(), u"F1 opens the help"_s);
+    Hands::WaitUntil([help] { return help->isActiveWindow(); }, u"the help is in front"_s);
     Require(help->findChild<QTextBrowser*>()->toPlainText().contains(ImportText()),
-            QStringLiteral("the help explains the import"));
+            u"the help explains the import"_s);
     Hands::Settle();
     context.takePicture();
     Hands::Click(help->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close));
     Hands::WaitUntil([&] { return !help->isVisible() && context.Dialog()->isActiveWindow(); },
-                     QStringLiteral("the venue database has the keyboard again"));
-    return QStringLiteral("F1 in the venue database");
+                     u"the venue database has the keyboard again"_s);
+    return u"F1 in the venue database"_s;
 }
 
 QString ReopenedWithResults(TourContext& context)
@@ -91,18 +90,16 @@ QString ReopenedWithResults(TourContext& context)
     const auto listed = context.ListedIds();
     auto* dialog = context.Dialog();
     Hands::Press(Qt::Key_Escape);
-    Hands::WaitUntil([dialog] { return !dialog->isVisible(); },
-                     QStringLiteral("Escape closes the venue database"));
+    Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, u"Escape closes the venue database"_s);
     context.window->activateWindow();
-    Hands::WaitUntil([&] { return context.window->isActiveWindow(); },
-                     QStringLiteral("the main window is active"));
+    Hands::WaitUntil([&] { return context.window->isActiveWindow(); }, u"the main window is active"_s);
     const qsizetype requests = context.server.Log().RequestCount();
     Hands::Press(Qt::Key_D, Qt::ControlModifier);
-    Hands::WaitUntil([dialog] { return dialog->isActiveWindow(); }, QStringLiteral("Ctrl+D opens it again"));
+    Hands::WaitUntil([dialog] { return dialog->isActiveWindow(); }, u"Ctrl+D opens it again"_s);
     Hands::Settle();
-    RequireEqual(context.ListedIds(), listed, QStringLiteral("listed"));
-    RequireEqual(context.server.Log().RequestCount(), requests, QStringLiteral("requests"));
-    return QStringLiteral("the same %1 venues without another request").arg(listed.size());
+    RequireEqual(context.ListedIds(), listed, u"listed"_s);
+    RequireEqual(context.server.Log().RequestCount(), requests, u"requests"_s);
+    return u"the same %1 venues without another request"_s.arg(listed.size());
 }
 
 QString OtherTheme(TourContext& context)
@@ -112,16 +109,16 @@ QString OtherTheme(TourContext& context)
             .constFirst());
     const auto isInTheme = [&context](bool dayMode) {
         const QImage image = context.Dialog()->grab().toImage();
-        return image.pixelColor(image.width() / 2, 3) == Theme(dayMode).Colour(QStringLiteral("window"));
+        return image.pixelColor(image.width() / 2, 3) == Theme(dayMode).Colour(u"window"_s);
     };
-    Require(isInTheme(context.dayMode), QStringLiteral("the dialog has the theme's colour"));
+    Require(isInTheme(context.dayMode), u"the dialog has the theme's colour"_s);
     Hands::Press(Qt::Key_B, Qt::ControlModifier);
-    Require(isInTheme(!context.dayMode), QStringLiteral("Ctrl+B in the dialog changes the theme"));
+    Require(isInTheme(!context.dayMode), u"Ctrl+B in the dialog changes the theme"_s);
     Hands::Settle();
     context.takePicture();
     Hands::Press(Qt::Key_B, Qt::ControlModifier);
-    Require(isInTheme(context.dayMode), QStringLiteral("and back"));
-    return QStringLiteral("Ctrl+B in the dialog, with details open, there and back");
+    Require(isInTheme(context.dayMode), u"and back"_s);
+    return u"Ctrl+B in the dialog, with details open, there and back"_s;
 }
 
 } // namespace

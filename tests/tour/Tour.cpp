@@ -13,6 +13,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -42,18 +44,16 @@ Tour::Tour(VenueServer& server, const QString& folder, const QList<bool>& dayMod
 bool Tour::Run()
 {
     if (!QDir().mkpath(m_folder)) {
-        PrintLine(QStringLiteral("FAIL  cannot make the folder %1").arg(m_folder));
+        PrintLine(u"FAIL  cannot make the folder %1"_s.arg(m_folder));
         return false;
     }
     // Away from everything that changes its look under the mouse.
     QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
-    for (const bool dayMode : m_dayModes) {
+    for (const bool dayMode : m_dayModes)
         if (!RunInTheme(dayMode))
             return false;
-    }
-    PrintLine(QStringLiteral("%1 steps, all as they should be; pictures in %2")
-                  .arg(m_number)
-                  .arg(QDir::toNativeSeparators(m_folder)));
+    PrintLine(u"%1 steps, all as they should be; pictures in %2"_s.arg(m_number).arg(
+        QDir::toNativeSeparators(m_folder)));
     return true;
 }
 
@@ -65,10 +65,9 @@ bool Tour::RunInTheme(bool dayMode)
         m_server, m_server.Catalogue(), dayMode, m_folder, std::make_unique<MainWindow>(!dayMode), {}};
     context.window->show();
     for (const auto& part : {SearchSteps(), DetailSteps(), ViewerSteps(), ImportSteps(), ServiceSteps()}) {
-        for (const TourStep& step : part) {
+        for (const TourStep& step : part)
             if (!RunStep(step, context))
                 return false;
-        }
     }
     return true;
 }
@@ -76,30 +75,29 @@ bool Tour::RunInTheme(bool dayMode)
 bool Tour::RunStep(const TourStep& step, TourContext& context)
 {
     const QString name = QLatin1String(step.name);
-    const QString theme = context.dayMode ? QStringLiteral("day") : QStringLiteral("night");
-    const QString number = QStringLiteral("%1").arg(++m_number, 2, 10, QLatin1Char('0'));
-    const QString heading = QStringLiteral("%1 %2, %3").arg(number, name, theme);
-    QString file = QStringLiteral("%1-%2-%3").arg(number, theme, name);
+    const QString theme = context.dayMode ? u"day"_s : u"night"_s;
+    const QString number = u"%1"_s.arg(++m_number, 2, 10, QLatin1Char('0'));
+    const QString heading = u"%1 %2, %3"_s.arg(number, name, theme);
+    QString file = u"%1-%2-%3"_s.arg(number, theme, name);
     file.replace(QLatin1Char(' '), QLatin1Char('-'));
     bool isTaken = false;
     context.takePicture = [&] {
         isTaken = true;
-        Require(TakePicture(file), QStringLiteral("the picture can be written"));
+        Require(TakePicture(file), u"the picture can be written"_s);
     };
     const Test::HangGuard::Watch watch(m_hangGuard, heading);
     try {
-        Hands::WaitUntil([] { return QApplication::activeWindow() != nullptr; },
-                         QStringLiteral("a window is active"));
+        Hands::WaitUntil([] { return QApplication::activeWindow() != nullptr; }, u"a window is active"_s);
         const QString result = step.run(context);
         if (!isTaken) {
             Hands::Settle();
             context.takePicture();
         }
-        PrintLine(QStringLiteral("ok    %1: %2").arg(heading, result));
+        PrintLine(u"ok    %1: %2"_s.arg(heading, result));
         return true;
     } catch (const TourFailure& failure) {
-        TakePicture(file + QStringLiteral("-FAILED"));
-        PrintLine(QStringLiteral("FAIL  %1: %2").arg(heading, failure.reason));
+        TakePicture(file + u"-FAILED"_s);
+        PrintLine(u"FAIL  %1: %2"_s.arg(heading, failure.reason));
         return false;
     }
 }
@@ -108,7 +106,7 @@ bool Tour::TakePicture(const QString& name)
 {
     // From the screen, with frames, menus and everything that other windows cover.
     const QPixmap picture = QApplication::primaryScreen()->grabWindow(0);
-    return picture.save(QDir(m_folder).filePath(name + QStringLiteral(".png")));
+    return picture.save(QDir(m_folder).filePath(name + u".png"_s));
 }
 
 } // namespace korvel::Demo

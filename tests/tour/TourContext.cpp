@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 using namespace Ui::VenueDatabase;
@@ -22,21 +24,21 @@ using namespace Ui::VenueDatabase;
 VenueDbDialog* TourContext::Dialog() const
 {
     auto* dialog = window->findChild<VenueDbDialog*>();
-    Require(dialog && dialog->isVisible(), QStringLiteral("the venue database is open"));
+    Require(dialog && dialog->isVisible(), u"the venue database is open"_s);
     return dialog;
 }
 
 QWidget* TourContext::Details() const
 {
     auto* details = Dialog()->findChild<VenueDetailsWidget*>();
-    Require(details && details->isVisible(), QStringLiteral("the details are shown"));
+    Require(details && details->isVisible(), u"the details are shown"_s);
     return details;
 }
 
 QTableView* TourContext::Table() const
 {
     auto* table = Dialog()->findChild<QTableView*>();
-    Require(table && table->isVisible(), QStringLiteral("the table is shown"));
+    Require(table && table->isVisible(), u"the table is shown"_s);
     return table;
 }
 
@@ -52,10 +54,9 @@ QList<qint64> TourContext::ListedIds() const
 QList<qint64> TourContext::CatalogueIds(const std::function<bool(const VenueRecord&)>& matches) const
 {
     QList<qint64> ids;
-    for (const VenueRecord& venue : catalogue->Venues()) {
+    for (const VenueRecord& venue : catalogue->Venues())
         if (matches(venue))
             ids.append(venue.entityId);
-    }
     return ids;
 }
 
@@ -64,7 +65,7 @@ const VenueRecord& TourContext::Venue(qint64 id) const
     const QList<VenueRecord>& venues = catalogue->Venues();
     const auto found = std::find_if(venues.begin(), venues.end(),
                                     [id](const VenueRecord& venue) { return venue.entityId == id; });
-    Require(found != venues.end(), QStringLiteral("the catalogue has venue %1").arg(id));
+    Require(found != venues.end(), u"the catalogue has venue %1"_s.arg(id));
     return *found;
 }
 
@@ -74,13 +75,13 @@ void TourContext::SelectVenue(qint64 id) const
     Hands::Fill(Hands::FieldBeside<QLineEdit>(Dialog(), Texts::FieldLabel("City")), Venue(id).locality);
     ClickSearch();
     const qsizetype row = ListedIds().indexOf(id);
-    Require(row >= 0, QStringLiteral("%1 is listed").arg(Venue(id).title));
+    Require(row >= 0, u"%1 is listed"_s.arg(Venue(id).title));
     QTableView* table = Table();
     const QModelIndex cell = table->model()->index(int(row), 1);
     table->scrollTo(cell);
     Hands::Click(table->viewport(), table->visualRect(cell).center());
     const auto idField = [this] { return Hands::FieldBeside<QLineEdit>(Details(), Texts::FieldLabel("ID")); };
-    RequireEqual(idField()->text(), QString::number(id), QStringLiteral("ID"));
+    RequireEqual(idField()->text(), QString::number(id), u"ID"_s);
     // The details took most of the table's height.
     table->scrollTo(cell);
 }

@@ -18,6 +18,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Demo {
 
 namespace {
@@ -29,7 +31,7 @@ constexpr const char* c_viewer = "PictureFullscreenDialog";
 PictureFullscreenDialog* Viewer(const TourContext& context)
 {
     auto* viewer = context.window->findChild<PictureFullscreenDialog*>();
-    Require(viewer && viewer->isVisible(), QStringLiteral("the viewer is open"));
+    Require(viewer && viewer->isVisible(), u"the viewer is open"_s);
     return viewer;
 }
 
@@ -40,45 +42,42 @@ QGraphicsView* View(const TourContext& context)
 
 QString SavedFile(const TourContext& context)
 {
-    return QDir(context.folder)
-        .absoluteFilePath(context.dayMode ? QStringLiteral("saved-day.jpg")
-                                          : QStringLiteral("saved-night.jpg"));
+    return QDir(context.folder).absoluteFilePath(context.dayMode ? u"saved-day.jpg"_s : u"saved-night.jpg"_s);
 }
 
 QString ViewerBeforeTheLargePicture(TourContext& context)
 {
     // Long enough to look at the small picture, short enough to wait for.
-    context.server.AddFault(Fault::On(QStringLiteral("-large.jpg")).WithDelay(3500));
+    context.server.AddFault(Fault::On(u"-large.jpg"_s).WithDelay(3500));
     auto* slider = context.Details()->findChild<PictureSlider*>();
-    for (auto* button : slider->findChildren<QPushButton*>()) {
+    for (auto* button : slider->findChildren<QPushButton*>())
         if (button->size() == QSize(24, 24))
             Hands::Click(button);
-    }
     auto* viewer = Viewer(context);
     RequireEqual(viewer->GetStatusLabel()->text(), Texts::OfModule(c_viewer, "Loading large image..."),
-                 QStringLiteral("status"));
+                 u"status"_s);
     const double width = View(context)->sceneRect().width();
-    Require(width > 100 && width < 1000, QStringLiteral("a small picture is shown, %1 wide").arg(width));
-    RequireEqual(QApplication::overrideCursor() != nullptr, true, QStringLiteral("wait cursor"));
+    Require(width > 100 && width < 1000, u"a small picture is shown, %1 wide"_s.arg(width));
+    RequireEqual(QApplication::overrideCursor() != nullptr, true, u"wait cursor"_s);
     Hands::WaitUntil([viewer] { return viewer->isMaximized() && viewer->isActiveWindow(); },
-                     QStringLiteral("the viewer fills the screen"));
+                     u"the viewer fills the screen"_s);
     Hands::Settle();
     context.takePicture();
-    return QStringLiteral("the small picture, %1 wide, while the large one loads").arg(width);
+    return u"the small picture, %1 wide, while the large one loads"_s.arg(width);
 }
 
 QString ViewerWithTheLargePicture(TourContext& context)
 {
     Hands::WaitUntil([&] { return View(context)->sceneRect().width() > 2000; },
-                     QStringLiteral("the large picture arrives"));
+                     u"the large picture arrives"_s);
     context.server.ClearFaults();
-    RequireEqual(Viewer(context)->GetStatusLabel()->text(), QString(), QStringLiteral("status"));
-    RequireEqual(QApplication::overrideCursor() == nullptr, true, QStringLiteral("ordinary cursor"));
+    RequireEqual(Viewer(context)->GetStatusLabel()->text(), QString(), u"status"_s);
+    RequireEqual(QApplication::overrideCursor() == nullptr, true, u"ordinary cursor"_s);
     const QSizeF shown = View(context)->transform().mapRect(View(context)->sceneRect()).size();
     const QSize room = View(context)->viewport()->size();
     Require(shown.width() <= room.width() + 1 && shown.height() <= room.height() + 1,
-            QStringLiteral("the whole picture is seen"));
-    return QStringLiteral("%1 pixels wide, fitted").arg(View(context)->sceneRect().width());
+            u"the whole picture is seen"_s);
+    return u"%1 pixels wide, fitted"_s.arg(View(context)->sceneRect().width());
 }
 
 QString Zoomed(TourContext& context)
@@ -89,45 +88,41 @@ QString Zoomed(TourContext& context)
         Hands::Press(Qt::Key_Plus);
     const double zoomed = View(context)->transform().m11();
     const double factor = zoomed / fitted;
-    Require(factor > 2.4 && factor < 2.6, QStringLiteral("five steps of 1.2 zoom by %1").arg(factor));
+    Require(factor > 2.4 && factor < 2.6, u"five steps of 1.2 zoom by %1"_s.arg(factor));
     Hands::Settle();
     context.takePicture();
     for (int i = 0; i < c_steps + 2; ++i)
         Hands::Press(Qt::Key_Minus);
-    Require(qAbs(View(context)->transform().m11() / fitted - 1) < 0.01,
-            QStringLiteral("zoomed out to the fitted size"));
-    return QStringLiteral("%1 times and back").arg(factor, 0, 'f', 2);
+    Require(qAbs(View(context)->transform().m11() / fitted - 1) < 0.01, u"zoomed out to the fitted size"_s);
+    return u"%1 times and back"_s.arg(factor, 0, 'f', 2);
 }
 
 QString SaveDialog(TourContext& context)
 {
     QFile::remove(SavedFile(context));
-    Hands::Answer<QFileDialog>(
-        [] { Hands::Press(Qt::Key_S, Qt::ControlModifier); },
-        [&](QFileDialog* dialog) {
-            RequireEqual(dialog->windowTitle(), Texts::OfModule(c_viewer, "Save Image As"),
-                         QStringLiteral("title"));
-            auto* name = dialog->findChild<QLineEdit*>();
-            Require(!name->text().isEmpty(), QStringLiteral("a file name is suggested"));
-            context.takePicture();
-            Hands::Fill(name, SavedFile(context));
-            Hands::Press(Qt::Key_Return);
-        });
-    return QStringLiteral("asks for a file name");
+    Hands::Answer<QFileDialog>([] { Hands::Press(Qt::Key_S, Qt::ControlModifier); },
+                               [&](QFileDialog* dialog) {
+                                   RequireEqual(dialog->windowTitle(),
+                                                Texts::OfModule(c_viewer, "Save Image As"), u"title"_s);
+                                   auto* name = dialog->findChild<QLineEdit*>();
+                                   Require(!name->text().isEmpty(), u"a file name is suggested"_s);
+                                   context.takePicture();
+                                   Hands::Fill(name, SavedFile(context));
+                                   Hands::Press(Qt::Key_Return);
+                               });
+    return u"asks for a file name"_s;
 }
 
 QString SavedPicture(TourContext& context)
 {
     const QString path = SavedFile(context);
     RequireEqual(Viewer(context)->GetStatusLabel()->text(),
-                 Texts::OfModule(c_viewer, "Saved \"%1\"").arg(QDir::toNativeSeparators(path)),
-                 QStringLiteral("status"));
+                 Texts::OfModule(c_viewer, "Saved \"%1\"").arg(QDir::toNativeSeparators(path)), u"status"_s);
     QImageReader reader(path);
-    RequireEqual(reader.format(), QByteArrayLiteral("jpeg"), QStringLiteral("format of the file"));
+    RequireEqual(reader.format(), "jpeg"_ba, u"format of the file"_s);
     const QImage image = reader.read();
-    RequireEqual(QSizeF(image.size()), View(context)->sceneRect().size(),
-                 QStringLiteral("size of the saved picture"));
-    return QStringLiteral("a JPEG file of %1 × %2 pixels").arg(image.width()).arg(image.height());
+    RequireEqual(QSizeF(image.size()), View(context)->sceneRect().size(), u"size of the saved picture"_s);
+    return u"a JPEG file of %1 × %2 pixels"_s.arg(image.width()).arg(image.height());
 }
 
 QString NextPictureAndBack(TourContext& context)
@@ -137,16 +132,15 @@ QString NextPictureAndBack(TourContext& context)
     const QString first = caption();
     Hands::Press(Qt::Key_D);
     Hands::WaitUntil([&] { return View(context)->sceneRect().width() > 2000; },
-                     QStringLiteral("the next picture arrives"));
-    Require(caption().startsWith(QStringLiteral("2/")) && caption() != first,
-            QStringLiteral("the next picture: ") + caption());
+                     u"the next picture arrives"_s);
+    Require(caption().startsWith(u"2/"_s) && caption() != first, u"the next picture: "_s + caption());
     Hands::Settle();
     context.takePicture();
     const QString shown = caption();
     auto* viewer = Viewer(context);
     Hands::Press(Qt::Key_Escape);
     Hands::WaitUntil([&] { return !viewer->isVisible() && context.window->isVisible(); },
-                     QStringLiteral("Escape closes the viewer"));
+                     u"Escape closes the viewer"_s);
     Hands::Settle();
     return shown;
 }

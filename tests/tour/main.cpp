@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char* argv[])
 {
     using namespace korvel::Demo;
@@ -16,24 +18,20 @@ int main(int argc, char* argv[])
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Goes through the main flow in the reference host's windows by itself, leaves a "
-                       "picture of each step in the folder and quits; fails if a step does."));
+        u"Goes through the main flow in the reference host's windows by itself, leaves a "
+        "picture of each step in the folder and quits; fails if a step does."_s);
     parser.addHelpOption();
-    const QCommandLineOption theme(QStringLiteral("theme"),
-                                   QStringLiteral("Only in this theme: day or night. Both otherwise."),
-                                   QStringLiteral("name"));
+    const QCommandLineOption theme(u"theme"_s, u"Only in this theme: day or night. Both otherwise."_s,
+                                   u"name"_s);
     const QCommandLineOption language(
-        QStringLiteral("language"),
-        QStringLiteral("de, en, es, fr, it or ja instead of the system's language (LANG)."),
-        QStringLiteral("name"));
+        u"language"_s, u"de, en, es, fr, it or ja instead of the system's language (LANG)."_s, u"name"_s);
     parser.addOptions({theme, language});
-    parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Where the pictures go."));
+    parser.addPositionalArgument(u"folder"_s, u"Where the pictures go."_s);
     parser.process(application);
 
     const QString themeName = parser.value(theme);
     if (parser.positionalArguments().size() != 1
-        || (parser.isSet(theme) && themeName != QStringLiteral("day")
-            && themeName != QStringLiteral("night")))
+        || (parser.isSet(theme) && themeName != u"day"_s && themeName != u"night"_s))
         parser.showHelp(2);
 
     ServerConnection server;
@@ -44,7 +42,7 @@ int main(int argc, char* argv[])
 
     const Languages texts;
     Tour tour(*server.OwnServer(), parser.positionalArguments().constFirst(),
-              parser.isSet(theme) ? QList{themeName == QStringLiteral("day")} : QList{true, false});
+              parser.isSet(theme) ? QList{themeName == u"day"_s} : QList{true, false});
     QTimer::singleShot(0, &tour, [&tour] { QApplication::exit(tour.Run() ? 0 : 1); });
     return QApplication::exec();
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Tools {
 
 namespace {
@@ -19,7 +21,7 @@ constexpr qsizetype c_namesToTell = 5;
 QString NamesOf(const QStringList& commonNames, const QStringList& organizations)
 {
     const QStringList names = commonNames.isEmpty() ? organizations : commonNames;
-    return names.isEmpty() ? QStringLiteral("without a name") : OneLine(names.join(QLatin1String(", ")));
+    return names.isEmpty() ? u"without a name"_s : OneLine(names.join(", "_L1));
 }
 
 QString IssuerOf(const QSslCertificate& certificate)
@@ -37,11 +39,11 @@ QString SubjectOf(const QSslCertificate& certificate)
 QString KeyOf(const QSslCertificate& certificate)
 {
     const QSslKey key = certificate.publicKey();
-    const QString algorithm = key.algorithm() == QSsl::Rsa ? QStringLiteral("RSA")
-        : key.algorithm() == QSsl::Ec                      ? QStringLiteral("EC")
-        : key.algorithm() == QSsl::Dsa                     ? QStringLiteral("DSA")
-                                                           : QStringLiteral("unknown kind of");
-    return QStringLiteral("%1 key of %2 bits").arg(algorithm).arg(key.length());
+    const QString algorithm = key.algorithm() == QSsl::Rsa ? u"RSA"_s
+        : key.algorithm() == QSsl::Ec                      ? u"EC"_s
+        : key.algorithm() == QSsl::Dsa                     ? u"DSA"_s
+                                                           : u"unknown kind of"_s;
+    return u"%1 key of %2 bits"_s.arg(algorithm).arg(key.length());
 }
 
 bool IsAboutIssuer(const QSslError& error)
@@ -73,20 +75,19 @@ CertificateReport::CertificateReport(const QList<QSslCertificate>& chain, const 
 QString CertificateReport::Summary() const
 {
     if (m_chain.isEmpty())
-        return QStringLiteral("the server showed no certificate");
-    return QStringLiteral("issuer \"%1\", valid until %2")
-        .arg(IssuerOf(m_chain.first()), DateText(m_chain.first().expiryDate()));
+        return u"the server showed no certificate"_s;
+    return u"issuer \"%1\", valid until %2"_s.arg(IssuerOf(m_chain.first()),
+                                                  DateText(m_chain.first().expiryDate()));
 }
 
 QStringList CertificateReport::Details() const
 {
     QStringList lines;
     for (const QSslCertificate& certificate : m_chain) {
-        lines.append(
-            QStringLiteral("certificate of \"%1\", issued by \"%2\", valid from %3 until %4, %5, SHA-256 %6")
-                .arg(SubjectOf(certificate), IssuerOf(certificate), DateText(certificate.effectiveDate()),
-                     DateText(certificate.expiryDate()), KeyOf(certificate),
-                     QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex())));
+        lines.append(u"certificate of \"%1\", issued by \"%2\", valid from %3 until %4, %5, SHA-256 %6"_s.arg(
+            SubjectOf(certificate), IssuerOf(certificate), DateText(certificate.effectiveDate()),
+            DateText(certificate.expiryDate()), KeyOf(certificate),
+            QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex())));
     }
     return lines;
 }
@@ -98,13 +99,13 @@ QString CertificateReport::Reason() const
         reasons.append(ReasonOf(error));
     // Qt has several words for one issuer.
     reasons.removeDuplicates();
-    return reasons.join(QLatin1String(", "));
+    return reasons.join(", "_L1);
 }
 
 QString CertificateReport::ReasonOf(const QSslError& error) const
 {
     if (IsAboutIssuer(error) && !m_chain.isEmpty())
-        return QStringLiteral("the issuer \"%1\" is not trusted here").arg(IssuerOf(m_chain.last()));
+        return u"the issuer \"%1\" is not trusted here"_s.arg(IssuerOf(m_chain.last()));
     switch (error.error()) {
     case QSslError::CertificateExpired:
     case QSslError::CertificateNotYetValid:
@@ -113,10 +114,10 @@ QString CertificateReport::ReasonOf(const QSslError& error) const
         return NamesReason();
     case QSslError::UnspecifiedError:
         // Qt has no word for what the TLS library's security level refuses.
-        return QStringLiteral("the certificate of \"%1\" is refused%2: %3")
-            .arg(SubjectOf(error.certificate()),
-                 IsKeyShort(error.certificate()) ? QStringLiteral(", its key is too short") : QString(),
-                 KeyOf(error.certificate()));
+        return u"the certificate of \"%1\" is refused%2: %3"_s.arg(
+            SubjectOf(error.certificate()),
+            IsKeyShort(error.certificate()) ? u", its key is too short"_s : QString(),
+            KeyOf(error.certificate()));
     default:
         return OneLine(error.errorString());
     }
@@ -136,10 +137,10 @@ QString CertificateReport::DateReason(const QSslError& error) const
             return OneLine(error.errorString());
         certificate = *found;
     }
-    return isExpired ? QStringLiteral("the certificate of \"%1\" expired on %2")
-                           .arg(SubjectOf(certificate), DateText(certificate.expiryDate()))
-                     : QStringLiteral("the certificate of \"%1\" is not valid before %2")
-                           .arg(SubjectOf(certificate), DateText(certificate.effectiveDate()));
+    return isExpired ? u"the certificate of \"%1\" expired on %2"_s.arg(SubjectOf(certificate),
+                                                                        DateText(certificate.expiryDate()))
+                     : u"the certificate of \"%1\" is not valid before %2"_s.arg(
+                           SubjectOf(certificate), DateText(certificate.effectiveDate()));
 }
 
 QString CertificateReport::NamesReason() const
@@ -149,9 +150,9 @@ QString CertificateReport::NamesReason() const
     if (names.isEmpty() && !m_chain.isEmpty())
         names.append(SubjectOf(m_chain.first()));
     names.removeDuplicates();
-    const QString more = names.size() > c_namesToTell ? QStringLiteral(" and others") : QString();
-    return QStringLiteral("the certificate is for %1%2, not for the host name %3")
-        .arg(OneLine(names.mid(0, c_namesToTell).join(QLatin1String(", "))), more, OneLine(m_host));
+    const QString more = names.size() > c_namesToTell ? u" and others"_s : QString();
+    return u"the certificate is for %1%2, not for the host name %3"_s.arg(
+        OneLine(names.mid(0, c_namesToTell).join(", "_L1)), more, OneLine(m_host));
 }
 
 QString CertificateReport::Hint() const
@@ -159,7 +160,7 @@ QString CertificateReport::Hint() const
     if (m_errors.isEmpty()) {
         const bool endsSoon = !m_chain.isEmpty()
             && QDateTime::currentDateTimeUtc().daysTo(m_chain.first().expiryDate()) < c_daysToWarn;
-        return endsSoon ? QStringLiteral("The certificate expires soon.") : QString();
+        return endsSoon ? u"The certificate expires soon."_s : QString();
     }
     if (IsAboutIssuer(m_errors.first()))
         return IssuerHint();
@@ -169,32 +170,28 @@ QString CertificateReport::Hint() const
         return IssuerHint();
     case QSslError::CertificateExpired:
     case QSslError::CertificateNotYetValid:
-        return QStringLiteral(
-            "Is this computer's clock right? Otherwise whoever runs the server must replace "
-            "this certificate.");
+        return u"Is this computer's clock right? Otherwise whoever runs the server must replace "
+               "this certificate."_s;
     case QSslError::HostNameMismatch:
-        return QStringLiteral(
-            "Another server answers under this name: look at the proxy and the name service.");
+        return u"Another server answers under this name: look at the proxy and the name service."_s;
     case QSslError::UnspecifiedError:
-        return QStringLiteral("It breaks the rules of this computer's TLS library: the server needs a "
-                              "certificate with an RSA key of at least 2048 bits, or an EC key, and a "
-                              "signature with SHA-256.");
+        return u"It breaks the rules of this computer's TLS library: the server needs a "
+               "certificate with an RSA key of at least 2048 bits, or an EC key, and a "
+               "signature with SHA-256."_s;
     default:
-        return QStringLiteral("Show this to whoever runs the server or the proxy.");
+        return u"Show this to whoever runs the server or the proxy."_s;
     }
 }
 
 QString CertificateReport::IssuerHint() const
 {
-    const QString company
-        = QStringLiteral("your company's own authority, name its certificate with --ca, and let the "
-                         "application trust it before its first request.");
+    const QString company = u"your company's own authority, name its certificate with --ca, and let the "
+                            "application trust it before its first request."_s;
     if (m_chain.size() != 1 || m_chain.first().isSelfSigned())
-        return QStringLiteral("If the issuer is ") + company;
-    return QStringLiteral("The server sends its own certificate alone. If \"%1\" is an intermediate "
-                          "authority, the usual case, the intermediate certificate is missing: whoever runs "
-                          "the server must add it to what the server sends. If it is ")
-               .arg(IssuerOf(m_chain.first()))
+        return u"If the issuer is "_s + company;
+    return u"The server sends its own certificate alone. If \"%1\" is an intermediate "
+           "authority, the usual case, the intermediate certificate is missing: whoever runs "
+           "the server must add it to what the server sends. If it is "_s.arg(IssuerOf(m_chain.first()))
         + company;
 }
 

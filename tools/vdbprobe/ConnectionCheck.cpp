@@ -11,6 +11,8 @@
 #include <QSslCipher>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Tools {
 
 namespace {
@@ -19,11 +21,11 @@ QString TlsName(QSsl::SslProtocol protocol)
 {
     switch (protocol) {
     case QSsl::TlsV1_2:
-        return QStringLiteral("TLS 1.2");
+        return u"TLS 1.2"_s;
     case QSsl::TlsV1_3:
-        return QStringLiteral("TLS 1.3");
+        return u"TLS 1.3"_s;
     default:
-        return QStringLiteral("TLS");
+        return u"TLS"_s;
     }
 }
 
@@ -57,21 +59,19 @@ Outcome ConnectionCheck::FindHost() const
         loop.exec();
     if (!hasAnswer) {
         QHostInfo::abortHostLookup(lookup);
-        return Outcome::Failed(QStringLiteral("the name service does not answer"),
-                               QStringLiteral("Is this computer connected to a network?"));
+        return Outcome::Failed(u"the name service does not answer"_s,
+                               u"Is this computer connected to a network?"_s);
     }
     if (found.error() != QHostInfo::NoError || found.addresses().isEmpty()) {
         return Outcome::Failed(
-            QStringLiteral("%1: %2").arg(OneLine(m_options.host), OneLine(found.errorString())),
-            QStringLiteral(
-                "Is the name right, and is this computer connected? Where only a proxy knows names "
-                "of the internet, name it with --proxy."));
+            u"%1: %2"_s.arg(OneLine(m_options.host), OneLine(found.errorString())),
+            u"Is the name right, and is this computer connected? Where only a proxy knows names "
+            "of the internet, name it with --proxy."_s);
     }
     QStringList addresses;
     for (const QHostAddress& address : found.addresses())
         addresses.append(address.toString());
-    return Outcome::Ok(
-        QStringLiteral("%1 is %2").arg(OneLine(m_options.host), addresses.join(QLatin1String(", "))));
+    return Outcome::Ok(u"%1 is %2"_s.arg(OneLine(m_options.host), addresses.join(", "_L1)));
 }
 
 Outcome ConnectionCheck::ReachProxy() const
@@ -80,11 +80,10 @@ Outcome ConnectionCheck::ReachProxy() const
     socket.setProxy(QNetworkProxy::NoProxy);
     socket.connectToHost(m_proxy.hostName(), m_proxy.port());
     if (!socket.waitForConnected(m_options.timeout)) {
-        return Outcome::Failed(
-            QStringLiteral("proxy %1: %2").arg(Address(m_proxy), OneLine(socket.errorString())),
-            QStringLiteral("Are name and port of the proxy right, and does it run?"));
+        return Outcome::Failed(u"proxy %1: %2"_s.arg(Address(m_proxy), OneLine(socket.errorString())),
+                               u"Are name and port of the proxy right, and does it run?"_s);
     }
-    return Outcome::Ok(QStringLiteral("proxy %1 can be reached").arg(Address(m_proxy)));
+    return Outcome::Ok(u"proxy %1 can be reached"_s.arg(Address(m_proxy)));
 }
 
 Outcome ConnectionCheck::Connect()
@@ -94,13 +93,11 @@ Outcome ConnectionCheck::Connect()
     if (!m_socket.waitForConnected(m_options.timeout))
         return ConnectFailure();
     const bool hasProxy = m_proxy.type() != QNetworkProxy::NoProxy;
-    Outcome outcome = Outcome::Ok(QStringLiteral("%1:%2%3")
-                                      .arg(OneLine(m_options.host))
+    Outcome outcome = Outcome::Ok(u"%1:%2%3"_s.arg(OneLine(m_options.host))
                                       .arg(m_options.port)
-                                      .arg(hasProxy ? QStringLiteral(" through the proxy") : QString()));
+                                      .arg(hasProxy ? u" through the proxy"_s : QString()));
     outcome.details.append(
-        QStringLiteral("from %1:%2 to %3:%4")
-            .arg(m_socket.localAddress().toString())
+        u"from %1:%2 to %3:%4"_s.arg(m_socket.localAddress().toString())
             .arg(m_socket.localPort())
             .arg(hasProxy ? OneLine(m_proxy.hostName()) : m_socket.peerAddress().toString())
             .arg(hasProxy ? m_proxy.port() : m_socket.peerPort()));
@@ -109,32 +106,28 @@ Outcome ConnectionCheck::Connect()
 
 Outcome ConnectionCheck::ConnectFailure() const
 {
-    const QString address = QStringLiteral("%1:%2: ").arg(OneLine(m_options.host)).arg(m_options.port);
+    const QString address = u"%1:%2: "_s.arg(OneLine(m_options.host)).arg(m_options.port);
     const QString reason = OneLine(m_socket.errorString());
     if (m_proxy.type() == QNetworkProxy::NoProxy) {
-        return Outcome::Failed(
-            address + reason,
-            QStringLiteral("Is the server up? Does a firewall block port %1, or is there a "
-                           "proxy to be named with --proxy?")
-                .arg(m_options.port));
+        return Outcome::Failed(address + reason,
+                               u"Is the server up? Does a firewall block port %1, or is there a "
+                               "proxy to be named with --proxy?"_s.arg(m_options.port));
     }
     if (m_proxy.type() == QNetworkProxy::HttpProxy) {
         const ProxyInquiry inquiry(m_proxy, m_options.host, m_options.port, m_options.timeout);
         if (!inquiry.Reason().isEmpty())
             return Outcome::Failed(address + inquiry.Reason(), inquiry.Hint());
     }
-    return Outcome::Failed(
-        address + reason,
-        QStringLiteral("The proxy does not lead to this server: is the name right, and does "
-                       "the proxy allow it?"));
+    return Outcome::Failed(address + reason,
+                           u"The proxy does not lead to this server: is the name right, and does "
+                           "the proxy allow it?"_s);
 }
 
 Outcome ConnectionCheck::StartTls()
 {
     if (!QSslSocket::supportsSsl()) {
-        return Outcome::Failed(
-            QStringLiteral("Qt finds no TLS library"),
-            QStringLiteral("Install Qt's \"tls\" plug-ins and the library that they need."));
+        return Outcome::Failed(u"Qt finds no TLS library"_s,
+                               u"Install Qt's \"tls\" plug-ins and the library that they need."_s);
     }
     m_socket.startClientEncryption();
     const bool isEncrypted = m_socket.waitForEncrypted(m_options.timeout);
@@ -143,12 +136,10 @@ Outcome ConnectionCheck::StartTls()
     Outcome outcome;
     if (isEncrypted) {
         const QString tls = TlsName(m_socket.sessionProtocol());
-        outcome = Outcome::Ok(
-            QStringLiteral("%1, %2, %3").arg(tls, m_socket.sessionCipher().name(), report.Summary()),
-            report.Hint());
+        outcome = Outcome::Ok(u"%1, %2, %3"_s.arg(tls, m_socket.sessionCipher().name(), report.Summary()),
+                              report.Hint());
     } else if (report.HasErrors()) {
-        outcome
-            = Outcome::Failed(QStringLiteral("%1; %2").arg(report.Reason(), report.Summary()), report.Hint());
+        outcome = Outcome::Failed(u"%1; %2"_s.arg(report.Reason(), report.Summary()), report.Hint());
     } else {
         outcome = HandshakeFailure(report.Summary());
     }
@@ -162,18 +153,18 @@ Outcome ConnectionCheck::HandshakeFailure(const QString& summary) const
     const QString text = m_socket.errorString();
     QString hint;
     // Old servers do not complain but answer in their own version, and the TLS library here does.
-    if (m_alert == QSsl::AlertType::ProtocolVersion || text.contains(QLatin1String("unsupported protocol"))) {
-        hint = QStringLiteral("The server speaks TLS only in versions older than 1.2, which are no longer "
-                              "allowed here: whoever runs it must bring it up to date.");
+    if (m_alert == QSsl::AlertType::ProtocolVersion || text.contains("unsupported protocol"_L1)) {
+        hint = u"The server speaks TLS only in versions older than 1.2, which are no longer "
+               "allowed here: whoever runs it must bring it up to date."_s;
     } else if (m_alert == QSsl::AlertType::HandshakeFailure) {
-        hint = QStringLiteral("The server ends the handshake: it demands a client certificate, which the "
-                              "module does not have, or has no cipher in common with this computer. Whoever "
-                              "runs it must change that.");
+        hint = u"The server ends the handshake: it demands a client certificate, which the "
+               "module does not have, or has no cipher in common with this computer. Whoever "
+               "runs it must change that."_s;
     } else {
-        hint = QStringLiteral("What answers does not speak TLS, or something on the way breaks it: look at "
-                              "proxies, filters and sign-in pages of the network.");
+        hint = u"What answers does not speak TLS, or something on the way breaks it: look at "
+               "proxies, filters and sign-in pages of the network."_s;
     }
-    return Outcome::Failed(QStringLiteral("%1; %2").arg(OneLine(text), summary), hint);
+    return Outcome::Failed(u"%1; %2"_s.arg(OneLine(text), summary), hint);
 }
 
 } // namespace korvel::Tools

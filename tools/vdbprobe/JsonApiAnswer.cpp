@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Tools {
 
 namespace {
@@ -27,7 +29,7 @@ constexpr qsizetype c_titleIsWithin = 8192;
 QString Written(const QJsonValue& value)
 {
     if (value.isUndefined())
-        return QStringLiteral("missing");
+        return u"missing"_s;
     const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     return OneLine(QString::fromUtf8(list.mid(1, list.size() - 2)));
 }
@@ -36,19 +38,18 @@ QString Written(const QJsonValue& value)
 QString CountUnusable(const QJsonObject& document, QLatin1String name,
                       const std::function<bool(const QJsonValue&)>& isUnusable)
 {
-    const QJsonArray venues = document.value(QLatin1String("data")).toArray();
+    const QJsonArray venues = document.value("data"_L1).toArray();
     qsizetype count = 0;
     QString example;
     for (const QJsonValue venue : venues) {
-        const QJsonValue value = venue.toObject().value(QLatin1String("attributes")).toObject().value(name);
+        const QJsonValue value = venue.toObject().value("attributes"_L1).toObject().value(name);
         if (!isUnusable(value))
             continue;
         if (count++ == 0)
             example = Written(value);
     }
     return count == 0 ? QString()
-                      : QStringLiteral("\"%1\" of %2 of %3 venues cannot be used, for example %4")
-                            .arg(name)
+                      : u"\"%1\" of %2 of %3 venues cannot be used, for example %4"_s.arg(name)
                             .arg(count)
                             .arg(venues.size())
                             .arg(example);
@@ -65,7 +66,7 @@ JsonApiAnswer::JsonApiAnswer(const QByteArray& body)
     if (error.error != QJsonParseError::NoError)
         m_parseError = error.errorString();
     else if (!document.isObject())
-        m_parseError = QStringLiteral("it is a list");
+        m_parseError = u"it is a list"_s;
 }
 
 QString JsonApiAnswer::ParseError() const
@@ -75,56 +76,54 @@ QString JsonApiAnswer::ParseError() const
 
 QJsonArray JsonApiAnswer::Included() const
 {
-    return m_document.value(QLatin1String("included")).toArray();
+    return m_document.value("included"_L1).toArray();
 }
 
 QString JsonApiAnswer::Words() const
 {
     if (m_parseError.isEmpty())
         return ErrorWords();
-    static const QRegularExpression c_title(QStringLiteral("<title[^>]*>([^<]+)<"),
+    static const QRegularExpression c_title(u"<title[^>]*>([^<]+)<"_s,
                                             QRegularExpression::CaseInsensitiveOption);
     return OneLine(c_title.match(QString::fromUtf8(m_body.left(c_titleIsWithin))).captured(1));
 }
 
 QString JsonApiAnswer::ErrorWords() const
 {
-    const QJsonArray errors = m_document.value(QLatin1String("errors")).toArray();
+    const QJsonArray errors = m_document.value("errors"_L1).toArray();
     QStringList words;
     for (qsizetype index = 0; index < qMin(errors.size(), c_errorsToTell); ++index) {
         const QJsonObject error = errors.at(index).toObject();
-        QStringList parts{error.value(QLatin1String("title")).toString(),
-                          error.value(QLatin1String("detail")).toString()};
+        QStringList parts{error.value("title"_L1).toString(), error.value("detail"_L1).toString()};
         parts.removeAll(QString());
-        words.append(OneLine(parts.join(QLatin1String(": "))));
+        words.append(OneLine(parts.join(": "_L1)));
     }
     words.removeAll(QString());
-    return words.join(QLatin1String("; "));
+    return words.join("; "_L1);
 }
 
 bool JsonApiAnswer::HasNextPage() const
 {
-    const QJsonValue next = m_document.value(QLatin1String("links")).toObject().value(QLatin1String("next"));
+    const QJsonValue next = m_document.value("links"_L1).toObject().value("next"_L1);
     return next.isObject() || !next.toString().isEmpty();
 }
 
 QString JsonApiAnswer::UnusableIds() const
 {
-    return CountUnusable(m_document, QLatin1String("entity_id"), [](const QJsonValue& value) {
+    return CountUnusable(m_document, "entity_id"_L1, [](const QJsonValue& value) {
         return !value.isDouble() || value.toDouble() != value.toInt(0);
     });
 }
 
 QString JsonApiAnswer::UnusableDates() const
 {
-    const QString created = CountUnusable(m_document, QLatin1String("created"), [](const QJsonValue& value) {
+    const QString created = CountUnusable(m_document, "created"_L1, [](const QJsonValue& value) {
         return !value.toString().isEmpty() && !ReadServerDate(value.toString()).isValid();
     });
-    const QString changed = CountUnusable(m_document, QLatin1String("changed"), [](const QJsonValue& value) {
+    const QString changed = CountUnusable(m_document, "changed"_L1, [](const QJsonValue& value) {
         return !value.toString().isEmpty() && !ReadServerDateTime(value.toString()).isValid();
     });
-    return created.isEmpty() || changed.isEmpty() ? created + changed
-                                                  : created + QStringLiteral("; ") + changed;
+    return created.isEmpty() || changed.isEmpty() ? created + changed : created + u"; "_s + changed;
 }
 
 QString JsonApiAnswer::UnusableTypes(std::initializer_list<QLatin1String> wanted) const
@@ -132,7 +131,7 @@ QString JsonApiAnswer::UnusableTypes(std::initializer_list<QLatin1String> wanted
     QStringList types;
     const QJsonArray included = Included();
     for (const QJsonValue value : included)
-        types.append(value.toObject().value(QLatin1String("type")).toString());
+        types.append(value.toObject().value("type"_L1).toString());
     types.removeDuplicates();
     QStringList findings;
     for (const QLatin1String type : wanted) {
@@ -142,10 +141,10 @@ QString JsonApiAnswer::UnusableTypes(std::initializer_list<QLatin1String> wanted
             return other.startsWith(type, Qt::CaseInsensitive);
         });
         if (alike != types.cend())
-            findings.append(QStringLiteral("\"included\" has the type \"%1\" instead of \"%2\"")
-                                .arg(OneLine(*alike), type));
+            findings.append(
+                u"\"included\" has the type \"%1\" instead of \"%2\""_s.arg(OneLine(*alike), type));
     }
-    return findings.join(QLatin1String(", "));
+    return findings.join(", "_L1);
 }
 
 } // namespace korvel::Tools

@@ -11,6 +11,8 @@
 #include <QSslConfiguration>
 #include <QSysInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Tools {
 
 namespace {
@@ -19,8 +21,7 @@ namespace {
 bool IsOwnComputer(const QString& host)
 {
     const QHostAddress address(host);
-    return host == QLatin1String("localhost") || host.startsWith(QLatin1String("localhost."))
-        || address.isLoopback();
+    return host == "localhost"_L1 || host.startsWith("localhost."_L1) || address.isLoopback();
 }
 
 } // namespace
@@ -57,7 +58,7 @@ int Probe::Run()
 
 void Probe::RunStep(int number, const Step& step)
 {
-    const QString title = QStringLiteral("%1 %2 ").arg(number).arg(QLatin1String(step.name), -14);
+    const QString title = u"%1 %2 "_s.arg(number).arg(QLatin1String(step.name), -14);
     if (!m_goesOn) {
         m_output << title << "not tried" << Qt::endl;
         return;
@@ -70,7 +71,7 @@ void Probe::RunStep(int number, const Step& step)
         m_output << "    hint: " << outcome.hint << Qt::endl;
     for (const QString& detail : outcome.details)
         WriteDetail(detail);
-    WriteDetail(QStringLiteral("%1 ms").arg(elapsed.elapsed()));
+    WriteDetail(u"%1 ms"_s.arg(elapsed.elapsed()));
     if (!outcome.isOk && m_firstFailure == 0)
         m_firstFailure = number;
     m_goesOn = outcome.isOk || outcome.canGoOn || !step.isNeededByLaterOnes;
@@ -100,8 +101,8 @@ void Probe::SetUpNetwork()
 void Probe::WriteHeader()
 {
     const QString tls = QSslSocket::supportsSsl()
-        ? QStringLiteral("%1 (%2)").arg(QSslSocket::sslLibraryVersionString(), QSslSocket::activeBackend())
-        : QStringLiteral("none");
+        ? u"%1 (%2)"_s.arg(QSslSocket::sslLibraryVersionString(), QSslSocket::activeBackend())
+        : u"none"_s;
     m_output << "vdbprobe " KVVENUEDATABASE_VERSION ", venue database module " KVVENUEDATABASE_VERSION
              << Qt::endl
              << "Qt " << qVersion() << ", TLS library " << tls << Qt::endl
@@ -121,8 +122,7 @@ void Probe::WriteDetail(const QString& text)
 
 void Probe::WriteEnd()
 {
-    m_output << (m_firstFailure == 0 ? QStringLiteral("All is well.")
-                                     : QStringLiteral("First failure: step %1.").arg(m_firstFailure))
+    m_output << (m_firstFailure == 0 ? u"All is well."_s : u"First failure: step %1."_s.arg(m_firstFailure))
              << Qt::endl;
 }
 

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Tools {
 
 namespace {
@@ -25,7 +27,7 @@ QString SchemeOf(const QString& challenge)
 bool OffersBasic(const QStringList& challenges)
 {
     return std::any_of(challenges.cbegin(), challenges.cend(), [](const QString& challenge) {
-        return SchemeOf(challenge).compare(QLatin1String("Basic"), Qt::CaseInsensitive) == 0;
+        return SchemeOf(challenge).compare("Basic"_L1, Qt::CaseInsensitive) == 0;
     });
 }
 
@@ -67,7 +69,7 @@ void ProxyInquiry::Ask(const QByteArray& credentials, int timeout)
 void ProxyInquiry::ReadStatus(const QByteArray& header)
 {
     const QList<QByteArray> lines = header.split('\n');
-    static const QRegularExpression c_statusLine(QStringLiteral("^HTTP/\\S+ (\\d{3})(?: (.*))?$"));
+    static const QRegularExpression c_statusLine(u"^HTTP/\\S+ (\\d{3})(?: (.*))?$"_s);
     const QRegularExpressionMatch match
         = c_statusLine.match(QString::fromLatin1(lines.constFirst()).trimmed());
     m_status = match.captured(1).toInt();
@@ -77,11 +79,11 @@ void ProxyInquiry::ReadStatus(const QByteArray& header)
         const QString text = QString::fromLatin1(line);
         const QString name = text.section(QLatin1Char(':'), 0, 0).toLower();
         const QString value = OneLine(text.section(QLatin1Char(':'), 1));
-        if (name == QLatin1String("proxy-authenticate"))
+        if (name == "proxy-authenticate"_L1)
             m_challenges.append(value);
         // Two widespread ways of saying more than a status can.
-        else if (name == QLatin1String("x-squid-error") || name == QLatin1String("proxy-status"))
-            m_words += QStringLiteral(" (%1)").arg(value);
+        else if (name == "x-squid-error"_L1 || name == "proxy-status"_L1)
+            m_words += u" (%1)"_s.arg(value);
     }
 }
 
@@ -96,16 +98,15 @@ QString ProxyInquiry::Reason() const
     if (!m_isConnected || (m_status >= 200 && m_status < 300))
         return {};
     if (m_answer.isEmpty()) {
-        return m_isClosed ? QStringLiteral("the proxy closes the connection without an answer")
-                          : QStringLiteral("the proxy does not answer");
+        return m_isClosed ? u"the proxy closes the connection without an answer"_s
+                          : u"the proxy does not answer"_s;
     }
     if (m_status > 0)
-        return OneLine(QStringLiteral("the proxy answers \"%1 %2\"").arg(m_status).arg(m_words));
+        return OneLine(u"the proxy answers \"%1 %2\""_s.arg(m_status).arg(m_words));
     // The first bytes of TLS's complaint about bytes that are none.
     return m_answer.startsWith("\x15\x03")
-        ? QStringLiteral("what answers as proxy speaks TLS instead of HTTP")
-        : QStringLiteral("what answers as proxy does not speak HTTP: \"%1\"")
-              .arg(OneLine(QString::fromLatin1(m_answer)));
+        ? u"what answers as proxy speaks TLS instead of HTTP"_s
+        : u"what answers as proxy does not speak HTTP: \"%1\""_s.arg(OneLine(QString::fromLatin1(m_answer)));
 }
 
 QString ProxyInquiry::Hint() const
@@ -113,27 +114,27 @@ QString ProxyInquiry::Hint() const
     if (Reason().isEmpty())
         return {};
     if (m_answer.isEmpty())
-        return QStringLiteral("Is this the port of an HTTP proxy, and does it let this computer in?");
+        return u"Is this the port of an HTTP proxy, and does it let this computer in?"_s;
     if (!IsProxy()) {
-        return QStringLiteral("This is no proxy for https: are its name and port right, and does it know the "
-                              "method CONNECT?");
+        return u"This is no proxy for https: are its name and port right, and does it know the "
+               "method CONNECT?"_s;
     }
     switch (m_status) {
     case c_wantsPassword:
         return PasswordHint();
     case 403:
-        return QStringLiteral("The proxy forbids this server: whoever runs the proxy must allow %1.")
-            .arg(OneLine(QString::fromLatin1(m_target)));
+        return u"The proxy forbids this server: whoever runs the proxy must allow %1."_s.arg(
+            OneLine(QString::fromLatin1(m_target)));
     case 502:
     case 503:
-        return QStringLiteral("The proxy works but does not reach the server: is the server's name right, "
-                              "does it run, and does the proxy itself get out?");
+        return u"The proxy works but does not reach the server: is the server's name right, "
+               "does it run, and does the proxy itself get out?"_s;
     case 504:
-        return QStringLiteral("The proxy works but waited for the server in vain: is the server up, and does "
-                              "a firewall behind the proxy block it?");
+        return u"The proxy works but waited for the server in vain: is the server up, and does "
+               "a firewall behind the proxy block it?"_s;
     default:
-        return QStringLiteral("This is the proxy's answer, not the server's: show it to whoever runs the "
-                              "proxy.");
+        return u"This is the proxy's answer, not the server's: show it to whoever runs the "
+               "proxy."_s;
     }
 }
 
@@ -141,14 +142,14 @@ QString ProxyInquiry::PasswordHint() const
 {
     const QString offers = m_challenges.isEmpty()
         ? QString()
-        : QStringLiteral(" It asks for: %1.").arg(OneLine(m_challenges.join(QLatin1String(", "))));
+        : u" It asks for: %1."_s.arg(OneLine(m_challenges.join(", "_L1)));
     if (m_proxy.user().isEmpty()) {
-        return QStringLiteral("The proxy wants a user name and a password, and none was given: put "
-                              "user:password@ before the proxy's name.")
+        return u"The proxy wants a user name and a password, and none was given: put "
+               "user:password@ before the proxy's name."_s
             + offers;
     }
-    return QStringLiteral("The proxy does not accept this user name and password. For NTLM the name is "
-                          "DOMAIN\\user.")
+    return u"The proxy does not accept this user name and password. For NTLM the name is "
+           "DOMAIN\\user."_s
         + offers;
 }
 

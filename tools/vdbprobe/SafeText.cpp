@@ -4,6 +4,8 @@
 #include <QNetworkProxy>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Tools {
 
 namespace {
@@ -14,11 +16,10 @@ constexpr qsizetype c_longestText = 200;
 
 QString OneLine(const QString& text)
 {
-    QString line = text.size() > c_longestText ? text.left(c_longestText) + QStringLiteral("...") : text;
-    for (QChar& character : line) {
+    QString line = text.size() > c_longestText ? text.left(c_longestText) + u"..."_s : text;
+    for (QChar& character : line)
         if (!character.isPrint())
             character = QLatin1Char(' ');
-    }
     return line.simplified();
 }
 
@@ -30,9 +31,9 @@ QString Address(const QUrl& url)
 QString Address(const QNetworkProxy& proxy)
 {
     if (proxy.type() == QNetworkProxy::NoProxy)
-        return QStringLiteral("none");
-    const QString address = QStringLiteral("%1:%2").arg(OneLine(proxy.hostName())).arg(proxy.port());
-    return proxy.user().isEmpty() ? address : address + QStringLiteral(" (with a user name)");
+        return u"none"_s;
+    const QString address = u"%1:%2"_s.arg(OneLine(proxy.hostName())).arg(proxy.port());
+    return proxy.user().isEmpty() ? address : address + u" (with a user name)"_s;
 }
 
 QString DateText(const QDateTime& date)

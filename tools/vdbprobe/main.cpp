@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 using korvel::Tools::Probe;
 using korvel::Tools::ProbeOptions;
 
@@ -31,7 +33,7 @@ void WriteMessage(QtMsgType type, const QMessageLogContext& context, const QStri
 int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("vdbprobe"));
+    QCoreApplication::setApplicationName(u"vdbprobe"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(KVVENUEDATABASE_VERSION));
 
     const ProbeOptions options = ProbeOptions::FromArguments(QCoreApplication::arguments());
@@ -48,7 +50,7 @@ int main(int argc, char* argv[])
         break;
     }
     if (options.isVerbose) {
-        QLoggingCategory::setFilterRules(QStringLiteral("vdb.trace=true"));
+        QLoggingCategory::setFilterRules(u"vdb.trace=true"_s);
         g_usualHandler = qInstallMessageHandler(WriteMessage);
     }
     return Probe(options, output).Run();

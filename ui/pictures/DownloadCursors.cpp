@@ -44,10 +44,9 @@ void DownloadCursors::EndOne(const QUrl& url, bool isLast)
 
 void DownloadCursors::EndAll()
 {
-    for (auto& [url, downloads] : m_downloads) {
+    for (auto& [url, downloads] : m_downloads)
         while (downloads.awaited > 0)
             EndWait(downloads);
-    }
 }
 
 void DownloadCursors::EndWait(Downloads& downloads)

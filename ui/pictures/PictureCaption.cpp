@@ -2,18 +2,20 @@
 
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 QString PictureCaption(qsizetype index, qsizetype count, const QString& description)
 {
     if (count == 0)
         return CaptionWithoutPictures();
-    return QStringLiteral("%1/%2 ").arg(index + 1).arg(count).append(description);
+    return u"%1/%2 "_s.arg(index + 1).arg(count).append(description);
 }
 
 QString CaptionWithoutPictures()
 {
-    return QStringLiteral("-/0");
+    return u"-/0"_s;
 }
 
 } // namespace korvel::Ui::VenueDatabase

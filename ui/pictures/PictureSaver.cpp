@@ -9,6 +9,8 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 namespace {
@@ -43,10 +45,10 @@ void AskWhereToSave(QWidget* parent, const QString& title, const QString& pictur
         fileDialog->setDirectory(PicturesFolder());
     isFirstSave = false;
     fileDialog->selectFile(QFileInfo(pictureName).baseName());
-    fileDialog->setMimeTypeFilters({QStringLiteral("image/jpeg")});
-    fileDialog->selectMimeTypeFilter(QStringLiteral("image/jpeg"));
+    fileDialog->setMimeTypeFilters({u"image/jpeg"_s});
+    fileDialog->selectMimeTypeFilter(u"image/jpeg"_s);
     fileDialog->setAcceptMode(QFileDialog::AcceptSave);
-    fileDialog->setDefaultSuffix(QStringLiteral("jpg"));
+    fileDialog->setDefaultSuffix(u"jpg"_s);
 
     bool isDone = false;
     while (!isDone) {

@@ -5,6 +5,8 @@
 
 #include <QHeaderView>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 VenueTableView::VenueTableView(QWidget* parent)
@@ -14,7 +16,7 @@ VenueTableView::VenueTableView(QWidget* parent)
     setShowGrid(false);
     setFrameShape(QFrame::NoFrame);
     setFrameShadow(QFrame::Plain);
-    SetCustomStyle(this, QLatin1String("tableViewKorvelAudioNetworkDevices"));
+    SetCustomStyle(this, "tableViewKorvelAudioNetworkDevices"_L1);
     setMinimumHeight(45);
     // Tab leads on to the details: the cells of a row are not chosen one by one.
     setTabKeyNavigation(false);

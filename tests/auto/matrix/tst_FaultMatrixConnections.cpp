@@ -269,12 +269,9 @@ private Q_SLOTS:
     void Http2IsOffered_data()
     {
         const Rows<std::function<void()>, bool> row("ask", "isOffered");
-        row(
-            "not for a search", [this]() { m_connector->SendGetJsonRequest(u"/api/venue"_s, {}); }, false);
-        row(
-            "not for the connector's pictures", [this]() { Send(u"/bytes"_s); }, false);
-        row(
-            "for downloads side by side", [this]() { Download(u"/bytes"_s); }, true);
+        row("not for a search", [this]() { m_connector->SendGetJsonRequest(u"/api/venue"_s, {}); }, false);
+        row("not for the connector's pictures", [this]() { Send(u"/bytes"_s); }, false);
+        row("for downloads side by side", [this]() { Download(u"/bytes"_s); }, true);
     }
     void Http2IsOffered()
     {

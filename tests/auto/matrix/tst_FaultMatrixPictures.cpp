@@ -205,9 +205,8 @@ private Q_SLOTS:
         VerifySlider(u"1/1 Picture 1"_s, address.isFetched ? u"picture"_s : u"Image failure"_s);
         // What is not fetched is not asked for either, and nothing local is read.
         QCOMPARE(m_server->Log().RequestCount(), address.isFetched ? 2 : 1);
-        if (!address.isFetched) {
+        if (!address.isFetched)
             VdbMessages::Verify({u"^Picture download failed: .* - .+$"_s});
-        }
     }
 
     void UndecodableBytes_data()

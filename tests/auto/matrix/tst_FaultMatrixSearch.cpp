@@ -131,10 +131,9 @@ private Q_SLOTS:
     void DialogSearchesAgainAfterAFault_data()
     {
         QTest::addColumn<FaultRow>("fault");
-        for (const FaultRow& row : FaultRows()) {
+        for (const FaultRow& row : FaultRows())
             if (row.search != Ok)
                 QTest::newRow(row.name.constData()) << row;
-        }
     }
     void DialogSearchesAgainAfterAFault()
     {

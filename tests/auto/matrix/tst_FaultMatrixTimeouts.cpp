@@ -225,10 +225,9 @@ private Q_SLOTS:
     void initTestCase()
     {
         m_messages = std::make_unique<VdbMessages>();
-        for (const EntryPoint& entry : EntryPoints()) {
+        for (const EntryPoint& entry : EntryPoints())
             for (const FaultRow& fault : EndlessFaultRows() + QList{JustInTimeRow()})
                 m_waits.push_back(std::make_unique<Wait>(fault, entry));
-        }
         // One more for what the user sees.
         m_server = std::make_unique<ScriptedServer>();
         m_server->Withhold(u"/api/venue"_s);

@@ -28,13 +28,13 @@ private Q_SLOTS:
         QVERIFY(!QImageWriter::supportedImageFormats().contains("jpg"));
         const QTemporaryDir folder;
         qputenv("HOME", folder.path().toLocal8Bit());
-        const QString path = folder.filePath(QStringLiteral("hall.jpg"));
+        const QString path = folder.filePath(u"hall.jpg"_s);
         PictureFullscreenDialog viewer;
         OpenViewer(viewer, {MakePicture({}, EncodedPicture(QSize(60, 40), Qt::red))});
 
         const SaveDriver user(path);
         viewer.OnSaveImageAs();
-        QCOMPARE(user.boxes, QStringList{QStringLiteral("Cannot write ") + path});
+        QCOMPARE(user.boxes, QStringList{u"Cannot write "_s + path});
         QCOMPARE(user.dialogs, 2);
         QCOMPARE(viewer.GetStatusLabel()->text(), QString());
         // Nothing is left behind, not even an empty file.
@@ -46,7 +46,7 @@ int main(int argc, char** argv)
 {
     // The windows' plug-in is found by its own path, all others by none.
     qputenv("QT_QPA_PLATFORM_PLUGIN_PATH",
-            QFile::encodeName(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms")));
+            QFile::encodeName(QLibraryInfo::path(QLibraryInfo::PluginsPath) + u"/platforms"_s));
     QCoreApplication::setLibraryPaths({});
     const QApplication application(argc, argv);
     QCoreApplication::setLibraryPaths({});
@@ -56,3 +56,5 @@ int main(int argc, char** argv)
 }
 
 #include "tst_FaultMatrixWithoutJpeg.moc"
+
+using namespace Qt::StringLiterals;

@@ -70,7 +70,7 @@ constexpr int c_waitLimit = 5000;
 
 bool IsFull()
 {
-    return qEnvironmentVariable("VDB_TORTURE") == QStringLiteral("full");
+    return qEnvironmentVariable("VDB_TORTURE") == u"full"_s;
 }
 
 QByteArray PictureBytes(const VenueRecord& /*venue*/, const PictureRecord& /*picture*/, QSize size)
@@ -93,7 +93,7 @@ QtMessageHandler g_previousHandler = nullptr;
 /// Lets the remarks of the offscreen platform go: thousands of them would use up what a test may write.
 void DropPlatformRemarks(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    if (!message.startsWith(QStringLiteral("This plugin does not support")))
+    if (!message.startsWith(u"This plugin does not support"_s))
         g_previousHandler(type, context, message);
 }
 
@@ -330,8 +330,8 @@ private:
     }
     void StepSearch()
     {
-        if (CanBeClicked(ButtonOf(QStringLiteral("Search"))))
-            Click(ButtonOf(QStringLiteral("Search")));
+        if (CanBeClicked(ButtonOf(u"Search"_s)))
+            Click(ButtonOf(u"Search"_s));
     }
     /// Details load while Qt's view code selects a row, and at no other time.
     template <typename Select> void Selecting(Select select)
@@ -382,7 +382,7 @@ private:
     }
     void StepImport()
     {
-        QPushButton* button = ButtonOf(QStringLiteral("Import to Tessra"));
+        QPushButton* button = ButtonOf(u"Import to Tessra"_s);
         if (CanBeClicked(button))
             Click(button);
     }
@@ -401,14 +401,14 @@ private:
     {
         const auto labels = m_dialog->findChildren<QLabel*>();
         const bool hasPictures = std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
-            return label->text().startsWith(QStringLiteral("1/5 "));
+            return label->text().startsWith(u"1/5 "_s);
         });
         return hasPictures && Details()->isVisible()
             && Details()->findChild<TsFileOpener*>()->findChild<QComboBox*>()->count() == 2;
     }
     bool HasFetchedTwoLargePictures()
     {
-        return m_server.Log().RequestCount(QStringLiteral("-large.")) == 2 && Viewer()->isHidden();
+        return m_server.Log().RequestCount(u"-large."_s) == 2 && Viewer()->isHidden();
     }
     bool HasSaved()
     {
@@ -513,7 +513,7 @@ bool tst_Torture::Do(Deed deed)
         m_dialog->DisconnectVdb();
         break;
     case Deed::ConnectAnew:
-        m_dialog->ConnectVdb(QStringLiteral("JSONREST"));
+        m_dialog->ConnectVdb(u"JSONREST"_s);
         break;
     case Deed::Open:
         m_dialog->Open(nullptr);
@@ -567,12 +567,12 @@ tst_Torture::Outcome tst_Torture::Run(const Scenario& scenario, const QList<Inje
     m_importCount = 0;
     m_server.Log().Clear();
     if (scenario.needsRetry)
-        m_server.AddFault(Fault::On(QStringLiteral("/api/venue")).WithStatus(503).Times(1));
-    m_fileToSave = m_folder.filePath(QStringLiteral("saved.jpg"));
+        m_server.AddFault(Fault::On(u"/api/venue"_s).WithStatus(503).Times(1));
+    m_fileToSave = m_folder.filePath(u"saved.jpg"_s);
     QFile::remove(m_fileToSave);
     m_answerer->Start(m_fileToSave, scenario.needsRetry);
     m_dialog = new VenueDbDialog;
-    m_dialog->ConnectVdb(QStringLiteral("JSONREST"));
+    m_dialog->ConnectVdb(u"JSONREST"_s);
 
     QList<std::pair<int, TurnCounter::Action>> actions;
     for (const Injection& injection : injections) {
@@ -646,9 +646,8 @@ void tst_Torture::VerifyAftermath(const Outcome& outcome, const QList<Injection>
         QVERIFY(Details()->isEnabled());
         QVERIFY(Panel()->cursor().shape() != Qt::WaitCursor);
         const auto labels = m_dialog->findChildren<QLabel*>();
-        QVERIFY(std::none_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
-            return label->text() == QStringLiteral("Loading...");
-        }));
+        QVERIFY(std::none_of(labels.cbegin(), labels.cend(),
+                             [](const QLabel* label) { return label->text() == u"Loading..."_s; }));
         delete m_dialog;
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -669,7 +668,7 @@ std::optional<tst_Torture::Outcome> tst_Torture::Torment(const Scenario& scenari
 {
     QString what = QLatin1String(scenario.name);
     for (const Injection& injection : injections)
-        what += QStringLiteral(", %1 in turn %2").arg(Name(injection.deed)).arg(injection.turn);
+        what += u", %1 in turn %2"_s.arg(Name(injection.deed)).arg(injection.turn);
     const Outcome outcome = Run(scenario, injections, what);
     m_injections += outcome.done;
     m_server.ClearFaults();
@@ -766,7 +765,7 @@ void tst_Torture::UndisturbedScenariosSucceed()
     const VdbMessages messages;
     QElapsedTimer elapsed;
     elapsed.start();
-    const Outcome outcome = Run(Scenarios().at(scenario), {}, QStringLiteral("undisturbed"));
+    const Outcome outcome = Run(Scenarios().at(scenario), {}, u"undisturbed"_s);
     qInfo("torture: %s, %d turns, %lld ms", Scenarios().at(scenario).name, outcome.turns, elapsed.elapsed());
     QCOMPARE(outcome.code, c_scenarioEnded);
     QVERIFY(outcome.hasSucceeded);
@@ -778,10 +777,9 @@ void tst_Torture::OneDeedInAnyTurn_data()
 {
     QTest::addColumn<int>("scenario");
     QTest::addColumn<Deed>("deed");
-    for (int index = 0; index < Scenarios().size(); ++index) {
+    for (int index = 0; index < Scenarios().size(); ++index)
         for (const Deed deed : Deeds())
             QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
-    }
 }
 
 void tst_Torture::OneDeedInAnyTurn()
@@ -856,9 +854,9 @@ void tst_Torture::EveryWaitForASilentServerEnds()
         // Without further ado every second one.
         if (!IsFull() && (request + int(deed)) % 2 != 0)
             continue;
-        const QString what = QStringLiteral("%1: %2 while request %3 waits")
-                                 .arg(QLatin1String(Scenarios().at(scenario).name), Name(deed))
-                                 .arg(request);
+        const QString what
+            = u"%1: %2 while request %3 waits"_s.arg(QLatin1String(Scenarios().at(scenario).name), Name(deed))
+                  .arg(request);
         int arrived = request < 0 ? 0 : -1;
         bool isDone = false;
         QObject context;
@@ -916,13 +914,13 @@ void tst_Torture::ProcessEndsSoonAfterExit()
 {
     QFETCH(int, scenario);
     QFETCH(Deed, deed);
-    const QString authority = m_folder.filePath(QStringLiteral("authority.pem"));
+    const QString authority = m_folder.filePath(u"authority.pem"_s);
     WriteFile(authority, m_server.CaPem());
 
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The search for leaks takes seconds of its own.
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s);
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     // In the middle of it. A process of its own may need fewer turns, and then ends before the deed: try an
@@ -931,7 +929,7 @@ void tst_Torture::ProcessEndsSoonAfterExit()
     for (int turn = UndisturbedTurns(scenario) / 2; turn > 0 && !output.contains("deed\n"); turn /= 2) {
         process.waitForFinished(c_exitLimit);
         process.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--child"), QString::number(scenario), QString::number(int(deed)),
+                      {u"--child"_s, QString::number(scenario), QString::number(int(deed)),
                        QString::number(turn), QString::number(m_server.ProxyPort()), authority});
         while (!output.contains("deed\n") && process.waitForReadyRead(2 * c_scenarioLimit))
             output += process.readAll();
@@ -954,14 +952,13 @@ int tst_Torture::RunAsChild(const QStringList& arguments)
     QFile authority(arguments.at(6));
     if (!authority.open(QIODevice::ReadOnly))
         return c_scenarioHangs;
-    const QNetworkProxy proxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"),
-                              arguments.at(5).toUShort());
+    const QNetworkProxy proxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, arguments.at(5).toUShort());
     m_network = std::make_unique<ApplicationNetworkGuard>(proxy, QSslCertificate(&authority));
     m_turns = std::make_unique<TurnCounter>();
     m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
     m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);
     m_reportsDeed = true;
-    const Outcome outcome = Run(scenario, {{arguments.at(4).toInt(), deed}}, QStringLiteral("child"));
+    const Outcome outcome = Run(scenario, {{arguments.at(4).toInt(), deed}}, u"child"_s);
     delete m_dialog;
     return outcome.code;
 }
@@ -978,9 +975,11 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     tst_Torture torture;
     const QStringList arguments = QApplication::arguments();
-    if (arguments.value(1) == QStringLiteral("--child"))
+    if (arguments.value(1) == u"--child"_s)
         return torture.RunAsChild(arguments);
     return QTest::qExec(&torture, argc, argv);
 }
 
 #include "tst_Torture.moc"
+
+using namespace Qt::StringLiterals;

@@ -62,7 +62,7 @@ QList<Picture> TwoPictures()
     for (const Qt::GlobalColor color : {Qt::darkCyan, Qt::darkRed}) {
         const QByteArray data = EncodedPicture(QSize(300, 240), color);
         // With a large rendition the viewer fetches nothing.
-        pictures.append(MakePicture(data, data, QStringLiteral("Stage")));
+        pictures.append(MakePicture(data, data, u"Stage"_s));
     }
     return pictures;
 }
@@ -72,9 +72,9 @@ struct ShownDialog
 {
     ShownDialog()
     {
-        connector.venues = {MakeVenue(7, QStringLiteral("Festspielhaus"), QStringLiteral("Germany"))};
+        connector.venues = {MakeVenue(7, u"Festspielhaus"_s, u"Germany"_s)};
         connector.onGetPictures = [](qint64) { return TwoPictures(); };
-        connector.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(QStringLiteral("stage.tessra"))}; };
+        connector.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(u"stage.tessra"_s)}; };
         dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
         dialog.Open(nullptr);
         table = dialog.findChild<QTableView*>();
@@ -98,7 +98,7 @@ struct ShownDialog
 QString FocusedName()
 {
     QWidget* widget = QApplication::focusWidget();
-    return widget ? NameOf(widget) : QStringLiteral("nothing");
+    return widget ? NameOf(widget) : u"nothing"_s;
 }
 
 } // namespace
@@ -127,15 +127,15 @@ private Q_SLOTS:
     {
         const ShownDialog shown;
         QVERIFY(shown.isShown);
-        QCOMPARE(NameOf(NavigationButton(*shown.slider, 0)), QStringLiteral("Previous picture"));
-        QCOMPARE(NameOf(NavigationButton(*shown.slider, 1)), QStringLiteral("Next picture"));
-        QCOMPARE(NameOf(FullscreenButton(*shown.slider)), QStringLiteral("Show pictures full screen"));
-        QCOMPARE(NameOf(shown.slider), QStringLiteral("Venue pictures"));
-        QCOMPARE(NameOf(shown.table), QStringLiteral("Venues"));
+        QCOMPARE(NameOf(NavigationButton(*shown.slider, 0)), u"Previous picture"_s);
+        QCOMPARE(NameOf(NavigationButton(*shown.slider, 1)), u"Next picture"_s);
+        QCOMPARE(NameOf(FullscreenButton(*shown.slider)), u"Show pictures full screen"_s);
+        QCOMPARE(NameOf(shown.slider), u"Venue pictures"_s);
+        QCOMPARE(NameOf(shown.table), u"Venues"_s);
         QVERIFY(!DescriptionOf(shown.table).isEmpty());
         auto* view = shown.dialog.findChild<PictureView*>();
-        QCOMPARE(NameOf(view), QStringLiteral("Picture"));
-        QVERIFY(DescriptionOf(view).contains(QStringLiteral("Page Up shows the next picture")));
+        QCOMPARE(NameOf(view), u"Picture"_s);
+        QVERIFY(DescriptionOf(view).contains(u"Page Up shows the next picture"_s));
         for (QPushButton* button : {NavigationButton(*shown.slider, 0), NavigationButton(*shown.slider, 1)})
             QCOMPARE(Accessible(button)->role(), QAccessible::Button);
     }
@@ -160,46 +160,46 @@ private Q_SLOTS:
         PictureSlider slider;
         QList<Picture> pictures;
         slider.UpdateUi(&pictures);
-        QCOMPARE(DescriptionOf(&slider), QStringLiteral("No Image"));
+        QCOMPARE(DescriptionOf(&slider), u"No Image"_s);
         pictures = TwoPictures();
         slider.UpdateUi(&pictures);
         QCOMPARE(DescriptionOf(&slider), QString());
         pictures[0].SetPictureDataSmall("no picture");
         slider.UpdateUi(&pictures);
-        QCOMPARE(DescriptionOf(&slider), QStringLiteral("Image failure"));
+        QCOMPARE(DescriptionOf(&slider), u"Image failure"_s);
     }
 
     void TabLeadsThroughTheDialogAsItIsRead()
     {
         const ShownDialog shown;
         QVERIFY(shown.isShown);
-        const QStringList order = {QStringLiteral("Complex name:"),
-                                   QStringLiteral("Venue/room name:"),
-                                   QStringLiteral("City:"),
-                                   QStringLiteral("Country:"),
-                                   QStringLiteral("Search"),
-                                   QStringLiteral("Reset"),
-                                   QStringLiteral("Venues"),
-                                   QStringLiteral("Collapse venue details"),
-                                   QStringLiteral("Previous picture"),
-                                   QStringLiteral("Next picture"),
-                                   QStringLiteral("Show pictures full screen"),
-                                   QStringLiteral("ID:"),
-                                   QStringLiteral("Editing date (UTC):"),
-                                   QStringLiteral("Upload date:"),
-                                   QStringLiteral("Complex name:"),
-                                   QStringLiteral("Venue/room name:"),
-                                   QStringLiteral("File selector: "),
-                                   QStringLiteral("Import to Tessra"),
-                                   QStringLiteral("General comment:"),
-                                   QStringLiteral("Address:"),
-                                   QStringLiteral("Location comment:"),
-                                   QStringLiteral("Address:"),
-                                   QStringLiteral("Comment:"),
-                                   QStringLiteral("Clearance of house grid (m):"),
-                                   QStringLiteral("Comment:"),
-                                   QStringLiteral("Close"),
-                                   QStringLiteral("Help")};
+        const QStringList order = {u"Complex name:"_s,
+                                   u"Venue/room name:"_s,
+                                   u"City:"_s,
+                                   u"Country:"_s,
+                                   u"Search"_s,
+                                   u"Reset"_s,
+                                   u"Venues"_s,
+                                   u"Collapse venue details"_s,
+                                   u"Previous picture"_s,
+                                   u"Next picture"_s,
+                                   u"Show pictures full screen"_s,
+                                   u"ID:"_s,
+                                   u"Editing date (UTC):"_s,
+                                   u"Upload date:"_s,
+                                   u"Complex name:"_s,
+                                   u"Venue/room name:"_s,
+                                   u"File selector: "_s,
+                                   u"Import to Tessra"_s,
+                                   u"General comment:"_s,
+                                   u"Address:"_s,
+                                   u"Location comment:"_s,
+                                   u"Address:"_s,
+                                   u"Comment:"_s,
+                                   u"Clearance of house grid (m):"_s,
+                                   u"Comment:"_s,
+                                   u"Close"_s,
+                                   u"Help"_s};
         shown.dialog.findChild<VenueDbCentralWidget*>()->findChild<QLineEdit*>()->setFocus(
             Qt::TabFocusReason);
         QStringList found;
@@ -257,26 +257,26 @@ private Q_SLOTS:
     {
         const ShownDialog shown;
         QVERIFY(shown.isShown);
-        QCOMPARE(Caption(*shown.slider)->text(), QStringLiteral("1/2 Stage"));
+        QCOMPARE(Caption(*shown.slider)->text(), u"1/2 Stage"_s);
         Press(NavigationButton(*shown.slider, 1));
-        QTRY_COMPARE(Caption(*shown.slider)->text(), QStringLiteral("2/2 Stage"));
+        QTRY_COMPARE(Caption(*shown.slider)->text(), u"2/2 Stage"_s);
         QTest::keyClick(NavigationButton(*shown.slider, 0), Qt::Key_Space);
-        QCOMPARE(Caption(*shown.slider)->text(), QStringLiteral("1/2 Stage"));
+        QCOMPARE(Caption(*shown.slider)->text(), u"1/2 Stage"_s);
 
         auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
         Press(FullscreenButton(*shown.slider));
         QTRY_VERIFY(viewer->isVisible());
         // Tab leads from the picture to its buttons, which the mouse leaves without the focus.
-        QCOMPARE(FocusedName(), QStringLiteral("Picture"));
+        QCOMPARE(FocusedName(), u"Picture"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QCOMPARE(FocusedName(), QStringLiteral("Previous picture"));
+        QCOMPARE(FocusedName(), u"Previous picture"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QCOMPARE(FocusedName(), QStringLiteral("Next picture"));
+        QCOMPARE(FocusedName(), u"Next picture"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-        QTRY_COMPARE(Caption(*viewer)->text(), QStringLiteral("2/2 Stage"));
+        QTRY_COMPARE(Caption(*viewer)->text(), u"2/2 Stage"_s);
         // The viewer's own keys go on working there.
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
-        QCOMPARE(Caption(*viewer)->text(), QStringLiteral("1/2 Stage"));
+        QCOMPARE(Caption(*viewer)->text(), u"1/2 Stage"_s);
         viewer->hide();
     }
 
@@ -292,13 +292,13 @@ private Q_SLOTS:
             QAccessibleActionInterface::pressAction()));
         QVERIFY(Accessible(icon)->state().expandable);
         QVERIFY(Accessible(icon)->state().expanded);
-        QCOMPARE(NameOf(icon), QStringLiteral("Collapse venue details"));
+        QCOMPARE(NameOf(icon), u"Collapse venue details"_s);
 
         Press(icon);
         QVERIFY(!body->isVisible());
         QVERIFY(Accessible(icon)->state().collapsed);
         QVERIFY(!Accessible(icon)->state().expanded);
-        QCOMPARE(NameOf(icon), QStringLiteral("Expand venue details"));
+        QCOMPARE(NameOf(icon), u"Expand venue details"_s);
         QTest::keyClick(icon, Qt::Key_Space);
         QVERIFY(body->isVisible());
         QTest::keyClick(icon, Qt::Key_Return);
@@ -343,10 +343,10 @@ private Q_SLOTS:
         shown.dialog.SetDayMode(dayMode);
         QWidget* widget = FoldIcon(*shown.details);
         QWidget* shownIn = widget;
-        if (target == QLatin1String("navigation button")) {
+        if (target == "navigation button"_L1) {
             widget = NavigationButton(*shown.slider, 0);
             shownIn = shown.slider;
-        } else if (target == QLatin1String("full-screen button")) {
+        } else if (target == "full-screen button"_L1) {
             widget = FullscreenButton(*shown.slider);
             shownIn = shown.slider;
         }
@@ -367,3 +367,5 @@ private Q_SLOTS:
 QTEST_MAIN(tst_Accessibility)
 
 #include "tst_Accessibility.moc"
+
+using namespace Qt::StringLiterals;

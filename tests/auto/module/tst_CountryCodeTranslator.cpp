@@ -16,34 +16,33 @@ private Q_SLOTS:
     void CodeTranslatesToName_data()
     {
         const Rows<QString, QString> row("code", "name");
-        const QString unknown = QStringLiteral("unknown");
-        row("upper case", QStringLiteral("DE"), QStringLiteral("Germany"));
-        row("lower case is unknown", QStringLiteral("de"), unknown);
+        const QString unknown = u"unknown"_s;
+        row("upper case", u"DE"_s, u"Germany"_s);
+        row("lower case is unknown", u"de"_s, unknown);
         row("empty is unknown", {}, unknown);
-        row("blank around is unknown", QStringLiteral(" DE"), unknown);
-        row("withdrawn code stays", QStringLiteral("AN"), QStringLiteral("Netherlands Antilles"));
+        row("blank around is unknown", u" DE"_s, unknown);
+        row("withdrawn code stays", u"AN"_s, u"Netherlands Antilles"_s);
         for (const char* gap : {"UA", "AQ", "BV", "GS", "HM"})
             QTest::addRow("gap %s", gap) << QString::fromLatin1(gap) << unknown;
-        row("accent in BL", QStringLiteral("BL"), QStringLiteral(u"Saint Barth\u00e9lemy"));
-        row("cedilla in CW", QStringLiteral("CW"), QStringLiteral(u"Cura\u00e7ao"));
-        row("plain ASCII: AX", QStringLiteral("AX"), QStringLiteral("Aland Islands"));
-        row("plain ASCII: CI", QStringLiteral("CI"), QStringLiteral("Cote d'Ivoire"));
-        row("plain ASCII: RE", QStringLiteral("RE"), QStringLiteral("Reunion"));
-        row("plain ASCII: ST", QStringLiteral("ST"), QStringLiteral("Sao Tome and Principe"));
-        row("older name: SZ", QStringLiteral("SZ"), QStringLiteral("Swaziland"));
-        row("older name: CV", QStringLiteral("CV"), QStringLiteral("Cape Verde"));
-        row("older name: CZ", QStringLiteral("CZ"), QStringLiteral("Czech Republic"));
-        row("older name: MK", QStringLiteral("MK"),
-            QStringLiteral("Macedonia, the former Yugoslav Republic of"));
-        row("older name: TR", QStringLiteral("TR"), QStringLiteral("Turkey"));
-        row("older name: VA", QStringLiteral("VA"), QStringLiteral("Holy See (Vatican City State)"));
-        row("punctuation: US", QStringLiteral("US"), QStringLiteral("United States of America (the)"));
-        row("punctuation: MF", QStringLiteral("MF"), QStringLiteral("Saint Martin (French Part)"));
-        row("punctuation: SX", QStringLiteral("SX"), QStringLiteral("Sint Maarten (Dutch Part)"));
-        row("punctuation: VI", QStringLiteral("VI"), QStringLiteral("Virgin Islands (U.S.)"));
-        row("punctuation: VG", QStringLiteral("VG"), QStringLiteral("Virgin Islands, British"));
-        row("punctuation: CD", QStringLiteral("CD"), QStringLiteral("Congo, the Democratic Republic of the"));
-        row("punctuation: BO", QStringLiteral("BO"), QStringLiteral("Bolivia, Plurinational State of"));
+        row("accent in BL", u"BL"_s, u"Saint Barth\u00e9lemy"_s);
+        row("cedilla in CW", u"CW"_s, u"Cura\u00e7ao"_s);
+        row("plain ASCII: AX", u"AX"_s, u"Aland Islands"_s);
+        row("plain ASCII: CI", u"CI"_s, u"Cote d'Ivoire"_s);
+        row("plain ASCII: RE", u"RE"_s, u"Reunion"_s);
+        row("plain ASCII: ST", u"ST"_s, u"Sao Tome and Principe"_s);
+        row("older name: SZ", u"SZ"_s, u"Swaziland"_s);
+        row("older name: CV", u"CV"_s, u"Cape Verde"_s);
+        row("older name: CZ", u"CZ"_s, u"Czech Republic"_s);
+        row("older name: MK", u"MK"_s, u"Macedonia, the former Yugoslav Republic of"_s);
+        row("older name: TR", u"TR"_s, u"Turkey"_s);
+        row("older name: VA", u"VA"_s, u"Holy See (Vatican City State)"_s);
+        row("punctuation: US", u"US"_s, u"United States of America (the)"_s);
+        row("punctuation: MF", u"MF"_s, u"Saint Martin (French Part)"_s);
+        row("punctuation: SX", u"SX"_s, u"Sint Maarten (Dutch Part)"_s);
+        row("punctuation: VI", u"VI"_s, u"Virgin Islands (U.S.)"_s);
+        row("punctuation: VG", u"VG"_s, u"Virgin Islands, British"_s);
+        row("punctuation: CD", u"CD"_s, u"Congo, the Democratic Republic of the"_s);
+        row("punctuation: BO", u"BO"_s, u"Bolivia, Plurinational State of"_s);
     }
     void CodeTranslatesToName()
     {
@@ -55,13 +54,13 @@ private Q_SLOTS:
     void NameTranslatesToCode_data()
     {
         const Rows<QString, QString> row("name", "code");
-        row("exact", QStringLiteral("Germany"), QStringLiteral("DE"));
-        row("lower case is unknown", QStringLiteral("germany"), QStringLiteral("-"));
-        row("empty is unknown", {}, QStringLiteral("-"));
-        row("unfilled pattern is unknown", QStringLiteral("Saint Barth%1lemy"), QStringLiteral("-"));
-        row("filled pattern", QStringLiteral(u"Saint Barth\u00e9lemy"), QStringLiteral("BL"));
-        row("with its article", QStringLiteral("United States of America (the)"), QStringLiteral("US"));
-        row("without its article", QStringLiteral("United States of America"), QStringLiteral("-"));
+        row("exact", u"Germany"_s, u"DE"_s);
+        row("lower case is unknown", u"germany"_s, u"-"_s);
+        row("empty is unknown", {}, u"-"_s);
+        row("unfilled pattern is unknown", u"Saint Barth%1lemy"_s, u"-"_s);
+        row("filled pattern", u"Saint Barth\u00e9lemy"_s, u"BL"_s);
+        row("with its article", u"United States of America (the)"_s, u"US"_s);
+        row("without its article", u"United States of America"_s, u"-"_s);
     }
     void NameTranslatesToCode()
     {
@@ -80,21 +79,20 @@ private Q_SLOTS:
         const auto isNotLess = [](const QString& left, const QString& right) { return !(left < right); };
         QVERIFY(std::adjacent_find(codes.cbegin(), codes.cend(), isNotLess) == codes.cend());
         QVERIFY(std::adjacent_find(names.cbegin(), names.cend(), isNotLess) == names.cend());
-        QCOMPARE(codes.first(), QStringLiteral("AD"));
-        QCOMPARE(codes.last(), QStringLiteral("ZW"));
-        QCOMPARE(names.first(), QStringLiteral("Afghanistan"));
-        QCOMPARE(names.last(), QStringLiteral("Zimbabwe"));
+        QCOMPARE(codes.first(), u"AD"_s);
+        QCOMPARE(codes.last(), u"ZW"_s);
+        QCOMPARE(names.first(), u"Afghanistan"_s);
+        QCOMPARE(names.last(), u"Zimbabwe"_s);
     }
 
     void NeighboursFollowCodeUnitOrder_data()
     {
         const Rows<QString, QString> row("first", "second");
-        row("no accent", QStringLiteral("Afghanistan"), QStringLiteral("Aland Islands"));
-        row("prefix first", QStringLiteral("Congo"), QStringLiteral("Congo, the Democratic Republic of the"));
-        row("upper case first", QStringLiteral("United States Minor Outlying Islands"),
-            QStringLiteral("United States of America (the)"));
-        row("bracket before comma", QStringLiteral("Virgin Islands (U.S.)"),
-            QStringLiteral("Virgin Islands, British"));
+        row("no accent", u"Afghanistan"_s, u"Aland Islands"_s);
+        row("prefix first", u"Congo"_s, u"Congo, the Democratic Republic of the"_s);
+        row("upper case first", u"United States Minor Outlying Islands"_s,
+            u"United States of America (the)"_s);
+        row("bracket before comma", u"Virgin Islands (U.S.)"_s, u"Virgin Islands, British"_s);
     }
     void NeighboursFollowCodeUnitOrder()
     {
@@ -123,3 +121,5 @@ private Q_SLOTS:
 
 QTEST_GUILESS_MAIN(tst_CountryCodeTranslator)
 #include "tst_CountryCodeTranslator.moc"
+
+using namespace Qt::StringLiterals;

@@ -109,7 +109,7 @@ private Q_SLOTS:
         m_server->ClearFaults();
         m_server->Log().Clear();
         m_dialog = new VenueDbDialog;
-        QVERIFY(m_dialog->ConnectVdb(QStringLiteral("JSONREST")));
+        QVERIFY(m_dialog->ConnectVdb(u"JSONREST"_s));
     }
 
     void cleanup()
@@ -163,12 +163,11 @@ private Q_SLOTS:
         const qint64 id = IdOfRow(4);
         QVERIFY(Details()->isVisible());
         // Both lists, then every picture and file at once.
-        QCOMPARE(m_server->Log().RequestCount(QStringLiteral("filter[entity_id]=%1").arg(id)), 2);
+        QCOMPARE(m_server->Log().RequestCount(u"filter[entity_id]=%1"_s.arg(id)), 2);
         QCOMPARE(m_server->Log().RequestCount(), 2 + 2 + 3 + 2);
         const auto labels = Details()->findChildren<QLabel*>();
-        QVERIFY(std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
-            return label->text().startsWith(QStringLiteral("1/3 "));
-        }));
+        QVERIFY(std::any_of(labels.cbegin(), labels.cend(),
+                            [](const QLabel* label) { return label->text().startsWith(u"1/3 "_s); }));
         const auto record = std::find_if(m_catalogue.Venues().cbegin(), m_catalogue.Venues().cend(),
                                          [id](const auto& venue) { return venue.entityId == id; });
         auto* opener = Details()->findChild<TsFileOpener*>();
@@ -187,7 +186,7 @@ private Q_SLOTS:
         QSignalSpy requests(VenueDbSignalHandler::GetInstance(),
                             &VenueDbSignalHandler::ImportVenueFromTempFileRequest);
         auto* opener = Details()->findChild<TsFileOpener*>();
-        QTest::mouseClick(Button(*m_dialog, QStringLiteral("Import to Tessra")), Qt::LeftButton);
+        QTest::mouseClick(Button(*m_dialog, u"Import to Tessra"_s), Qt::LeftButton);
         QCOMPARE(requests.count(), 1);
         QCOMPARE(ContentOf(requests.first().first().toString()),
                  m_catalogue.Venues().last().modelFiles.first().content);
@@ -212,8 +211,7 @@ private Q_SLOTS:
     {
         m_server->Stop();
         const BoxDriver driver([this](QMessageBox* box) {
-            QCOMPARE(box->text(),
-                     QStringLiteral("Unable to connect to server. \nPlease check your internet connection."));
+            QCOMPARE(box->text(), u"Unable to connect to server. \nPlease check your internet connection."_s);
             QVERIFY(m_server->Start());
             QTest::mouseClick(box->button(QMessageBox::Retry), Qt::LeftButton);
         });
@@ -226,7 +224,7 @@ private Q_SLOTS:
     void FailingServerLeadsToTheErrorBox_data()
     {
         const Rows<Fault> row("fault");
-        const QString venues = QStringLiteral("/api/venue");
+        const QString venues = u"/api/venue"_s;
         row("error status, right media type", Fault::On(venues).WithStatus(500));
         row("media type with charset",
             Fault::On(venues).WithMediaType("application/vnd.api+json; charset=utf-8"));
@@ -248,17 +246,17 @@ private Q_SLOTS:
     void SearchEndsWhenTheHostInterferes_data()
     {
         const Rows<QString, bool> row("action", "survives");
-        row("disconnect", QStringLiteral("disconnect"), true);
-        row("connect anew", QStringLiteral("connect"), true);
-        row("delete", QStringLiteral("delete"), false);
-        row("delete later", QStringLiteral("deleteLater"), false);
+        row("disconnect", u"disconnect"_s, true);
+        row("connect anew", u"connect"_s, true);
+        row("delete", u"delete"_s, false);
+        row("delete later", u"deleteLater"_s, false);
     }
     void SearchEndsWhenTheHostInterferes()
     {
         QFETCH(QString, action);
         QFETCH(bool, survives);
-        m_server->AddFault(Fault::On(QStringLiteral("/api/venue")).WithoutAnswer());
-        OnRequest(QStringLiteral("/api/venue"), [this, action]() { Interfere(action); });
+        m_server->AddFault(Fault::On(u"/api/venue"_s).WithoutAnswer());
+        OnRequest(u"/api/venue"_s, [this, action]() { Interfere(action); });
         const auto driver = AnswerBox(QMessageBox::Close);
         m_dialog->Open(nullptr);
         if (survives)
@@ -287,8 +285,8 @@ private Q_SLOTS:
         QFETCH(QString, action);
         QFETCH(bool, survives);
         OpenAndWait();
-        const bool endsTheWait = action == QStringLiteral("disconnect") || action == QStringLiteral("connect")
-            || action == QStringLiteral("deleteLater");
+        const bool endsTheWait
+            = action == u"disconnect"_s || action == u"connect"_s || action == u"deleteLater"_s;
         // What does not end the wait itself is answered a little later.
         if (endsTheWait)
             m_server->AddFault(Fault::On(request).WithoutAnswer());
@@ -299,26 +297,25 @@ private Q_SLOTS:
         elapsed.start();
         ClickRow(Table(), 2);
         QVERIFY(elapsed.elapsed() < c_promptly);
-        if (survives) {
+        if (survives)
             QVERIFY(Details()->isEnabled());
-        } else {
+        else
             QTRY_VERIFY_WITH_TIMEOUT(!m_dialog, c_promptly);
-        }
     }
 
     void QuittingEndsEveryWait_data()
     {
         const Rows<QString> row("request");
-        row("search", QStringLiteral("include=editor"));
-        row("picture list", QStringLiteral("from_the_auditorium"));
-        row("picture bytes", QStringLiteral("-small."));
-        row("model-file list", QStringLiteral("tessra.file"));
-        row("model-file bytes", QStringLiteral("/files/models"));
+        row("search", u"include=editor"_s);
+        row("picture list", u"from_the_auditorium"_s);
+        row("picture bytes", u"-small."_s);
+        row("model-file list", u"tessra.file"_s);
+        row("model-file bytes", u"/files/models"_s);
     }
     void QuittingEndsEveryWait()
     {
         QFETCH(QString, request);
-        const bool isSearch = request == QStringLiteral("include=editor");
+        const bool isSearch = request == u"include=editor"_s;
         if (!isSearch)
             OpenAndWait();
         m_server->Log().Clear();
@@ -347,17 +344,17 @@ private Q_SLOTS:
 private:
     void Interfere(const QString& action)
     {
-        if (action == QStringLiteral("disconnect"))
+        if (action == u"disconnect"_s)
             m_dialog->DisconnectVdb();
-        else if (action == QStringLiteral("connect"))
-            m_dialog->ConnectVdb(QStringLiteral("JSONREST"));
-        else if (action == QStringLiteral("delete"))
+        else if (action == u"connect"_s)
+            m_dialog->ConnectVdb(u"JSONREST"_s);
+        else if (action == u"delete"_s)
             delete m_dialog;
-        else if (action == QStringLiteral("deleteLater"))
+        else if (action == u"deleteLater"_s)
             m_dialog->deleteLater();
-        else if (action == QStringLiteral("open"))
+        else if (action == u"open"_s)
             m_dialog->Open(nullptr);
-        else if (action == QStringLiteral("hide"))
+        else if (action == u"hide"_s)
             m_dialog->hide();
         else
             QFAIL("unknown action");
@@ -366,3 +363,5 @@ private:
 
 QTEST_MAIN(tst_EndToEnd)
 #include "tst_EndToEnd.moc"
+
+using namespace Qt::StringLiterals;

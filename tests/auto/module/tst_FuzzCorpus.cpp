@@ -44,8 +44,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, name);
         const QString folder = QStringLiteral(VDB_SOURCE_DIR "/fuzz/");
-        QVERIFY(QDir(folder + QStringLiteral("corpus/") + name).entryList(QDir::Files).size() >= 10);
-        QVERIFY(QFile::exists(folder + QStringLiteral("dictionary/%1.dict").arg(name)));
+        QVERIFY(QDir(folder + u"corpus/"_s + name).entryList(QDir::Files).size() >= 10);
+        QVERIFY(QFile::exists(folder + u"dictionary/%1.dict"_s.arg(name)));
     }
 
     void NoInputBreaksAPromise_data()
@@ -74,3 +74,5 @@ private Q_SLOTS:
 QTEST_MAIN(tst_FuzzCorpus)
 
 #include "tst_FuzzCorpus.moc"
+
+using namespace Qt::StringLiterals;

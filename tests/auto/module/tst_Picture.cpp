@@ -66,10 +66,9 @@ private Q_SLOTS:
         QCOMPARE((picture.*getter)(), QString());
         (picture.*setter)(u"<i>\u0416</i>"_s);
         QCOMPARE((picture.*getter)(), u"<i>\u0416</i>"_s);
-        for (const TextField& other : c_textFields) {
+        for (const TextField& other : c_textFields)
             if (other.getter != getter)
                 QCOMPARE((picture.*other.getter)(), QString());
-        }
     }
 
     void BytesAreKeptAndTouchNoOther_data()
@@ -87,10 +86,9 @@ private Q_SLOTS:
         QCOMPARE((picture.*getter)(), QByteArray());
         (picture.*setter)(bytes);
         QCOMPARE((picture.*getter)(), bytes);
-        for (const BytesField& other : c_bytesFields) {
+        for (const BytesField& other : c_bytesFields)
             if (other.getter != getter)
                 QCOMPARE((picture.*other.getter)(), QByteArray());
-        }
     }
 
     void BestDataAtHand_data()

@@ -497,10 +497,9 @@ private Q_SLOTS:
         const int distance = size.width() / c_lineCount;
         QImage lines(size, QImage::Format_RGB32);
         lines.fill(Qt::white);
-        for (int line = 0; line < c_lineCount; ++line) {
+        for (int line = 0; line < c_lineCount; ++line)
             for (int y = 0; y < size.height(); ++y)
                 lines.setPixelColor(line * distance + distance / 2, y, Qt::black);
-        }
         ShownViewer dialog({MakePicture({}, Png(lines))});
         QVERIFY(View(dialog)->transform().m11() < 0.5);
         const QImage shown = View(dialog)->viewport()->grab().toImage();

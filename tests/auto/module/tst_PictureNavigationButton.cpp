@@ -38,10 +38,9 @@ void Hover(QWidget* widget, QEvent::Type type)
 int CountNear(const QImage& image, const QRect& area, QRgb color)
 {
     int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int y = area.top(); y <= area.bottom(); ++y)
         for (int x = area.left(); x <= area.right(); ++x)
             count += IsNear(image.pixel(x, y), color) ? 1 : 0;
-    }
     return count;
 }
 
@@ -247,10 +246,9 @@ private Q_SLOTS:
         // The tip stands 4 pixels from the centre on its side, on the black disc in white.
         const auto isBright = [&image](const QRect& area) {
             for (int y = area.top(); y <= area.bottom(); ++y) {
-                for (int x = area.left(); x <= area.right(); ++x) {
+                for (int x = area.left(); x <= area.right(); ++x)
                     if (qGray(image.pixel(x, y)) > 128)
                         return true;
-                }
             }
             return false;
         };

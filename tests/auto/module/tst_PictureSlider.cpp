@@ -76,10 +76,9 @@ QRect Inked(const QImage& image, const QColor& background)
 {
     QRect inked;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < image.width(); ++x)
             if (!IsNear(image.pixelColor(x, y), background))
                 inked |= QRect(x, y, 1, 1);
-        }
     }
     return inked;
 }

@@ -30,10 +30,9 @@ constexpr const char* c_screens = R"({"screens": [
 /// The screen with \p scale; the platform lists them in an order of its own.
 QScreen* ScreenOf(int scale)
 {
-    for (QScreen* screen : QGuiApplication::screens()) {
+    for (QScreen* screen : QGuiApplication::screens())
         if (qFuzzyCompare(screen->devicePixelRatio(), scale))
             return screen;
-    }
     return nullptr;
 }
 
@@ -76,10 +75,9 @@ private Q_SLOTS:
         PictureSlider slider;
         // Stripes one pixel wide, to be seen one by one only where the screen has as many pixels.
         QImage stripes(1000, 480, QImage::Format_RGB32);
-        for (int x = 0; x < stripes.width(); ++x) {
+        for (int x = 0; x < stripes.width(); ++x)
             for (int y = 0; y < stripes.height(); ++y)
                 stripes.setPixel(x, y, x % 2 == 0 ? qRgb(250, 250, 250) : qRgb(10, 10, 10));
-        }
         Show(slider, {MakePicture(Png(stripes))});
         slider.move(10, 10);
         slider.show();
@@ -104,7 +102,7 @@ private Q_SLOTS:
 int main(int argc, char* argv[])
 {
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("screens.json"));
+    const QString file = folder.filePath(u"screens.json"_s);
     WriteFile(file, c_screens);
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file));
 
@@ -114,3 +112,5 @@ int main(int argc, char* argv[])
 }
 
 #include "tst_ScreenChange.moc"
+
+using namespace Qt::StringLiterals;

@@ -20,12 +20,12 @@ namespace {
 /// The definition: what Qt's parser makes of the text.
 QDate ParsedDate(const QString& text)
 {
-    return QDate::fromString(text, QStringLiteral("yyyy-MM-dd"), QCalendar());
+    return QDate::fromString(text, u"yyyy-MM-dd"_s, QCalendar());
 }
 
 QDateTime ParsedDateTime(const QString& text)
 {
-    return QDateTime::fromString(text, QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00"), QCalendar());
+    return QDateTime::fromString(text, u"yyyy-MM-ddThh:mm:ss+00:00"_s, QCalendar());
 }
 
 /// A reply with a venue for each of \p texts, which is both dates of it.
@@ -34,11 +34,10 @@ QJsonObject Document(const QStringList& texts)
     QJsonArray data;
     // The connector lists venues in the reverse order.
     for (auto text = texts.crbegin(); text != texts.crend(); ++text) {
-        data.append(QJsonObject{
-            {QStringLiteral("attributes"),
-             QJsonObject{{QStringLiteral("created"), *text}, {QStringLiteral("changed"), *text}}}});
+        data.append(
+            QJsonObject{{u"attributes"_s, QJsonObject{{u"created"_s, *text}, {u"changed"_s, *text}}}});
     }
-    return {{QStringLiteral("data"), data}};
+    return {{u"data"_s, data}};
 }
 
 /// What the connector makes of \p texts, in their order.
@@ -112,7 +111,7 @@ private Q_SLOTS:
                                  "1900-01-01T00:00:00+00:00",
                                  "2400-12-31T23:59:59+00:00"})
             row(*text ? text : "empty", QString::fromLatin1(text));
-        row("digits of another script", QStringLiteral(u"\u0662\u0660\u0662\u0664-03-01"));
+        row("digits of another script", u"\u0662\u0660\u0662\u0664-03-01"_s);
     }
     void ReadsAsQtParses()
     {
@@ -127,9 +126,9 @@ private Q_SLOTS:
     {
         // Every 7 hours from 1995 to 2037: passes every gap and every repeated hour in turn.
         QStringList texts;
-        for (QDateTime moment = QDateTime::fromString(QStringLiteral("1995-01-01T00:00:00Z"), Qt::ISODate);
+        for (QDateTime moment = QDateTime::fromString(u"1995-01-01T00:00:00Z"_s, Qt::ISODate);
              moment.date().year() < 2037; moment = moment.addSecs(7 * 3600 + 60))
-            texts.append(moment.toString(QStringLiteral("yyyy-MM-ddThh:mm:ss")) + QStringLiteral("+00:00"));
+            texts.append(moment.toString(u"yyyy-MM-ddThh:mm:ss"_s) + u"+00:00"_s);
         QVERIFY(texts.size() > 50000);
         ExpectAsParsed(texts);
     }
@@ -137,10 +136,10 @@ private Q_SLOTS:
     void ReadsRandomDamageAsQtParses()
     {
         QRandomGenerator random(1);
-        const QString characters = QStringLiteral("0123456789-T:+ Z.");
+        const QString characters = u"0123456789-T:+ Z."_s;
         QStringList texts;
         for (int round = 0; round < 20000; ++round) {
-            QString text = QStringLiteral("2024-03-01T10:20:30+00:00");
+            QString text = u"2024-03-01T10:20:30+00:00"_s;
             if (round % 2)
                 text.truncate(10);
             for (int changes = random.bounded(1, 4); changes > 0; --changes)
@@ -167,3 +166,5 @@ private:
 
 QTEST_GUILESS_MAIN(tst_ServerDate)
 #include "tst_ServerDate.moc"
+
+using namespace Qt::StringLiterals;

@@ -37,10 +37,9 @@ double ExpectedScale()
 QImage FinePicture()
 {
     QImage image(1000, 480, QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y) {
+    for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             image.setPixel(x, y, (x + y / 7) % 2 == 0 ? qRgb(250, 200, 40) : qRgb(20, 60, 120));
-    }
     return image;
 }
 
@@ -93,10 +92,10 @@ private Q_SLOTS:
     void TheFoldIconIsRenderedForTheScreen_data()
     {
         const Rows<bool, bool, QString> row("collapsed", "dayMode", "file");
-        row("open", false, false, QStringLiteral("korvelFoldingWidgetOpen.svg"));
-        row("open, day", false, true, QStringLiteral("korvelFoldingWidgetOpen_day.svg"));
-        row("closed", true, false, QStringLiteral("korvelFoldingWidgetClosed.svg"));
-        row("closed, day", true, true, QStringLiteral("korvelFoldingWidgetClosed_day.svg"));
+        row("open", false, false, u"korvelFoldingWidgetOpen.svg"_s);
+        row("open, day", false, true, u"korvelFoldingWidgetOpen_day.svg"_s);
+        row("closed", true, false, u"korvelFoldingWidgetClosed.svg"_s);
+        row("closed, day", true, true, u"korvelFoldingWidgetClosed_day.svg"_s);
     }
     void TheFoldIconIsRenderedForTheScreen()
     {
@@ -109,7 +108,7 @@ private Q_SLOTS:
         panel.SetCollapsed(collapsed);
         panel.show();
 
-        const QString path = QStringLiteral(":/Resources/") + file;
+        const QString path = u":/Resources/"_s + file;
         const QPixmap shown = FoldIcon(panel)->pixmap(Qt::ReturnByValue);
         QCOMPARE(shown.devicePixelRatio(), scale);
         QCOMPARE(shown.deviceIndependentSize(), QSizeF(16, 16));
@@ -141,8 +140,8 @@ private Q_SLOTS:
     void TheFullscreenIconIsRenderedForTheScreen_data()
     {
         const Rows<bool, QString> row("dayMode", "file");
-        row("night", false, QStringLiteral("ic_EQ_scale_16x16_day.svg"));
-        row("day", true, QStringLiteral("ic_EQ_scale_16x16.svg"));
+        row("night", false, u"ic_EQ_scale_16x16_day.svg"_s);
+        row("day", true, u"ic_EQ_scale_16x16.svg"_s);
     }
     void TheFullscreenIconIsRenderedForTheScreen()
     {
@@ -163,7 +162,7 @@ private Q_SLOTS:
         expected.setDevicePixelRatio(1.0);
         QPainter painter(&expected);
         painter.drawImage(QPointF(4, 4) * scale,
-                          RenderedSvg(QStringLiteral(":/Resources/") + file, QSize(16, 16) * scale));
+                          RenderedSvg(u":/Resources/"_s + file, QSize(16, 16) * scale));
         painter.end();
         QVERIFY2(Difference(shown, expected) <= 2, qPrintable(QString::number(Difference(shown, expected))));
     }
@@ -172,3 +171,5 @@ private Q_SLOTS:
 QTEST_MAIN(tst_SharpPictures)
 
 #include "tst_SharpPictures.moc"
+
+using namespace Qt::StringLiterals;

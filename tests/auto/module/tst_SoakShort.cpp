@@ -25,10 +25,9 @@ private:
     const QList<Sample>& Phase(const QString& name) const
     {
         static const QList<Sample> none{Sample(), Sample()};
-        for (const QList<Sample>& phase : m_phases) {
+        for (const QList<Sample>& phase : m_phases)
             if (phase.constFirst().phase == name)
                 return phase;
-        }
         return none;
     }
 
@@ -37,10 +36,9 @@ private Q_SLOTS:
     {
         QProcess soak;
         soak.start(QStringLiteral(VDB_SOAK_PROGRAM),
-                   {QStringLiteral("--warm-up"), QStringLiteral("40"), QStringLiteral("--searches"),
-                    QString::number(c_searches), QStringLiteral("--selections"),
-                    QString::number(c_selections), QStringLiteral("--steps"), QString::number(c_viewerSteps),
-                    QStringLiteral("--imports"), QString::number(c_imports)});
+                   {u"--warm-up"_s, u"40"_s, u"--searches"_s, QString::number(c_searches), u"--selections"_s,
+                    QString::number(c_selections), u"--steps"_s, QString::number(c_viewerSteps),
+                    u"--imports"_s, QString::number(c_imports)});
         constexpr int c_patience = 200000;
         QVERIFY(soak.waitForFinished(c_patience));
         QCOMPARE(soak.exitStatus(), QProcess::NormalExit);
@@ -53,12 +51,12 @@ private Q_SLOTS:
     void EveryRoundRan_data()
     {
         const Rows<QString, qint64> row("phase", "rounds");
-        row("searches", QStringLiteral("searches"), c_searches);
-        row("selections", QStringLiteral("selections"), c_selections);
-        row("large downloads", QStringLiteral("downloads"), c_viewerSteps / 2);
-        row("viewer steps", QStringLiteral("viewer steps"), c_viewerSteps / 2);
-        row("imports of one record", QStringLiteral("imports"), c_imports / 2);
-        row("imports of new records", QStringLiteral("new imports"), c_imports / 2);
+        row("searches", u"searches"_s, c_searches);
+        row("selections", u"selections"_s, c_selections);
+        row("large downloads", u"downloads"_s, c_viewerSteps / 2);
+        row("viewer steps", u"viewer steps"_s, c_viewerSteps / 2);
+        row("imports of one record", u"imports"_s, c_imports / 2);
+        row("imports of new records", u"new imports"_s, c_imports / 2);
     }
     void EveryRoundRan()
     {
@@ -72,13 +70,13 @@ private Q_SLOTS:
     {
         const Rows<QString, qint64> row("phase", "limit");
         constexpr qint64 c_megabyte = 1024 * 1024;
-        row("searches", QStringLiteral("searches"), 2 * c_megabyte);
-        row("selections", QStringLiteral("selections"), 2 * c_megabyte);
-        row("16 KB for a large download", QStringLiteral("downloads"), 16 * 1024 * c_viewerSteps / 2);
-        row("viewer steps", QStringLiteral("viewer steps"), c_megabyte / 2);
-        row("imports of one record", QStringLiteral("imports"), c_megabyte / 2);
+        row("searches", u"searches"_s, 2 * c_megabyte);
+        row("selections", u"selections"_s, 2 * c_megabyte);
+        row("16 KB for a large download", u"downloads"_s, 16 * 1024 * c_viewerSteps / 2);
+        row("viewer steps", u"viewer steps"_s, c_megabyte / 2);
+        row("imports of one record", u"imports"_s, c_megabyte / 2);
         // The name, not the buffer that the file was written through.
-        row("4 KB for a new import", QStringLiteral("new imports"), 4 * 1024 * c_imports / 2);
+        row("4 KB for a new import", u"new imports"_s, 4 * 1024 * c_imports / 2);
     }
     void HeapDoesNotGrow()
     {
@@ -86,15 +84,14 @@ private Q_SLOTS:
         QFETCH(qint64, limit);
         const QList<Sample>& samples = Phase(phase);
         const qint64 growth = samples.constLast().heap - samples.constFirst().heap;
-        QVERIFY2(growth < limit, qPrintable(QStringLiteral("%1 bytes").arg(growth)));
+        QVERIFY2(growth < limit, qPrintable(u"%1 bytes"_s.arg(growth)));
     }
 
     void NoReplyIsLeft()
     {
-        for (const QList<Sample>& phase : std::as_const(m_phases)) {
+        for (const QList<Sample>& phase : std::as_const(m_phases))
             for (const Sample& sample : phase)
                 QCOMPARE(sample.replies, 0);
-        }
     }
 
     void FilesAndDescriptorsStay_data()
@@ -102,7 +99,7 @@ private Q_SLOTS:
         const Rows<QString, qint64> row("phase", "perRound");
         for (const char* phase : {"searches", "selections", "downloads", "viewer steps", "imports"})
             row(phase, QString::fromLatin1(phase), 0);
-        row("one for each new import", QStringLiteral("new imports"), 1);
+        row("one for each new import", u"new imports"_s, 1);
     }
     void FilesAndDescriptorsStay()
     {
@@ -126,8 +123,8 @@ private Q_SLOTS:
     void TooMuchIsReported_data()
     {
         const Rows<Sample, bool> row("last", "isFine");
-        const QString searches = QStringLiteral("searches");
-        const QString downloads = QStringLiteral("downloads");
+        const QString searches = u"searches"_s;
+        const QString downloads = u"downloads"_s;
         constexpr qint64 c_megabyte = 1024 * 1024;
         row("nothing more", Sample{searches, 100, 0, 0, 0, 0}, true);
         row("2 MB", Sample{searches, 100, 2 * c_megabyte, 0, 0, 0}, true);
@@ -136,7 +133,7 @@ private Q_SLOTS:
         row("17 KB a download", Sample{downloads, 1000, 17000 * 1024, 0, 0, 0}, false);
         row("a reply", Sample{searches, 100, 0, 0, 1, 0}, false);
         row("descriptors", Sample{searches, 100, 0, 100, 0, 0}, false);
-        row("a descriptor a new import", Sample{QStringLiteral("new imports"), 100, 0, 100, 0, 100}, true);
+        row("a descriptor a new import", Sample{u"new imports"_s, 100, 0, 100, 0, 100}, true);
     }
     void TooMuchIsReported()
     {
@@ -149,3 +146,5 @@ private Q_SLOTS:
 QTEST_GUILESS_MAIN(tst_SoakShort)
 
 #include "tst_SoakShort.moc"
+
+using namespace Qt::StringLiterals;

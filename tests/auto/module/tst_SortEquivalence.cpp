@@ -60,55 +60,55 @@ QStringList OddTexts()
 {
     QStringList texts{
         QString(),
-        QLatin1String(""),
-        QStringLiteral(" "),
-        QStringLiteral("Arena"),
-        QStringLiteral("arena"),
-        QStringLiteral("Älvsjö"),
-        QStringLiteral("Zürich"),
-        QStringLiteral("10 Downing Street"),
-        QStringLiteral("2024"),
-        QStringLiteral("2024-3-1"),
-        QStringLiteral("2024-03-0"),
-        QStringLiteral("2024-03-01"),
-        QStringLiteral(" 2024-03-01"),
-        QStringLiteral("2024-03-01 "),
-        QStringLiteral("2024-03-01x"),
-        QStringLiteral("2024-03-012"),
-        QStringLiteral("2024-03-01T"),
-        QStringLiteral("2024-03-01T10:30"),
-        QStringLiteral("2024-03-01T10:30:00"),
-        QStringLiteral("2024-03-01 10:30:00"),
-        QStringLiteral("2024-03-01T10:30:00.250"),
-        QStringLiteral("2024-03-01T10:30:00Z"),
-        QStringLiteral("2024-03-01T10:30:00+05:30"),
-        QStringLiteral("2024-03-01T10:30:00-1100"),
-        QStringLiteral("2024-03-01T24:00:00"),
-        QStringLiteral("2024-03-01T25:00:00"),
-        QStringLiteral("2024-02-30"),
-        QStringLiteral("2024-13-01"),
-        QStringLiteral("0000-01-01"),
-        QStringLiteral("0001-01-01"),
-        QStringLiteral("9999-12-31"),
-        QStringLiteral("2024/03/01"),
-        QStringLiteral("2024.03.01"),
-        QStringLiteral("2024_03_01"),
-        QStringLiteral("2024+03+01"),
-        QStringLiteral("20240301T10"),
-        QStringLiteral("+024-03-01"),
-        QStringLiteral("2024-+3-+1"),
-        QStringLiteral("2024-03- 1"),
-        QStringLiteral("2024-03-1 "),
-        QStringLiteral("2024-03-1-"),
-        QStringLiteral("2024-W09-5"),
-        QStringLiteral("٢٠٢٤-٠٣-٠١"),
-        QStringLiteral("2024-03-0١"),
-        QStringLiteral("2024–03–01"),
-        QStringLiteral("2024-03-01T02:30:00"),
-        QStringLiteral("2024-03-31T02:30:00"),
-        QStringLiteral("2024-10-27T03:30:00"),
-        QStringLiteral("2011-12-30T12:00:00"),
-        QStringLiteral("https://example.test/2024-03-01"),
+        ""_L1,
+        u" "_s,
+        u"Arena"_s,
+        u"arena"_s,
+        u"Älvsjö"_s,
+        u"Zürich"_s,
+        u"10 Downing Street"_s,
+        u"2024"_s,
+        u"2024-3-1"_s,
+        u"2024-03-0"_s,
+        u"2024-03-01"_s,
+        u" 2024-03-01"_s,
+        u"2024-03-01 "_s,
+        u"2024-03-01x"_s,
+        u"2024-03-012"_s,
+        u"2024-03-01T"_s,
+        u"2024-03-01T10:30"_s,
+        u"2024-03-01T10:30:00"_s,
+        u"2024-03-01 10:30:00"_s,
+        u"2024-03-01T10:30:00.250"_s,
+        u"2024-03-01T10:30:00Z"_s,
+        u"2024-03-01T10:30:00+05:30"_s,
+        u"2024-03-01T10:30:00-1100"_s,
+        u"2024-03-01T24:00:00"_s,
+        u"2024-03-01T25:00:00"_s,
+        u"2024-02-30"_s,
+        u"2024-13-01"_s,
+        u"0000-01-01"_s,
+        u"0001-01-01"_s,
+        u"9999-12-31"_s,
+        u"2024/03/01"_s,
+        u"2024.03.01"_s,
+        u"2024_03_01"_s,
+        u"2024+03+01"_s,
+        u"20240301T10"_s,
+        u"+024-03-01"_s,
+        u"2024-+3-+1"_s,
+        u"2024-03- 1"_s,
+        u"2024-03-1 "_s,
+        u"2024-03-1-"_s,
+        u"2024-W09-5"_s,
+        u"٢٠٢٤-٠٣-٠١"_s,
+        u"2024-03-0١"_s,
+        u"2024–03–01"_s,
+        u"2024-03-01T02:30:00"_s,
+        u"2024-03-31T02:30:00"_s,
+        u"2024-10-27T03:30:00"_s,
+        u"2011-12-30T12:00:00"_s,
+        u"https://example.test/2024-03-01"_s,
     };
     return texts;
 }
@@ -152,12 +152,11 @@ QString RandomText(QRandomGenerator& random, const QStringList& texts)
 {
     if (random.bounded(4) > 0)
         return Pick(random, texts);
-    QString text = QStringLiteral("20%1-0%2-1%3T1%4:00:00")
-                       .arg(random.bounded(10, 30))
+    QString text = u"20%1-0%2-1%3T1%4:00:00"_s.arg(random.bounded(10, 30))
                        .arg(random.bounded(10))
                        .arg(random.bounded(10))
                        .arg(random.bounded(10));
-    const QString characters = QStringLiteral("0129-+/:.,T Zxé٣");
+    const QString characters = u"0129-+/:.,T Zxé٣"_s;
     for (int i = random.bounded(3); i > 0; --i)
         text[random.bounded(int(text.size()))] = Pick(random, characters);
     return text.left(random.bounded(int(text.size()) + 1));
@@ -262,10 +261,9 @@ private Q_SLOTS:
                     const bool isLiterallyLess = literal.lessThan(literalModel.index(left, column),
                                                                   literalModel.index(right, column));
                     if (isLess != isLiterallyLess) {
-                        QFAIL(qPrintable(QStringLiteral("column %1: \"%2\" and \"%3\"")
-                                             .arg(column)
-                                             .arg(literalModel.index(left, column).data().toString(),
-                                                  literalModel.index(right, column).data().toString())));
+                        QFAIL(qPrintable(u"column %1: \"%2\" and \"%3\""_s.arg(column).arg(
+                            literalModel.index(left, column).data().toString(),
+                            literalModel.index(right, column).data().toString())));
                     }
                 }
             }
@@ -337,17 +335,9 @@ private Q_SLOTS:
 
     void CountryListIsTheLiteralOne()
     {
-        const QStringList countries{QStringLiteral("Germany"),
-                                    QStringLiteral("germany"),
-                                    QStringLiteral("GERMANY"),
-                                    QStringLiteral("France"),
-                                    QStringLiteral("france"),
-                                    QStringLiteral("unknown"),
-                                    QStringLiteral("Österreich"),
-                                    QString(),
-                                    QLatin1String(""),
-                                    QStringLiteral("Aland Islands"),
-                                    QStringLiteral("aLAND islands")};
+        const QStringList countries{u"Germany"_s, u"germany"_s,       u"GERMANY"_s,      u"France"_s,
+                                    u"france"_s,  u"unknown"_s,       u"Österreich"_s,   QString(),
+                                    ""_L1,        u"Aland Islands"_s, u"aLAND islands"_s};
         for (quint32 seed = 1; seed <= 20; ++seed) {
             QRandomGenerator random(seed);
             ConnectorStub connector;
@@ -363,7 +353,7 @@ private Q_SLOTS:
             QStringList shown;
             for (int i = 0; i < comboBox->count(); ++i)
                 shown.append(comboBox->itemText(i));
-            QCOMPARE(shown, QStringList(QStringLiteral("--")) + LiteralCountries(connector.venues));
+            QCOMPARE(shown, QStringList(u"--"_s) + LiteralCountries(connector.venues));
         }
     }
 
@@ -381,3 +371,5 @@ private:
 
 QTEST_MAIN(tst_SortEquivalence)
 #include "tst_SortEquivalence.moc"
+
+using namespace Qt::StringLiterals;

@@ -68,14 +68,12 @@ public:
                                          : QPalette(QColor(225, 225, 225), QColor(245, 245, 245)));
         const QString path = Theme(dayMode).VenueDatabaseSheetPath();
         if (moreRules.isEmpty()) {
-            qApp->setStyleSheet(QStringLiteral("file:///") + path);
+            qApp->setStyleSheet(u"file:///"_s + path);
             return;
         }
         // A text has no folder that its pictures could lie in.
         const QString folder = path.section(QLatin1Char('/'), 0, -2) + QLatin1Char('/');
-        qApp->setStyleSheet(
-            SheetText(dayMode).replace(QStringLiteral("url(\""), QStringLiteral("url(\"") + folder)
-            + moreRules);
+        qApp->setStyleSheet(SheetText(dayMode).replace(u"url(\""_s, u"url(\""_s + folder) + moreRules);
     }
     ~InstalledSheet()
     {
@@ -95,13 +93,11 @@ struct ShownDialog
     {
         // What the band behind the caption cannot help against: white by night, black by day.
         const QByteArray data = EncodedPicture({1000, 480}, dayMode ? Qt::black : Qt::white);
-        pictures = QList<Picture>(2, MakePicture(data, data, QStringLiteral("The stage")));
-        connector.venues = {FilledVenue(7, QStringLiteral("Festspielhaus")),
-                            FilledVenue(8, QStringLiteral("Prinzregententheater"))};
+        pictures = QList<Picture>(2, MakePicture(data, data, u"The stage"_s));
+        connector.venues = {FilledVenue(7, u"Festspielhaus"_s), FilledVenue(8, u"Prinzregententheater"_s)};
         connector.onGetPictures = [this](qint64) { return pictures; };
         connector.onGetFiles = [](qint64) {
-            return QList<TsFile>{MakeFile(QStringLiteral("stage.tessra"), QStringLiteral("4.2")),
-                                 MakeFile(QStringLiteral("flat.tessra"), QStringLiteral("4.1"))};
+            return QList<TsFile>{MakeFile(u"stage.tessra"_s, u"4.2"_s), MakeFile(u"flat.tessra"_s, u"4.1"_s)};
         };
         dialog.SetDayMode(dayMode);
         dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
@@ -114,7 +110,7 @@ struct ShownDialog
             SelectRow(0);
         isShown = isFound && QTest::qWaitForWindowActive(&dialog)
             && QTest::qWaitFor([this] { return Details()->isVisible(); });
-        dialog.findChildren<QLineEdit*>().constFirst()->setText(QStringLiteral("haus"));
+        dialog.findChildren<QLineEdit*>().constFirst()->setText(u"haus"_s);
     }
 
     void SelectRow(int row)
@@ -163,7 +159,7 @@ struct Findings
         ++texts;
         const double contrast = DrawnContrast(place);
         if (contrast < NecessaryContrast(place))
-            unreadable.append(QStringLiteral("%1: %2 : 1").arg(place.name).arg(contrast, 0, 'f', 2));
+            unreadable.append(u"%1: %2 : 1"_s.arg(place.name).arg(contrast, 0, 'f', 2));
     }
 
     int texts = 0;
@@ -277,8 +273,7 @@ void LookWithoutPictures(ShownDialog& shown, Findings& findings)
     findings.Look(shown.Slider());
     // The visible part of "No Image", beside the full-screen button.
     const QPoint origin = shown.Slider()->mapTo(&shown.dialog, QPoint());
-    findings.Look(
-        {QStringLiteral("No Image"), &shown.dialog, QRect(origin + QPoint(300, 125), QSize(150, 50)), true});
+    findings.Look({u"No Image"_s, &shown.dialog, QRect(origin + QPoint(300, 125), QSize(150, 50)), true});
 }
 
 void LookAtViewer(ShownDialog& shown, Findings& findings)
@@ -286,7 +281,7 @@ void LookAtViewer(ShownDialog& shown, Findings& findings)
     auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
     shown.Slider()->ShowFullScreen();
     QVERIFY(QTest::qWaitForWindowExposed(viewer));
-    viewer->SetStatusLabelText(QStringLiteral("Saved"));
+    viewer->SetStatusLabelText(u"Saved"_s);
     QCoreApplication::processEvents();
     findings.Look(viewer);
     viewer->hide();
@@ -312,9 +307,9 @@ void LookAtContextMenu(ShownDialog& shown, Findings& findings)
 void LookAtSaveDialog(ShownDialog& shown, Findings& findings)
 {
     const QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("Halls")));
+    QVERIFY(QDir(folder.path()).mkdir(u"Halls"_s));
     QVERIFY(EncodedPicture({4, 4}, Qt::red).size() > 0);
-    QFile picture(folder.filePath(QStringLiteral("hall.jpg")));
+    QFile picture(folder.filePath(u"hall.jpg"_s));
     QVERIFY(picture.open(QIODevice::WriteOnly));
     picture.close();
 
@@ -323,11 +318,11 @@ void LookAtSaveDialog(ShownDialog& shown, Findings& findings)
     QVERIFY(QTest::qWaitForWindowActive(viewer));
     const ModalDriver<QFileDialog> driver([&](QFileDialog* dialog) {
         dialog->setDirectory(folder.path());
-        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("hall"));
+        dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"hall"_s);
         for (const QFileDialog::ViewMode mode : {QFileDialog::Detail, QFileDialog::List}) {
             dialog->setViewMode(mode);
-            auto* view = dialog->findChild<QAbstractItemView*>(
-                mode == QFileDialog::Detail ? QStringLiteral("treeView") : QStringLiteral("listView"));
+            auto* view = dialog->findChild<QAbstractItemView*>(mode == QFileDialog::Detail ? u"treeView"_s
+                                                                                           : u"listView"_s);
             if (QTest::qWaitFor([view] { return view->model()->rowCount(view->rootIndex()) == 2; })) {
                 findings.Look(dialog);
                 view->setCurrentIndex(view->model()->index(0, 0, view->rootIndex()));
@@ -347,7 +342,7 @@ void LookAtErrorBox(ShownDialog& shown, Findings& findings)
         findings.Look(box);
         box->button(QMessageBox::Close)->click();
     });
-    Button(shown.dialog, QStringLiteral("Search"))->click();
+    Button(shown.dialog, u"Search"_s)->click();
 }
 
 struct Scene
@@ -376,10 +371,9 @@ const Scene* SceneCalled(const QString& name)
 /// The selectors of a sheet in their order, without the blanks that mean nothing.
 QStringList Selectors(QString sheet)
 {
-    static const QRegularExpression comment(QStringLiteral("/\\*.*?\\*/"),
-                                            QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression body(QStringLiteral("\\{[^}]*\\}"));
-    sheet.replace(comment, QString()).replace(body, QStringLiteral(","));
+    static const QRegularExpression comment(u"/\\*.*?\\*/"_s, QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression body(u"\\{[^}]*\\}"_s);
+    sheet.replace(comment, QString()).replace(body, u","_s);
     QStringList selectors;
     for (const QString& selector : sheet.split(QLatin1Char(',')))
         selectors.append(selector.simplified());
@@ -390,14 +384,13 @@ QStringList Selectors(QString sheet)
 /// Whether one of \p selectors is for \p widget in its plain state, by its value of "customStyle".
 bool HasRule(const QWidget* widget, const QStringList& selectors)
 {
-    const QString ending
-        = QStringLiteral("[customStyle=\"%1\"]").arg(widget->property("customStyle").toString());
+    const QString ending = u"[customStyle=\"%1\"]"_s.arg(widget->property("customStyle").toString());
     return std::any_of(selectors.begin(), selectors.end(), [&](const QString& selector) {
         if (!selector.endsWith(ending))
             return false;
         QString type = selector.section(QLatin1Char(' '), -1).chopped(ending.size());
         type = selector.chopped(ending.size()).section(QLatin1Char(' '), -1);
-        return widget->inherits(type.replace(QStringLiteral("--"), QStringLiteral("::")).toLatin1());
+        return widget->inherits(type.replace(u"--"_s, u"::"_s).toLatin1());
     });
 }
 
@@ -433,9 +426,9 @@ class tst_Theme : public StrictTest
 private Q_SLOTS:
     void initTestCase()
     {
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QFont font(QStringLiteral("Inter"));
+        QFont font(u"Inter"_s);
         font.setPixelSize(12);
         QApplication::setFont(font);
     }
@@ -510,9 +503,9 @@ void tst_Theme::DialogsOfTheHostStayReadable()
     // Nothing in it is ours: the host's own palette is what counts.
     QDialog dialog;
     auto* layout = new QVBoxLayout(&dialog);
-    layout->addWidget(new QLabel(QStringLiteral("Name of the plan")));
-    layout->addWidget(new QLineEdit(QStringLiteral("Untitled")));
-    layout->addWidget(new QCheckBox(QStringLiteral("With all layers")));
+    layout->addWidget(new QLabel(u"Name of the plan"_s));
+    layout->addWidget(new QLineEdit(u"Untitled"_s));
+    layout->addWidget(new QCheckBox(u"With all layers"_s));
     layout->addWidget(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel));
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
@@ -601,8 +594,8 @@ void tst_Theme::KeyboardFocusCanBeSeen()
     const InstalledSheet sheet(dayMode);
     ShownDialog shown(dayMode);
     QVERIFY(shown.isShown);
-    QWidget* search = Button(shown.dialog, QStringLiteral("Search"));
-    QWidget* reset = Button(shown.dialog, QStringLiteral("Reset"));
+    QWidget* search = Button(shown.dialog, u"Search"_s);
+    QWidget* reset = Button(shown.dialog, u"Reset"_s);
     int widgets = 0;
     for (QWidget* widget : shown.dialog.findChildren<QWidget*>()) {
         if (!widget->isVisible() || !widget->isEnabled() || widget->window() != &shown.dialog
@@ -629,8 +622,7 @@ void tst_Theme::EveryStyleValueInUseHasARule()
     QCOMPARE(ValuesWithoutRule(&shown.dialog, SheetText(dayMode)), QStringList());
     // A plain widget can carry a button's value: a rule for the bare value would catch it.
     for (const QString& selector : Selectors(SheetText(dayMode)))
-        QVERIFY2(!selector.startsWith(QLatin1Char('[')) && !selector.contains(QStringLiteral(" [")),
-                 qPrintable(selector));
+        QVERIFY2(!selector.startsWith(QLatin1Char('[')) && !selector.contains(u" ["_s), qPrintable(selector));
 }
 
 void tst_Theme::AMissingRuleIsFound()
@@ -638,14 +630,12 @@ void tst_Theme::AMissingRuleIsFound()
     const ShownDialog shown(true);
     QVERIFY(shown.isShown);
     // A rule for another type of widget is none.
-    const QString sheet
-        = SheetText(true)
-              .replace(QStringLiteral("labelKorvelLight"), QStringLiteral("labelKorvelOther"))
-              .replace(QStringLiteral("QScrollArea[customStyle"), QStringLiteral("QSplitter[customStyle"));
+    const QString sheet = SheetText(true)
+                              .replace(u"labelKorvelLight"_s, u"labelKorvelOther"_s)
+                              .replace(u"QScrollArea[customStyle"_s, u"QSplitter[customStyle"_s);
     QStringList values = ValuesWithoutRule(&shown.dialog, sheet);
     values.sort();
-    QCOMPARE(values,
-             QStringList({QStringLiteral("labelKorvelLight"), QStringLiteral("scrollAreaKorvelDefault")}));
+    QCOMPARE(values, QStringList({u"labelKorvelLight"_s, u"scrollAreaKorvelDefault"_s}));
 }
 
 void tst_Theme::TheSheetsHaveTheSameSelectors()
@@ -696,7 +686,7 @@ void tst_Theme::EveryStateHasARule()
 void tst_Theme::EveryPictureOfTheSheetsCanBeLoaded()
 {
     QFETCH(bool, dayMode);
-    static const QRegularExpression reference(QStringLiteral("url\\(\"([^\"]+)\"\\)"));
+    static const QRegularExpression reference(u"url\\(\"([^\"]+)\"\\)"_s);
     const QString folder = Theme(dayMode).VenueDatabaseSheetPath().section(QLatin1Char('/'), 0, -2);
     int pictures = 0;
     for (const auto& match : reference.globalMatch(SheetText(dayMode))) {
@@ -711,14 +701,13 @@ void tst_Theme::ASheetServesFromItsFolder()
 {
     QFETCH(bool, dayMode);
     // As it is installed: a host loads the file, and the pictures are found beside it.
-    const QString folder
-        = QStringLiteral(VDB_STYLES_DIR) + (dayMode ? QStringLiteral("/light") : QStringLiteral("/dark"));
-    qApp->setStyleSheet(QStringLiteral("file:///") + folder + QStringLiteral("/venue-database.qss"));
+    const QString folder = QStringLiteral(VDB_STYLES_DIR) + (dayMode ? u"/light"_s : u"/dark"_s);
+    qApp->setStyleSheet(u"file:///"_s + folder + u"/venue-database.qss"_s);
     {
-        QMessageBox box(QMessageBox::Warning, QStringLiteral("Error"), QStringLiteral("Text"));
+        QMessageBox box(QMessageBox::Warning, u"Error"_s, u"Text"_s);
         box.show();
         const QImage drawn = box.iconPixmap().toImage();
-        const QImage expected = QIcon(folder + QStringLiteral("/warning.svg")).pixmap(drawn.size()).toImage();
+        const QImage expected = QIcon(folder + u"/warning.svg"_s).pixmap(drawn.size()).toImage();
         QVERIFY(!drawn.isNull());
         QCOMPARE(drawn.convertToFormat(QImage::Format_ARGB32),
                  expected.convertToFormat(QImage::Format_ARGB32));
@@ -726,7 +715,7 @@ void tst_Theme::ASheetServesFromItsFolder()
     qApp->setStyleSheet({});
     for (const char* name : {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day",
                              "korvelFoldingWidgetClosed", "korvelFoldingWidgetClosed_day"})
-        QVERIFY(!QPixmap(folder + QStringLiteral("/%1.svg").arg(QLatin1String(name))).isNull());
+        QVERIFY(!QPixmap(folder + u"/%1.svg"_s.arg(QLatin1String(name))).isNull());
 }
 
 void tst_Theme::FoldingIconsAreWhereTheModuleLooks_data()
@@ -740,16 +729,16 @@ void tst_Theme::FoldingIconsAreWhereTheModuleLooks_data()
 void tst_Theme::FoldingIconsAreWhereTheModuleLooks()
 {
     QFETCH(QString, name);
-    const QImage icon = QPixmap(QStringLiteral(":/Resources/%1.svg").arg(name)).toImage();
+    const QImage icon = QPixmap(u":/Resources/%1.svg"_s.arg(name)).toImage();
     QCOMPARE(icon.size(), QSize(16, 16));
     // The day icons stand on a light bar, the others on a dark one.
-    const Theme theme(name.endsWith(QStringLiteral("_day")));
+    const Theme theme(name.endsWith(u"_day"_s));
     double strongest = 0;
     for (int y = 0; y < icon.height(); ++y) {
         for (int x = 0; x < icon.width(); ++x) {
             const QColor pixel = icon.pixelColor(x, y);
             if (pixel.alpha() > 200)
-                strongest = std::max(strongest, Contrast(pixel, theme.Colour(QStringLiteral("caption-bar"))));
+                strongest = std::max(strongest, Contrast(pixel, theme.Colour(u"caption-bar"_s)));
         }
     }
     QVERIFY2(strongest >= 4.5, qPrintable(QString::number(strongest)));
@@ -770,11 +759,10 @@ void tst_Theme::TextsOfThePlanAreReadable_data()
         {"plan-text", "plan-paper plan-stage plan-seats plan-floor"},
         {"plan-text-muted", "plan-paper"},
     };
-    for (const auto& pair : pairs) {
+    for (const auto& pair : pairs)
         for (const QString& ground : QString::fromLatin1(pair.grounds).split(QLatin1Char(' ')))
             QTest::addRow("%s on %s", pair.text, qPrintable(ground))
                 << QString::fromLatin1(pair.text) << ground;
-    }
 }
 
 void tst_Theme::TextsOfThePlanAreReadable()
@@ -784,10 +772,11 @@ void tst_Theme::TextsOfThePlanAreReadable()
     for (const bool dayMode : {true, false}) {
         const Theme theme(dayMode);
         const double contrast = Contrast(theme.Colour(text), theme.Colour(ground));
-        QVERIFY2(contrast >= 4.5,
-                 qPrintable(QStringLiteral("%1 : 1 in day mode %2").arg(contrast).arg(dayMode)));
+        QVERIFY2(contrast >= 4.5, qPrintable(u"%1 : 1 in day mode %2"_s.arg(contrast).arg(dayMode)));
     }
 }
 
 QTEST_MAIN(tst_Theme)
 #include "tst_Theme.moc"
+
+using namespace Qt::StringLiterals;

@@ -38,7 +38,7 @@ using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
-const QString c_styleValue = QStringLiteral("labelKorvelCaptionSmall");
+const QString c_styleValue = u"labelKorvelCaptionSmall"_s;
 
 /// One text of a translation file.
 struct Text
@@ -64,12 +64,12 @@ QList<Text> TextsOf(const QString& language)
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;
-        if (xml.name() == QLatin1String("name")) {
+        if (xml.name() == "name"_L1) {
             context = xml.readElementText();
-        } else if (xml.name() == QLatin1String("source")) {
+        } else if (xml.name() == "source"_L1) {
             text = {context, xml.readElementText(), {}, {}};
-        } else if (xml.name() == QLatin1String("translation")) {
-            text.type = xml.attributes().value(QLatin1String("type")).toString();
+        } else if (xml.name() == "translation"_L1) {
+            text.type = xml.attributes().value("type"_L1).toString();
             text.translation = xml.readElementText();
             texts.append(text);
         }
@@ -79,7 +79,7 @@ QList<Text> TextsOf(const QString& language)
 
 QStringList Placeholders(const QString& text)
 {
-    static const QRegularExpression pattern(QStringLiteral("%(\\d+|n)"));
+    static const QRegularExpression pattern(u"%(\\d+|n)"_s);
     QStringList found;
     for (const QRegularExpressionMatch& match : pattern.globalMatch(text))
         found.append(match.captured());
@@ -117,8 +117,8 @@ private:
 std::unique_ptr<QTranslator> LoadedTranslator(const QLocale& locale)
 {
     auto translator = std::make_unique<QTranslator>();
-    const bool isLoaded = translator->load(locale, QStringLiteral("kvvenuedatabase"), QStringLiteral("_"),
-                                           QStringLiteral(":/kvVenueDatabase/translations"));
+    const bool isLoaded
+        = translator->load(locale, u"kvvenuedatabase"_s, u"_"_s, u":/kvVenueDatabase/translations"_s);
     return isLoaded ? std::move(translator) : nullptr;
 }
 
@@ -150,8 +150,8 @@ struct ShownDialog
 {
     ShownDialog()
     {
-        connector.venues = {MakeVenue(7, QStringLiteral("Festspielhaus"), QStringLiteral("Germany"))};
-        connector.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(QStringLiteral("stage.tessra"))}; };
+        connector.venues = {MakeVenue(7, u"Festspielhaus"_s, u"Germany"_s)};
+        connector.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(u"stage.tessra"_s)}; };
         dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
         dialog.Open(nullptr);
         table = dialog.findChild<QTableView*>();
@@ -167,14 +167,12 @@ struct ShownDialog
     QStringList VisibleTexts() const
     {
         QStringList texts;
-        for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>())
             if (label->isVisible())
                 texts.append(label->text());
-        }
-        for (const QPushButton* button : dialog.findChildren<QPushButton*>()) {
+        for (const QPushButton* button : dialog.findChildren<QPushButton*>())
             if (button->isVisible())
                 texts.append(button->text());
-        }
         for (int column = 1; table->model() && column < table->model()->columnCount(); ++column)
             texts.append(table->model()->headerData(column, Qt::Horizontal).toString());
         return texts;
@@ -198,19 +196,16 @@ bool IsCutOff(const QLabel* label)
 QStringList CutOffTexts(const ShownDialog& shown)
 {
     QStringList texts;
-    for (const QLabel* label : shown.dialog.findChildren<QLabel*>()) {
+    for (const QLabel* label : shown.dialog.findChildren<QLabel*>())
         if (label->isVisible() && !label->text().isEmpty() && IsCutOff(label))
             texts.append(label->text());
-    }
-    for (const QPushButton* button : shown.dialog.findChildren<QPushButton*>()) {
+    for (const QPushButton* button : shown.dialog.findChildren<QPushButton*>())
         if (button->isVisible() && !button->text().isEmpty() && button->sizeHint().width() > button->width())
             texts.append(button->text());
-    }
     const QHeaderView* header = shown.table->horizontalHeader();
-    for (int column = 1; column < header->count(); ++column) {
+    for (int column = 1; column < header->count(); ++column)
         if (header->sectionSizeHint(column) > header->sectionSize(column))
             texts.append(shown.table->model()->headerData(column, Qt::Horizontal).toString());
-    }
     for (const QComboBox* comboBox : shown.dialog.findChildren<QComboBox*>()) {
         QStyleOptionComboBox option;
         option.initFrom(comboBox);
@@ -241,7 +236,7 @@ private Q_SLOTS:
         const QList<Text> texts = TextsOf(language);
         QVERIFY(texts.size() > 50);
         for (const Text& text : texts) {
-            QVERIFY2(text.type.isEmpty(), qPrintable(text.source + QLatin1String(": ") + text.type));
+            QVERIFY2(text.type.isEmpty(), qPrintable(text.source + ": "_L1 + text.type));
             QVERIFY2(!text.translation.trimmed().isEmpty(), qPrintable(text.source));
         }
     }
@@ -255,30 +250,27 @@ private Q_SLOTS:
         QFETCH(QString, language);
         const QTemporaryDir folder;
         QVERIFY(folder.isValid());
-        const QString copy = folder.filePath(QStringLiteral("kvvenuedatabase_%1.ts").arg(language));
+        const QString copy = folder.filePath(u"kvvenuedatabase_%1.ts"_s.arg(language));
         QVERIFY(QFile::copy(TsPath(language), copy));
 
         QJsonArray sources;
         for (const char* part : {"data", "ui"}) {
             QDirIterator files(QStringLiteral(VDB_SOURCE_DIR "/") + QString::fromLatin1(part),
-                               {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
-                               QDirIterator::Subdirectories);
+                               {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
             while (files.hasNext())
                 sources.append(files.next());
         }
         QVERIFY(sources.size() > 40);
-        const QJsonObject project{
-            {QStringLiteral("projectFile"), QStringLiteral("CMakeLists.txt")},
-            {QStringLiteral("includePaths"), QJsonArray{QStringLiteral(VDB_SOURCE_DIR)}},
-            {QStringLiteral("sources"), sources},
-            {QStringLiteral("translations"), QJsonArray{copy}}};
-        const QString projectFile = folder.filePath(QStringLiteral("project.json"));
+        const QJsonObject project{{u"projectFile"_s, u"CMakeLists.txt"_s},
+                                  {u"includePaths"_s, QJsonArray{QStringLiteral(VDB_SOURCE_DIR)}},
+                                  {u"sources"_s, sources},
+                                  {u"translations"_s, QJsonArray{copy}}};
+        const QString projectFile = folder.filePath(u"project.json"_s);
         WriteFile(projectFile, QJsonDocument(project).toJson());
 
         QProcess lupdate;
         lupdate.start(QStringLiteral(VDB_LUPDATE),
-                      {QStringLiteral("-project"), projectFile, QStringLiteral("-no-obsolete"),
-                       QStringLiteral("-locations"), QStringLiteral("none")});
+                      {u"-project"_s, projectFile, u"-no-obsolete"_s, u"-locations"_s, u"none"_s});
         QVERIFY(lupdate.waitForFinished());
         QCOMPARE(lupdate.exitCode(), 0);
         QCOMPARE(ContentOf(copy), ContentOf(TsPath(language)));
@@ -287,22 +279,18 @@ private Q_SLOTS:
     void ContextsAreTheFullClassNames()
     {
         QStringList contexts;
-        for (const Text& text : TextsOf(QStringLiteral("de"))) {
+        for (const Text& text : TextsOf(u"de"_s))
             if (!contexts.contains(text.context))
                 contexts.append(text.context);
-        }
         contexts.sort();
-        const QString prefix = QStringLiteral("korvel::Ui::VenueDatabase::");
+        const QString prefix = u"korvel::Ui::VenueDatabase::"_s;
         // None of the connector and the downloader: their texts are not translated.
-        QCOMPARE(
-            contexts,
-            QStringList(
-                {QStringLiteral("QObject"), prefix + QStringLiteral("FoldingIcon"),
-                 prefix + QStringLiteral("PictureFullscreenDialog"),
-                 prefix + QStringLiteral("PictureNavigationButton"), prefix + QStringLiteral("PictureSlider"),
-                 prefix + QStringLiteral("TsFileOpener"), prefix + QStringLiteral("VenueDbCentralWidget"),
-                 prefix + QStringLiteral("VenueDbDialog"), prefix + QStringLiteral("VenueDbDialogBase"),
-                 prefix + QStringLiteral("VenueDetailsWidget")}));
+        QCOMPARE(contexts,
+                 QStringList({u"QObject"_s, prefix + u"FoldingIcon"_s, prefix + u"PictureFullscreenDialog"_s,
+                              prefix + u"PictureNavigationButton"_s, prefix + u"PictureSlider"_s,
+                              prefix + u"TsFileOpener"_s, prefix + u"VenueDbCentralWidget"_s,
+                              prefix + u"VenueDbDialog"_s, prefix + u"VenueDbDialogBase"_s,
+                              prefix + u"VenueDetailsWidget"_s}));
     }
 
     void PlaceholdersAndTrailingBlanksAreKept_data()
@@ -341,20 +329,17 @@ private Q_SLOTS:
         const InstalledTranslator installed(std::move(translator));
         const VenueDetailsWidget panel;
         QStringList captions;
-        for (const QLabel* label : panel.findChildren<QLabel*>()) {
+        for (const QLabel* label : panel.findChildren<QLabel*>())
             if (label->property("customStyle") == c_styleValue)
                 captions.append(label->text());
-        }
         // The captions of slider and viewer, and the section captions, which are not translated.
         captions.sort();
-        QCOMPARE(captions,
-                 QStringList({QStringLiteral("-/0"), QStringLiteral("-/0"), QStringLiteral("General"),
-                              QStringLiteral("Loading dock"), QStringLiteral("Rigging")}));
+        QCOMPARE(captions, QStringList({u"-/0"_s, u"-/0"_s, u"General"_s, u"Loading dock"_s, u"Rigging"_s}));
     }
 
     void EnglishIsTheSourceText()
     {
-        for (const Text& text : TextsOf(QStringLiteral("en")))
+        for (const Text& text : TextsOf(u"en"_s))
             QCOMPARE(text.translation, text.source);
     }
 
@@ -367,36 +352,29 @@ private Q_SLOTS:
             QTest::newRow(language) << QString::fromLatin1(language) << QString::fromUtf8(title) << texts;
         };
         row("de", "Spielstättendatenbank",
-            {QStringLiteral("Name des Komplexes:"), QStringLiteral("Suchen"), QStringLiteral("Zurücksetzen"),
-             QStringLiteral("Bearbeitet am (UTC)"), QStringLiteral("Details zur Spielstätte"),
-             QStringLiteral("Lichte Höhe Schnürboden (m):"), QStringLiteral("Modelldatei: "),
-             QStringLiteral("In Tessra importieren"), QStringLiteral("Schließen"), QStringLiteral("Hilfe")});
+            {u"Name des Komplexes:"_s, u"Suchen"_s, u"Zurücksetzen"_s, u"Bearbeitet am (UTC)"_s,
+             u"Details zur Spielstätte"_s, u"Lichte Höhe Schnürboden (m):"_s, u"Modelldatei: "_s,
+             u"In Tessra importieren"_s, u"Schließen"_s, u"Hilfe"_s});
         row("en", "Venue database",
-            {QStringLiteral("Complex name:"), QStringLiteral("Search"), QStringLiteral("Reset"),
-             QStringLiteral("Editing date (UTC)"), QStringLiteral("Venue details"),
-             QStringLiteral("Clearance of house grid (m):"), QStringLiteral("File selector: "),
-             QStringLiteral("Import to Tessra"), QStringLiteral("Close"), QStringLiteral("Help")});
+            {u"Complex name:"_s, u"Search"_s, u"Reset"_s, u"Editing date (UTC)"_s, u"Venue details"_s,
+             u"Clearance of house grid (m):"_s, u"File selector: "_s, u"Import to Tessra"_s, u"Close"_s,
+             u"Help"_s});
         row("es", "Base de datos de recintos",
-            {QStringLiteral("Nombre del complejo:"), QStringLiteral("Buscar"), QStringLiteral("Restablecer"),
-             QStringLiteral("Editado el (UTC)"), QStringLiteral("Detalles del recinto"),
-             QStringLiteral("Altura libre bajo peine (m):"), QStringLiteral("Archivo de modelo: "),
-             QStringLiteral("Importar a Tessra"), QStringLiteral("Cerrar"), QStringLiteral("Ayuda")});
+            {u"Nombre del complejo:"_s, u"Buscar"_s, u"Restablecer"_s, u"Editado el (UTC)"_s,
+             u"Detalles del recinto"_s, u"Altura libre bajo peine (m):"_s, u"Archivo de modelo: "_s,
+             u"Importar a Tessra"_s, u"Cerrar"_s, u"Ayuda"_s});
         row("fr", "Base de données des lieux",
-            {QStringLiteral("Nom du complexe:"), QStringLiteral("Rechercher"),
-             QStringLiteral("Réinitialiser"), QStringLiteral("Modifié le (UTC)"),
-             QStringLiteral("Détails du lieu"), QStringLiteral("Hauteur libre sous gril (m):"),
-             QStringLiteral("Fichier modèle : "), QStringLiteral("Importer dans Tessra"),
-             QStringLiteral("Fermer"), QStringLiteral("Aide")});
+            {u"Nom du complexe:"_s, u"Rechercher"_s, u"Réinitialiser"_s, u"Modifié le (UTC)"_s,
+             u"Détails du lieu"_s, u"Hauteur libre sous gril (m):"_s, u"Fichier modèle : "_s,
+             u"Importer dans Tessra"_s, u"Fermer"_s, u"Aide"_s});
         row("it", "Database delle sedi",
-            {QStringLiteral("Nome del complesso:"), QStringLiteral("Cerca"), QStringLiteral("Reimposta"),
-             QStringLiteral("Modificato il (UTC)"), QStringLiteral("Dettagli della sede"),
-             QStringLiteral("Altezza libera graticcia (m):"), QStringLiteral("File del modello: "),
-             QStringLiteral("Importa in Tessra"), QStringLiteral("Chiudi"), QStringLiteral("Guida")});
+            {u"Nome del complesso:"_s, u"Cerca"_s, u"Reimposta"_s, u"Modificato il (UTC)"_s,
+             u"Dettagli della sede"_s, u"Altezza libera graticcia (m):"_s, u"File del modello: "_s,
+             u"Importa in Tessra"_s, u"Chiudi"_s, u"Guida"_s});
         row("ja", "会場データベース",
-            {QStringLiteral("複合施設名:"), QStringLiteral("検索"), QStringLiteral("リセット"),
-             QStringLiteral("編集日時 (UTC)"), QStringLiteral("会場の詳細"),
-             QStringLiteral("すのこ下の有効高さ (m):"), QStringLiteral("モデルファイル: "),
-             QStringLiteral("Tessra に読み込む"), QStringLiteral("閉じる"), QStringLiteral("ヘルプ")});
+            {u"複合施設名:"_s, u"検索"_s, u"リセット"_s, u"編集日時 (UTC)"_s, u"会場の詳細"_s,
+             u"すのこ下の有効高さ (m):"_s, u"モデルファイル: "_s, u"Tessra に読み込む"_s, u"閉じる"_s,
+             u"ヘルプ"_s});
     }
     void ADialogSpeaksTheHostsLanguage()
     {
@@ -414,11 +392,11 @@ private Q_SLOTS:
         for (const QString& text : texts)
             QVERIFY2(visible.contains(text), qPrintable(text));
         // What comes from the server, and the names of the countries, are as they were.
-        QCOMPARE(shown.table->model()->index(0, 4).data().toString(), QStringLiteral("Germany"));
-        QCOMPARE(shown.dialog.findChild<QComboBox*>()->itemText(1), QStringLiteral("Germany"));
-        QVERIFY(visible.contains(QStringLiteral("General")));
-        QVERIFY(visible.contains(QStringLiteral("Loading dock")));
-        QVERIFY(visible.contains(QStringLiteral("Rigging")));
+        QCOMPARE(shown.table->model()->index(0, 4).data().toString(), u"Germany"_s);
+        QCOMPARE(shown.dialog.findChild<QComboBox*>()->itemText(1), u"Germany"_s);
+        QVERIFY(visible.contains(u"General"_s));
+        QVERIFY(visible.contains(u"Loading dock"_s));
+        QVERIFY(visible.contains(u"Rigging"_s));
     }
 
     void NothingIsCutOffInAnyLanguage_data()
@@ -442,27 +420,29 @@ private Q_SLOTS:
         const InstalledTranslator installed(std::make_unique<LongTranslator>());
         const ShownDialog shown;
         QVERIFY(shown.isShown);
-        QCOMPARE(shown.dialog.windowTitle(), QStringLiteral("[Venue database xxxxx ]"));
+        QCOMPARE(shown.dialog.windowTitle(), u"[Venue database xxxxx ]"_s);
         QCOMPARE(shown.dialog.size(), QSize(1062, 768));
         // The columns stand under the search fields, the last one under the two buttons: its label has no
         // more room than they have. The texts that are drawn instead of a picture are cut off in English
         // already.
-        QCOMPARE(CutOffTexts(shown), QStringList({QStringLiteral("[Editing date (UTC) xxxxx xx]")}));
+        QCOMPARE(CutOffTexts(shown), QStringList({u"[Editing date (UTC) xxxxx xx]"_s}));
     }
 
     void ALanguageThatIsNotThereLeavesTheSourceTexts()
     {
-        QVERIFY(!LoadedTranslator(QLocale(QStringLiteral("fi_FI"))));
+        QVERIFY(!LoadedTranslator(QLocale(u"fi_FI"_s)));
     }
 
     void ARegionGetsItsLanguage()
     {
-        const auto translator = LoadedTranslator(QLocale(QStringLiteral("de_AT")));
+        const auto translator = LoadedTranslator(QLocale(u"de_AT"_s));
         QVERIFY(translator);
-        QCOMPARE(translator->translate("VenueDbDialogBase", "Help"), QStringLiteral("Hilfe"));
+        QCOMPARE(translator->translate("VenueDbDialogBase", "Help"), u"Hilfe"_s);
     }
 };
 
 QTEST_MAIN(tst_Translations)
 
 #include "tst_Translations.moc"
+
+using namespace Qt::StringLiterals;

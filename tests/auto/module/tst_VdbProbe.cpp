@@ -210,7 +210,7 @@ private Q_SLOTS:
         const auto certificate = [network](CertificateKind kind) {
             return network({.kind = NetworkFault::Kind::BadCertificate, .certificate = kind, .host = {}});
         };
-        const Script nothing = [](VenueServer&) {};
+        const Script nothing = [](VenueServer&) { };
 
         // A name longer than the name service knows any: nothing is asked on the network.
         row("unknown host", 1, u"[Hh]ost not found|[Nn]ame|[Uu]nknown"_s, nothing,
@@ -535,7 +535,7 @@ private:
             With(NetworkFault{.kind = NetworkFault::Kind::RefuseConnection, .host = {}}));
         row("TLS server as proxy", 2,
             {u"closes the connection without an answer"_s, u"port of an HTTP proxy"_s}, {},
-            [](VenueServer&) {}, {u"--proxy"_s, u"HTTPS"_s});
+            [](VenueServer&) { }, {u"--proxy"_s, u"HTTPS"_s});
     }
     template <typename Row> static void CertificateCauses(const Row& row)
     {

@@ -79,10 +79,9 @@ private Q_SLOTS:
         Venue venue;
         (venue.*setter)(text);
         QCOMPARE((venue.*getter)(), text);
-        for (const TextField& other : c_textFields) {
+        for (const TextField& other : c_textFields)
             if (other.getter != getter)
                 QCOMPARE((venue.*other.getter)(), QString());
-        }
         QCOMPARE(venue.GetId(), -1);
         QCOMPARE(venue.GetEditor(), -1);
     }

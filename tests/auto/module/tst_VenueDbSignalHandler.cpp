@@ -134,9 +134,8 @@ private Q_SLOTS:
         const QMetaObject& meta = VenueDbSignalHandler::staticMetaObject;
         QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
         const QByteArrayList signatures
-            = {QByteArrayLiteral("VenueLoaded(bool)"), QByteArrayLiteral("HelpRequested()"),
-               QByteArrayLiteral("DayModeChangeRequested()"),
-               QByteArrayLiteral("ImportVenueFromTempFileRequest(QString)")};
+            = {"VenueLoaded(bool)"_ba, "HelpRequested()"_ba, "DayModeChangeRequested()"_ba,
+               "ImportVenueFromTempFileRequest(QString)"_ba};
         QCOMPARE(meta.methodCount() - meta.methodOffset(), int(signatures.size()));
         for (int i = 0; i < signatures.size(); ++i) {
             const QMetaMethod method = meta.method(meta.methodOffset() + i);
@@ -196,7 +195,7 @@ private Q_SLOTS:
             while (!isOver) {
                 const QObject guest;
                 connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, &guest,
-                        [] {});
+                        [] { });
                 ++visits;
             }
             finished.count_down();
@@ -204,7 +203,7 @@ private Q_SLOTS:
 
         QStringList expected;
         for (int i = 0; i < requestCount; ++i) {
-            expected.append(QStringLiteral("/tmp/host.%1").arg(i));
+            expected.append(u"/tmp/host.%1"_s.arg(i));
             Q_EMIT hub->ImportVenueFromTempFileRequest(expected.constLast());
             Q_EMIT hub->VenueLoaded(true);
         }
@@ -222,3 +221,5 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_VenueDbSignalHandler)
 #include "tst_VenueDbSignalHandler.moc"
+
+using namespace Qt::StringLiterals;

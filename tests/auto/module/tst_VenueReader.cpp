@@ -84,8 +84,8 @@ private Q_SLOTS:
             const QByteArray body = replies.Next();
             const QString difference = ReaderDifference(body);
             QVERIFY2(difference.isEmpty(),
-                     qPrintable(QStringLiteral("reply %1: %2: %3")
-                                    .arg(QString::number(number), difference, QString::fromLatin1(body))));
+                     qPrintable(u"reply %1: %2: %3"_s.arg(QString::number(number), difference,
+                                                          QString::fromLatin1(body))));
             quick += IsReadQuickly(body);
         }
         qInfo("%d replies, %d of them read straight from their bytes", count, quick);
@@ -317,3 +317,5 @@ private:
 QTEST_GUILESS_MAIN(tst_VenueReader)
 
 #include "tst_VenueReader.moc"
+
+using namespace Qt::StringLiterals;

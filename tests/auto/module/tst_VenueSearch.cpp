@@ -109,10 +109,9 @@ private Q_SLOTS:
         QFETCH(TextGetter, getter);
         const Venue venue = OnlyVenue(DocumentWithAttributes(attributes));
         QCOMPARE((venue.*getter)(), u"x"_s);
-        for (const Attribute& other : c_attributes) {
+        for (const Attribute& other : c_attributes)
             if (other.getter != getter)
                 QCOMPARE((venue.*other.getter)(), QString());
-        }
     }
 
     void AddressAttributeGoesToTheAddress()

@@ -43,10 +43,9 @@ private Q_SLOTS:
     {
         StrictTest::init();
         m_proxy.setSourceModel(nullptr);
-        m_model.SetVenueData(
-            {ChangedVenue(1, QStringLiteral("Beta"), QStringLiteral("2024-03-01T10:00:00")),
-             ChangedVenue(2, QStringLiteral("Alpha"), QStringLiteral("2026-01-31T10:00:00")),
-             ChangedVenue(3, QStringLiteral("Gamma"), QStringLiteral("2021-12-24T10:00:00"))});
+        m_model.SetVenueData({ChangedVenue(1, u"Beta"_s, u"2024-03-01T10:00:00"_s),
+                              ChangedVenue(2, u"Alpha"_s, u"2026-01-31T10:00:00"_s),
+                              ChangedVenue(3, u"Gamma"_s, u"2021-12-24T10:00:00"_s)});
         m_proxy.setSourceModel(&m_model);
         m_proxy.sort(-1);
     }
@@ -77,16 +76,16 @@ private Q_SLOTS:
 
     void TextsThatAreDatesSortAsDates()
     {
-        m_model.SetVenueData({ChangedVenue(1, QStringLiteral("2021-01-01"), {}),
-                              ChangedVenue(2, QStringLiteral("2023-01-01T00:00:00"), {}),
-                              ChangedVenue(3, QStringLiteral("2022-01-01"), {})});
+        m_model.SetVenueData({ChangedVenue(1, u"2021-01-01"_s, {}),
+                              ChangedVenue(2, u"2023-01-01T00:00:00"_s, {}),
+                              ChangedVenue(3, u"2022-01-01"_s, {})});
         m_proxy.sort(1, Qt::AscendingOrder);
         QCOMPARE(ShownIds(), (QList<qint64>{2, 3, 1}));
     }
 
     void InvalidDatesComeLastInAscendingOrder()
     {
-        m_model.SetVenueData({MakeVenue(1), ChangedVenue(2, {}, QStringLiteral("2024-03-01T10:00:00"))});
+        m_model.SetVenueData({MakeVenue(1), ChangedVenue(2, {}, u"2024-03-01T10:00:00"_s)});
         m_proxy.sort(5, Qt::AscendingOrder);
         QCOMPARE(ShownIds(), (QList<qint64>{2, 1}));
     }
@@ -94,7 +93,7 @@ private Q_SLOTS:
     void ComparesAnySourceModel()
     {
         QStandardItemModel model;
-        for (const QVariant& value : {QVariant(QStringLiteral("b")), QVariant(12), QVariant(2.5)}) {
+        for (const QVariant& value : {QVariant(u"b"_s), QVariant(12), QVariant(2.5)}) {
             auto* item = new QStandardItem;
             item->setData(value, Qt::DisplayRole);
             model.appendRow(item);
@@ -125,3 +124,5 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_VenueSortFilterProxyModel)
 #include "tst_VenueSortFilterProxyModel.moc"
+
+using namespace Qt::StringLiterals;

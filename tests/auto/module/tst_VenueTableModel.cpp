@@ -24,18 +24,17 @@ private Q_SLOTS:
         QCOMPARE(model.rowCount(QModelIndex()), 0);
         QCOMPARE(model.columnCount(QModelIndex()), 6);
         QCOMPARE(model.parent(), nullptr);
-        QCOMPARE(model.headerData(5, Qt::Horizontal, Qt::DisplayRole).toString(),
-                 QStringLiteral("Editing date (UTC)"));
+        QCOMPARE(model.headerData(5, Qt::Horizontal, Qt::DisplayRole).toString(), u"Editing date (UTC)"_s);
     }
 
     void CellHoldsTheMinimizedValue_data()
     {
         const Rows<int, QVariant> row("column", "value");
         row("id", 0, qint64(4294967297));
-        row("complex name", 1, QStringLiteral("<b>Arena</b>"));
-        row("venue/room name", 2, QStringLiteral("room"));
-        row("city", 3, QStringLiteral("Berlin"));
-        row("country", 4, QStringLiteral("Germany"));
+        row("complex name", 1, u"<b>Arena</b>"_s);
+        row("venue/room name", 2, u"room"_s);
+        row("city", 3, u"Berlin"_s);
+        row("country", 4, u"Germany"_s);
         row("editing date", 5, QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30)));
     }
     void CellHoldsTheMinimizedValue()
@@ -43,10 +42,10 @@ private Q_SLOTS:
         QFETCH(int, column);
         QFETCH(QVariant, value);
         for (const bool minimized : {false, true}) {
-            Venue venue = FilledVenue(4294967297, QStringLiteral("<b>Arena</b>"));
+            Venue venue = FilledVenue(4294967297, u"<b>Arena</b>"_s);
             venue.SetMinimizedElementCount(minimized);
             VenueTableModel model;
-            model.SetVenueData({FilledVenue(1, QStringLiteral("First")), venue});
+            model.SetVenueData({FilledVenue(1, u"First"_s), venue});
             const QVariant shown = model.data(model.index(1, column), Qt::DisplayRole);
             QCOMPARE(shown.metaType(), value.metaType());
             QCOMPARE(shown, value);
@@ -56,7 +55,7 @@ private Q_SLOTS:
     // The record itself is the authority on its minimised columns; the model answers without copying it.
     void CellsAgreeWithTheRecord()
     {
-        const Venue full = FilledVenue(7, QStringLiteral("Arena"));
+        const Venue full = FilledVenue(7, u"Arena"_s);
         for (Venue venue : {full, Venue()}) {
             VenueTableModel model;
             model.SetVenueData({venue});
@@ -81,7 +80,7 @@ private Q_SLOTS:
     {
         QFETCH(int, role);
         VenueTableModel model;
-        model.SetVenueData({FilledVenue(7, QStringLiteral("Arena"))});
+        model.SetVenueData({FilledVenue(7, u"Arena"_s)});
         QVERIFY(!model.data(model.index(0, 1), role).isValid());
         QVERIFY(!model.headerData(1, Qt::Horizontal, role).isValid());
         QVERIFY(!model.headerData(0, Qt::Vertical, role).isValid());
@@ -90,12 +89,12 @@ private Q_SLOTS:
     void ColumnHasItsLabel_data()
     {
         const Rows<int, QString> row("section", "label");
-        row("0", 0, QStringLiteral("ID"));
-        row("1", 1, QStringLiteral("Complex name"));
-        row("2", 2, QStringLiteral("Venue/room name"));
-        row("3", 3, QStringLiteral("City"));
-        row("4", 4, QStringLiteral("Country"));
-        row("5", 5, QStringLiteral("Editing date (UTC)"));
+        row("0", 0, u"ID"_s);
+        row("1", 1, u"Complex name"_s);
+        row("2", 2, u"Venue/room name"_s);
+        row("3", 3, u"City"_s);
+        row("4", 4, u"Country"_s);
+        row("5", 5, u"Editing date (UTC)"_s);
         row("behind the last", 6, {});
         row("negative", -1, {});
     }
@@ -111,7 +110,7 @@ private Q_SLOTS:
     void RowHeaderIsTheId()
     {
         VenueTableModel model;
-        model.SetVenueData({FilledVenue(7, QStringLiteral("A")), FilledVenue(-1, QStringLiteral("B"))});
+        model.SetVenueData({FilledVenue(7, u"A"_s), FilledVenue(-1, u"B"_s)});
         QCOMPARE(model.headerData(0, Qt::Vertical, Qt::DisplayRole), QVariant(qint64(7)));
         QCOMPARE(model.headerData(1, Qt::Vertical, Qt::DisplayRole), QVariant(qint64(-1)));
     }
@@ -119,25 +118,25 @@ private Q_SLOTS:
     void OutsideTheTableIsNothing()
     {
         VenueTableModel model;
-        model.SetVenueData({FilledVenue(7, QStringLiteral("A")), FilledVenue(8, QStringLiteral("B"))});
+        model.SetVenueData({FilledVenue(7, u"A"_s), FilledVenue(8, u"B"_s)});
         const QModelIndex stale = model.index(1, 1);
-        model.SetVenueData({FilledVenue(7, QStringLiteral("A"))});
+        model.SetVenueData({FilledVenue(7, u"A"_s)});
         QVERIFY(!model.data(QModelIndex(), Qt::DisplayRole).isValid());
         QVERIFY(!model.data(stale, Qt::DisplayRole).isValid());
         QVERIFY(!model.headerData(1, Qt::Vertical, Qt::DisplayRole).isValid());
         QVERIFY(!model.headerData(-1, Qt::Vertical, Qt::DisplayRole).isValid());
 
-        Venue venue = FilledVenue(99, QStringLiteral("untouched"));
+        Venue venue = FilledVenue(99, u"untouched"_s);
         model.GetSingleVenueData(stale, &venue);
         model.GetSingleVenueData(QModelIndex(), &venue);
         QCOMPARE(venue.GetId(), 99);
-        QCOMPARE(venue.GetComplexName(), QStringLiteral("untouched"));
+        QCOMPARE(venue.GetComplexName(), u"untouched"_s);
     }
 
     void RowsHaveNoChildren()
     {
         VenueTableModel model;
-        model.SetVenueData({FilledVenue(7, QStringLiteral("A")), FilledVenue(8, QStringLiteral("B"))});
+        model.SetVenueData({FilledVenue(7, u"A"_s), FilledVenue(8, u"B"_s)});
         QCOMPARE(model.rowCount(QModelIndex()), 2);
         QCOMPARE(model.rowCount(model.index(0, 0)), 0);
         QCOMPARE(model.columnCount(model.index(0, 0)), 0);
@@ -152,17 +151,17 @@ private Q_SLOTS:
     void SingleVenueIsTheFullRecord()
     {
         QFETCH(bool, minimized);
-        Venue stored = FilledVenue(8, QStringLiteral("B"));
+        Venue stored = FilledVenue(8, u"B"_s);
         stored.SetMinimizedElementCount(minimized);
         VenueTableModel model;
-        model.SetVenueData({FilledVenue(7, QStringLiteral("A")), stored});
+        model.SetVenueData({FilledVenue(7, u"A"_s), stored});
         // Showing a row must not change what is stored.
         QVERIFY(model.data(model.index(1, 3), Qt::DisplayRole).isValid());
 
         Venue venue;
         venue.SetMinimizedElementCount(!minimized);
         model.GetSingleVenueData(model.index(1, 4), &venue);
-        const Venue expected = FilledVenue(8, QStringLiteral("B"));
+        const Venue expected = FilledVenue(8, u"B"_s);
         QCOMPARE(venue.GetId(), 8);
         QCOMPARE(venue.GetComplexName(), expected.GetComplexName());
         QCOMPARE(venue.GetVenueRoomName(), expected.GetVenueRoomName());
@@ -176,8 +175,7 @@ private Q_SLOTS:
         QCOMPARE(venue.GetUploadDate(), expected.GetUploadDate());
         QCOMPARE(venue.GetEditor(), 42);
         QCOMPARE(venue.GetEditDate(), expected.GetEditDate());
-        QCOMPARE(venue.GetDataAt(3).toString(),
-                 minimized ? QStringLiteral("Berlin") : QStringLiteral("general"));
+        QCOMPARE(venue.GetDataAt(3).toString(), minimized ? u"Berlin"_s : u"general"_s);
     }
 
     void RefillResetsTheModelOnce()
@@ -188,7 +186,7 @@ private Q_SLOTS:
         int rowsBefore = -1;
         connect(&model, &QAbstractItemModel::modelAboutToBeReset, this,
                 [&] { rowsBefore = model.rowCount(QModelIndex()); });
-        model.SetVenueData({FilledVenue(7, QStringLiteral("A"))});
+        model.SetVenueData({FilledVenue(7, u"A"_s)});
         QCOMPARE(before.count(), 1);
         QCOMPARE(after.count(), 1);
         QCOMPARE(rowsBefore, 0);
@@ -202,7 +200,7 @@ private Q_SLOTS:
     {
         VenueTableModel model;
         const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        model.SetVenueData({FilledVenue(7, QStringLiteral("A")), FilledVenue(8, QStringLiteral("B"))});
+        model.SetVenueData({FilledVenue(7, u"A"_s), FilledVenue(8, u"B"_s)});
         model.SetVenueData({});
         model.SetVenueData({Venue()});
     }
@@ -216,3 +214,5 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_VenueTableModel)
 #include "tst_VenueTableModel.moc"
+
+using namespace Qt::StringLiterals;

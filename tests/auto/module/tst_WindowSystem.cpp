@@ -33,7 +33,7 @@ namespace {
 bool XdoTool(const QStringList& arguments)
 {
     QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start(u"xdotool"_s, arguments);
     // Without an event loop: one of ours would let in the input that a wait holds back.
     return process.waitForFinished(10000) && process.exitCode() == 0;
 }
@@ -41,8 +41,7 @@ bool XdoTool(const QStringList& arguments)
 QStringList ClickAt(const QWidget* widget)
 {
     const QPoint center = widget->mapToGlobal(widget->rect().center());
-    return {QStringLiteral("mousemove"), QString::number(center.x()), QString::number(center.y()),
-            QStringLiteral("click"), QStringLiteral("1")};
+    return {u"mousemove"_s, QString::number(center.x()), QString::number(center.y()), u"click"_s, u"1"_s};
 }
 
 /// Notes the mouse presses that reach a widget, each with what a function said at that moment.
@@ -87,7 +86,7 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        QCOMPARE(QGuiApplication::platformName(), QStringLiteral("xcb"));
+        QCOMPARE(QGuiApplication::platformName(), u"xcb"_s);
     }
 
     void init()
@@ -101,18 +100,18 @@ private Q_SLOTS:
         const auto server = GeneratedServer({.venueCount = 3});
         const auto network = server->InstallInApplication();
         VenueDbDialog dialog;
-        dialog.ConnectVdb(QStringLiteral("JSONREST"));
+        dialog.ConnectVdb(u"JSONREST"_s);
         dialog.Open(nullptr);
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QTRY_VERIFY(dialog.findChild<QTableView*>()->model());
         server->Log().Clear();
 
         // The answer waits until the click has long been made.
-        server->AddFault(Fault::On(QStringLiteral("filter[title]")).WithDelay(2000));
-        dialog.findChildren<QLineEdit*>().first()->setText(QStringLiteral("a"));
-        QPushButton* close = Button(dialog, QStringLiteral("Close"));
+        server->AddFault(Fault::On(u"filter[title]"_s).WithDelay(2000));
+        dialog.findChildren<QLineEdit*>().first()->setText(u"a"_s);
+        QPushButton* close = Button(dialog, u"Close"_s);
         const auto isAnswered = [&server]() {
-            const auto requests = server->Log().Requests(QStringLiteral("filter[title]"));
+            const auto requests = server->Log().Requests(u"filter[title]"_s);
             return !requests.isEmpty() && requests.first().status != 0;
         };
         const PressRecorder presses(close, isAnswered);
@@ -136,8 +135,8 @@ private Q_SLOTS:
             QLineEdit* lineEdit = dialog.findChildren<QLineEdit*>().at(field);
             QVERIFY(XdoTool(ClickAt(lineEdit)));
             QTRY_VERIFY(lineEdit->hasFocus());
-            QVERIFY(XdoTool({QStringLiteral("type"), QStringLiteral("x")}));
-            QVERIFY(XdoTool({QStringLiteral("key"), QStringLiteral("Return")}));
+            QVERIFY(XdoTool({u"type"_s, u"x"_s}));
+            QVERIFY(XdoTool({u"key"_s, u"Return"_s}));
             QTRY_COMPARE(m_stub.searches.size(), 2);
             QCOMPARE(m_stub.searches.first().size(), field + 1);
         }
@@ -169,7 +168,7 @@ private Q_SLOTS:
         // The window manager may add its frame to the position.
         const QPoint distance = dialog.geometry().center() - available.center();
         QVERIFY2(qAbs(distance.x()) <= 30 && qAbs(distance.y()) <= 30,
-                 qPrintable(QStringLiteral("%1, %2").arg(distance.x()).arg(distance.y())));
+                 qPrintable(u"%1, %2"_s.arg(distance.x()).arg(distance.y())));
     }
 
     void TitleBarCloseHidesTheDialog()
@@ -179,7 +178,7 @@ private Q_SLOTS:
         dialog.Open(nullptr);
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QTRY_COMPARE(m_stub.searches.size(), 2);
-        QVERIFY(XdoTool({QStringLiteral("key"), QStringLiteral("alt+F4")}));
+        QVERIFY(XdoTool({u"key"_s, u"alt+F4"_s}));
         QTRY_VERIFY(dialog.isHidden());
     }
 
@@ -215,3 +214,5 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_WindowSystem)
 #include "tst_WindowSystem.moc"
+
+using namespace Qt::StringLiterals;

@@ -44,10 +44,9 @@ QString Text(const QJsonObject& object, const char* member)
 /// Writing systems beyond Latin, one letter of each.
 bool HoldsScript(const QString& text, QChar::Script script)
 {
-    for (const QChar character : text) {
+    for (const QChar character : text)
         if (character.script() == script)
             return true;
-    }
     return false;
 }
 
@@ -86,16 +85,16 @@ void tst_CatalogueData::initTestCase()
 {
     const QDir folder(Folder());
     QString error;
-    for (const QString& name : folder.entryList({QStringLiteral("venues-*.json")})) {
+    for (const QString& name : folder.entryList({u"venues-*.json"_s})) {
         const QJsonObject file = ReadJson(folder.filePath(name), &error);
         QVERIFY2(error.isEmpty(), qPrintable(name + error));
-        QCOMPARE(file.keys(), QStringList({QStringLiteral("venues")}));
-        for (const QJsonValue venue : file.value(QLatin1String("venues")).toArray())
+        QCOMPARE(file.keys(), QStringList({u"venues"_s}));
+        for (const QJsonValue venue : file.value("venues"_L1).toArray())
             m_venues.append(venue.toObject());
     }
-    const QJsonObject users = ReadJson(folder.filePath(QStringLiteral("users.json")), &error);
+    const QJsonObject users = ReadJson(folder.filePath(u"users.json"_s), &error);
     QVERIFY2(error.isEmpty(), qPrintable(error));
-    for (const QJsonValue user : users.value(QLatin1String("users")).toArray())
+    for (const QJsonValue user : users.value("users"_L1).toArray())
         m_users.append(user.toObject());
 }
 
@@ -105,9 +104,9 @@ void tst_CatalogueData::ThereAreEnoughHallsAndCountries()
     int withPictures = 0;
     int withModels = 0;
     for (const QJsonObject& venue : std::as_const(m_venues)) {
-        countries.insert(Text(venue.value(QLatin1String("address")).toObject(), "country_code"));
-        withPictures += venue.contains(QLatin1String("pictures")) ? 1 : 0;
-        withModels += venue.contains(QLatin1String("model_files")) ? 1 : 0;
+        countries.insert(Text(venue.value("address"_L1).toObject(), "country_code"));
+        withPictures += venue.contains("pictures"_L1) ? 1 : 0;
+        withModels += venue.contains("model_files"_L1) ? 1 : 0;
     }
     QVERIFY(m_venues.size() >= 66);
     QVERIFY(countries.size() >= 24);
@@ -127,13 +126,12 @@ void tst_CatalogueData::IdentifiersAreUnique()
         return !id.isEmpty() && ids.size() == before + 1;
     };
     for (const QJsonObject& venue : std::as_const(m_venues)) {
-        const qint64 id = venue.value(QLatin1String("entity_id")).toInteger();
+        const qint64 id = venue.value("entity_id"_L1).toInteger();
         QVERIFY(id > 0 && !venueIds.contains(id));
         venueIds.insert(id);
-        for (const char* list : {"pictures", "model_files"}) {
+        for (const char* list : {"pictures", "model_files"})
             for (const QJsonValue item : venue.value(QLatin1String(list)).toArray())
                 QVERIFY(isNew(Text(item.toObject(), "id")));
-        }
     }
     for (const QJsonObject& user : std::as_const(m_users))
         QVERIFY(isNew(Text(user, "id")));
@@ -142,47 +140,44 @@ void tst_CatalogueData::IdentifiersAreUnique()
 void tst_CatalogueData::OnlyKnownMembersAreUsedAndNoneIsEmpty()
 {
     static const QHash<QString, QString> c_known{
-        {QStringLiteral("venue"),
-         QStringLiteral(
-             "entity_id title venue_room_name house general_comment address comment "
-             "loading_dock_street_address "
-             "load_in_comments clearance_of_house_grid_rigging_beams_above_venue_floor rigging_specialties "
-             "created changed editor pictures model_files")},
-        {QStringLiteral("address"), QStringLiteral("address_line1 postal_code locality country_code")},
-        {QStringLiteral("pictures"), QStringLiteral("id view name alt created")},
-        {QStringLiteral("model_files"), QStringLiteral("id name file created file_version")}};
+        {u"venue"_s,
+         u"entity_id title venue_room_name house general_comment address comment "
+         "loading_dock_street_address "
+         "load_in_comments clearance_of_house_grid_rigging_beams_above_venue_floor rigging_specialties "
+         "created changed editor pictures model_files"_s},
+        {u"address"_s, u"address_line1 postal_code locality country_code"_s},
+        {u"pictures"_s, u"id view name alt created"_s},
+        {u"model_files"_s, u"id name file created file_version"_s}};
     const auto check = [](const QString& kind, const QJsonObject& object) {
         const QStringList known = c_known.value(kind).split(QLatin1Char(' '));
-        for (auto member = object.begin(); member != object.end(); ++member) {
+        for (auto member = object.begin(); member != object.end(); ++member)
             if (!known.contains(member.key())
                 || (member->isString() && member->toString().trimmed().isEmpty()))
                 return false;
-        }
         return true;
     };
     for (const QJsonObject& venue : std::as_const(m_venues)) {
         const QString title = Text(venue, "title");
         QVERIFY(!title.isEmpty());
-        QVERIFY2(check(QStringLiteral("venue"), venue), qPrintable(title));
-        const QJsonObject address = venue.value(QLatin1String("address")).toObject();
-        QVERIFY2(check(QStringLiteral("address"), address), qPrintable(title));
-        QVERIFY2(address.contains(QLatin1String("locality")), qPrintable(title));
+        QVERIFY2(check(u"venue"_s, venue), qPrintable(title));
+        const QJsonObject address = venue.value("address"_L1).toObject();
+        QVERIFY2(check(u"address"_s, address), qPrintable(title));
+        QVERIFY2(address.contains("locality"_L1), qPrintable(title));
         QCOMPARE(Text(address, "country_code").size(), 2);
-        for (const QString& list : {QStringLiteral("pictures"), QStringLiteral("model_files")}) {
+        for (const QString& list : {u"pictures"_s, u"model_files"_s})
             for (const QJsonValue item : venue.value(list).toArray())
                 QVERIFY2(check(list, item.toObject()), qPrintable(title));
-        }
     }
 }
 
 void tst_CatalogueData::DatesHaveTheFormOfTheServer()
 {
-    const QString moment = QStringLiteral("yyyy-MM-ddThh:mm:ss+00:00");
+    const QString moment = u"yyyy-MM-ddThh:mm:ss+00:00"_s;
     const QDate first(2021, 1, 1);
     const QDate last(2026, 12, 31);
     int otherForms = 0;
     for (const QJsonObject& venue : std::as_const(m_venues)) {
-        const QDate created = QDate::fromString(Text(venue, "created"), QStringLiteral("yyyy-MM-dd"));
+        const QDate created = QDate::fromString(Text(venue, "created"), u"yyyy-MM-dd"_s);
         QVERIFY2(created >= first && created <= last, qPrintable(Text(venue, "title")));
         const QString text = Text(venue, "changed");
         const QDateTime changed = QDateTime::fromString(text, moment);
@@ -190,10 +185,9 @@ void tst_CatalogueData::DatesHaveTheFormOfTheServer()
             QVERIFY2(changed.date() >= created && changed.date() <= last, qPrintable(text));
         else
             otherForms += text.endsWith(QLatin1Char('Z')) ? 1 : 100;
-        for (const char* list : {"pictures", "model_files"}) {
+        for (const char* list : {"pictures", "model_files"})
             for (const QJsonValue item : venue.value(QLatin1String(list)).toArray())
                 QVERIFY(QDateTime::fromString(Text(item.toObject(), "created"), moment).isValid());
-        }
     }
     QVERIFY(otherForms >= 1 && otherForms <= 2);
 }
@@ -202,17 +196,16 @@ void tst_CatalogueData::EditorsAreUsers()
 {
     QSet<QString> ids;
     for (const QJsonObject& user : std::as_const(m_users)) {
-        QVERIFY(user.value(QLatin1String("entity_id")).toInteger() > 0);
+        QVERIFY(user.value("entity_id"_L1).toInteger() > 0);
         QVERIFY(!Text(user, "name").isEmpty());
         ids.insert(Text(user, "id"));
     }
     int withoutEditor = 0;
-    for (const QJsonObject& venue : std::as_const(m_venues)) {
-        if (venue.contains(QLatin1String("editor")))
+    for (const QJsonObject& venue : std::as_const(m_venues))
+        if (venue.contains("editor"_L1))
             QVERIFY2(ids.contains(Text(venue, "editor")), qPrintable(Text(venue, "title")));
         else
             ++withoutEditor;
-    }
     QCOMPARE(withoutEditor, 1);
 }
 
@@ -221,11 +214,11 @@ void tst_CatalogueData::ExactlyOneCountryIsUnknown()
     korvel::Data::VenueDatabase::CountryCodeTranslator translator;
     QStringList unknown;
     for (const QJsonObject& venue : std::as_const(m_venues)) {
-        const QString code = Text(venue.value(QLatin1String("address")).toObject(), "country_code");
-        if (translator.GetCountry(code) == QStringLiteral("unknown"))
+        const QString code = Text(venue.value("address"_L1).toObject(), "country_code");
+        if (translator.GetCountry(code) == u"unknown"_s)
             unknown.append(code);
     }
-    QCOMPARE(unknown, QStringList({QStringLiteral("UA")}));
+    QCOMPARE(unknown, QStringList({u"UA"_s}));
 }
 
 void tst_CatalogueData::EveryScriptIsThere_data()
@@ -243,10 +236,9 @@ void tst_CatalogueData::EveryScriptIsThere()
 {
     QFETCH(int, script);
     bool found = false;
-    for (const QJsonObject& venue : std::as_const(m_venues)) {
+    for (const QJsonObject& venue : std::as_const(m_venues))
         for (const char* member : {"title", "venue_room_name", "general_comment", "comment"})
             found = found || HoldsScript(Text(venue, member), QChar::Script(script));
-    }
     QVERIFY(found);
 }
 
@@ -256,7 +248,7 @@ void tst_CatalogueData::RoomsShareTheTitleOfTheirComplex()
     qsizetype entries = 0;
     for (const QJsonObject& venue : std::as_const(m_venues)) {
         const QString house = Text(venue, "title") + QLatin1Char('/')
-            + Text(venue.value(QLatin1String("address")).toObject(), "locality");
+            + Text(venue.value("address"_L1).toObject(), "locality");
         roomsByTitle[house].insert(Text(venue, "venue_room_name"));
         ++entries;
     }
@@ -273,18 +265,18 @@ void tst_CatalogueData::RoomsShareTheTitleOfTheirComplex()
 
 void tst_CatalogueData::PicturesShowTheSevenViews()
 {
-    const QSet<QString> views{QStringLiteral("from_the_auditorium"),
-                              QStringLiteral("from_the_stage_into_the_auditorium"),
-                              QStringLiteral("isometric"),
-                              QStringLiteral("stage_left"),
-                              QStringLiteral("stage_right"),
-                              QStringLiteral("view_from_the_inside"),
-                              QStringLiteral("view_from_the_outside")};
+    const QSet<QString> views{u"from_the_auditorium"_s,
+                              u"from_the_stage_into_the_auditorium"_s,
+                              u"isometric"_s,
+                              u"stage_left"_s,
+                              u"stage_right"_s,
+                              u"view_from_the_inside"_s,
+                              u"view_from_the_outside"_s};
     QSet<QString> used;
     for (const QJsonObject& venue : std::as_const(m_venues)) {
-        if (!venue.contains(QLatin1String("pictures")))
+        if (!venue.contains("pictures"_L1))
             continue;
-        const QJsonArray pictures = venue.value(QLatin1String("pictures")).toArray();
+        const QJsonArray pictures = venue.value("pictures"_L1).toArray();
         QVERIFY(pictures.size() >= 2 && pictures.size() <= 7);
         QSet<QString> here;
         for (const QJsonValue picture : pictures) {
@@ -303,7 +295,7 @@ void tst_CatalogueData::EveryHallNamesItsKindOfHouse()
     for (const QJsonObject& venue : std::as_const(m_venues)) {
         const QString house = Text(venue, "house");
         QVERIFY2(VenueCatalogue::Houses().contains(house), qPrintable(Text(venue, "title")));
-        if (venue.contains(QLatin1String("pictures")))
+        if (venue.contains("pictures"_L1))
             shown.insert(house);
     }
     QCOMPARE(shown.size(), VenueCatalogue::Houses().size());
@@ -312,12 +304,11 @@ void tst_CatalogueData::EveryHallNamesItsKindOfHouse()
 void tst_CatalogueData::StoredPicturesAreThoseOfTheHousesAndFewBytes()
 {
     QStringList expected;
-    for (const QString& house : VenueCatalogue::Houses()) {
+    for (const QString& house : VenueCatalogue::Houses())
         for (const QString& view : VenueCatalogue::Views())
-            expected.append(house + QLatin1Char('-') + view + QStringLiteral(".jpg"));
-    }
+            expected.append(house + QLatin1Char('-') + view + u".jpg"_s);
     expected.sort();
-    const QDir folder(Folder() + QStringLiteral("/pictures"));
+    const QDir folder(Folder() + u"/pictures"_s);
     const QFileInfoList files = folder.entryInfoList(QDir::Files, QDir::Name);
     QStringList names;
     qint64 bytes = 0;
@@ -333,17 +324,17 @@ void tst_CatalogueData::StoredPicturesAreThoseOfTheHousesAndFewBytes()
 
 void tst_CatalogueData::ModelFilesAreThereAndOnlyOneIsBroken()
 {
-    const QDir folder(Folder() + QStringLiteral("/models"));
+    const QDir folder(Folder() + u"/models"_s);
     QStringList listed;
     QStringList broken;
     bool several = false;
     for (const QJsonObject& venue : std::as_const(m_venues)) {
-        const QJsonArray files = venue.value(QLatin1String("model_files")).toArray();
+        const QJsonArray files = venue.value("model_files"_L1).toArray();
         several = several || files.size() == 3;
         for (const QJsonValue value : files) {
             const QString file = Text(value.toObject(), "file");
             listed.append(file);
-            QVERIFY(Text(value.toObject(), "name").endsWith(QStringLiteral(".tessra")));
+            QVERIFY(Text(value.toObject(), "name").endsWith(u".tessra"_s));
             QString error;
             const std::optional<VenueModel> model = VenueModelFile::Read(folder.filePath(file), &error);
             if (!model) {
@@ -359,16 +350,16 @@ void tst_CatalogueData::ModelFilesAreThereAndOnlyOneIsBroken()
         }
     }
     listed.sort();
-    QCOMPARE(listed, folder.entryList({QStringLiteral("*")}, QDir::Files, QDir::Name));
-    QCOMPARE(broken, QStringList({QStringLiteral("5006-draft.tessra")}));
+    QCOMPARE(listed, folder.entryList({u"*"_s}, QDir::Files, QDir::Name));
+    QCOMPARE(broken, QStringList({u"5006-draft.tessra"_s}));
     QVERIFY(several);
 }
 
 void tst_CatalogueData::BrokenModelFileSaysWhere()
 {
     QString error;
-    QVERIFY(!VenueModelFile::Read(Folder() + QStringLiteral("/models/5006-draft.tessra"), &error));
-    QCOMPARE(error, QStringLiteral("Line 7: \"-2x\" is not a number."));
+    QVERIFY(!VenueModelFile::Read(Folder() + u"/models/5006-draft.tessra"_s, &error));
+    QCOMPARE(error, u"Line 7: \"-2x\" is not a number."_s);
 }
 
 void tst_CatalogueData::SomeMembersAreMissingOnPurpose()
@@ -387,3 +378,5 @@ void tst_CatalogueData::SomeMembersAreMissingOnPurpose()
 
 QTEST_MAIN(tst_CatalogueData)
 #include "tst_CatalogueData.moc"
+
+using namespace Qt::StringLiterals;

@@ -47,9 +47,8 @@ void tst_CatalogueGenerator::SizeIsAsAsked()
         = CatalogueGenerator({.venueCount = venues, .venuesPerUser = venuesPerUser}).Catalogue();
     QCOMPARE(catalogue.Venues().size(), venues);
     QCOMPARE(catalogue.Users().size(), users);
-    for (const VenueRecord& venue : catalogue.Venues()) {
+    for (const VenueRecord& venue : catalogue.Venues())
         QCOMPARE(catalogue.FindUser(venue.editor) != nullptr, users > 0);
-    }
 }
 
 void tst_CatalogueGenerator::SameSeedGivesTheSameVenues()
@@ -69,15 +68,13 @@ void tst_CatalogueGenerator::OtherSeedGivesOtherVenues()
 void tst_CatalogueGenerator::EveryVenueIsComplete()
 {
     const VenueCatalogue catalogue = CatalogueGenerator({.venueCount = 300}).Catalogue();
-    static const QRegularExpression c_changed(
-        QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\+00:00$"));
+    static const QRegularExpression c_changed(u"^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\+00:00$"_s);
     QSet<qint64> ids;
     for (const VenueRecord& venue : catalogue.Venues()) {
         ids.insert(venue.entityId);
-        for (const VenueText& text : VenueCatalogue::Texts()) {
+        for (const VenueText& text : VenueCatalogue::Texts())
             QVERIFY2(!(venue.*text.member).isEmpty(), text.path);
-        }
-        QVERIFY(QDate::fromString(venue.created, QStringLiteral("yyyy-MM-dd")).isValid());
+        QVERIFY(QDate::fromString(venue.created, u"yyyy-MM-dd"_s).isValid());
         QVERIFY(c_changed.match(venue.changed).hasMatch());
         QCOMPARE(venue.countryCode.size(), 2);
     }
@@ -119,26 +116,21 @@ void tst_CatalogueGenerator::BodyHoldsEveryVenueAndEditor()
     QFETCH(qsizetype, venuesPerUser);
     QFETCH(qsizetype, included);
     const CatalogueGenerator generator({.venueCount = 50, .venuesPerUser = venuesPerUser});
-    const QJsonObject document
-        = QJsonDocument::fromJson(generator.Body(QStringLiteral("venues.test.example"))).object();
-    const QJsonArray data = document.value(QStringLiteral("data")).toArray();
+    const QJsonObject document = QJsonDocument::fromJson(generator.Body(u"venues.test.example"_s)).object();
+    const QJsonArray data = document.value(u"data"_s).toArray();
     QCOMPARE(data.size(), 50);
-    QCOMPARE(data.at(49)
-                 .toObject()
-                 .value(QStringLiteral("attributes"))
-                 .toObject()
-                 .value(QStringLiteral("title"))
-                 .toString(),
+    QCOMPARE(data.at(49).toObject().value(u"attributes"_s).toObject().value(u"title"_s).toString(),
              generator.Venue(49).title);
-    QCOMPARE(document.value(QStringLiteral("included")).toArray().size(), included);
+    QCOMPARE(document.value(u"included"_s).toArray().size(), included);
 }
 
 void tst_CatalogueGenerator::VenueTakesAboutAKilobyteAndAQuarter()
 {
-    const qsizetype size
-        = CatalogueGenerator({.venueCount = 1000}).Body(QStringLiteral("h.example")).size() / 1000;
+    const qsizetype size = CatalogueGenerator({.venueCount = 1000}).Body(u"h.example"_s).size() / 1000;
     QVERIFY2(size >= 1000 && size <= 1700, qPrintable(QString::number(size)));
 }
 
 QTEST_GUILESS_MAIN(tst_CatalogueGenerator)
 #include "tst_CatalogueGenerator.moc"
+
+using namespace Qt::StringLiterals;

@@ -17,8 +17,8 @@ using Kind = NetworkFault::Kind;
 
 namespace {
 
-const QString c_host = QStringLiteral("venues.test.example");
-const QString c_secondHost = QStringLiteral("second.example");
+const QString c_host = u"venues.test.example"_s;
+const QString c_secondHost = u"second.example"_s;
 
 NetworkFault FaultOf(Kind kind, qint64 value = 0)
 {
@@ -76,7 +76,7 @@ private:
 
     QByteArray AnswerToConnect(const QByteArray& header);
     /// Asks with a manager of its own, so that no kept connection takes part.
-    Outcome Get(const QString& host = c_host, const QString& pathAndQuery = QStringLiteral("/api/venue"));
+    Outcome Get(const QString& host = c_host, const QString& pathAndQuery = u"/api/venue"_s);
 
     std::unique_ptr<VenueServer> m_server;
     std::unique_ptr<ApplicationNetworkGuard> m_guard;
@@ -105,10 +105,9 @@ QByteArray tst_ConnectForwarder::AnswerToConnect(const QByteArray& header)
 {
     QTcpSocket socket;
     socket.setProxy(QNetworkProxy::NoProxy);
-    socket.connectToHost(QStringLiteral("127.0.0.1"), m_server->ProxyPort());
-    if (!socket.waitForConnected(5000)) {
+    socket.connectToHost(u"127.0.0.1"_s, m_server->ProxyPort());
+    if (!socket.waitForConnected(5000))
         return {};
-    }
     socket.write(header);
     return socket.waitForReadyRead(5000) ? socket.readLine() : QByteArray();
 }
@@ -118,18 +117,15 @@ tst_ConnectForwarder::Outcome tst_ConnectForwarder::Get(const QString& host, con
     QNetworkAccessManager manager;
     QElapsedTimer timer;
     timer.start();
-    QNetworkReply* reply
-        = manager.get(QNetworkRequest(QUrl(QStringLiteral("https://") + host + pathAndQuery)));
+    QNetworkReply* reply = manager.get(QNetworkRequest(QUrl(u"https://"_s + host + pathAndQuery)));
     Outcome outcome;
     connect(reply, &QNetworkReply::sslErrors, &manager, [&outcome](const QList<QSslError>& errors) {
-        for (const QSslError& error : errors) {
+        for (const QSslError& error : errors)
             outcome.tlsErrors.append(error.error());
-        }
     });
     QSignalSpy finished(reply, &QNetworkReply::finished);
-    if (!finished.wait(10000)) {
+    if (!finished.wait(10000))
         QTest::qFail("no answer within ten seconds", __FILE__, __LINE__);
-    }
     outcome.milliseconds = timer.elapsed();
     outcome.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     outcome.error = reply->error();
@@ -159,16 +155,15 @@ void tst_ConnectForwarder::ConnectIsAnswered()
     QCOMPARE(AnswerToConnect(request), answer);
     const bool isConnect = request.startsWith("CONNECT");
     QCOMPARE(m_server->Log().ConnectCount(), isConnect ? 1 : 0);
-    if (isConnect) {
+    if (isConnect)
         QCOMPARE(m_server->Log().Connects().constFirst().status, answer.split(' ').at(1).toInt());
-    }
 }
 
 void tst_ConnectForwarder::HeaderMayComeInPieces()
 {
     QTcpSocket socket;
     socket.setProxy(QNetworkProxy::NoProxy);
-    socket.connectToHost(QStringLiteral("127.0.0.1"), m_server->ProxyPort());
+    socket.connectToHost(u"127.0.0.1"_s, m_server->ProxyPort());
     QVERIFY(socket.waitForConnected(5000));
     const QByteArray header = "CONNECT venues.test.example:443 HTTP/1.1\r\nHost: venues.test.example\r\n\r\n";
     for (const char byte : header) {
@@ -212,7 +207,7 @@ void tst_ConnectForwarder::EachConnectionShowsItsCertificate()
         QSslSocket socket;
         socket.setProxy(QNetworkProxy::NoProxy);
         socket.setSslConfiguration(configuration);
-        socket.connectToHostEncrypted(QStringLiteral("localhost"), m_server->HttpsPort());
+        socket.connectToHostEncrypted(u"localhost"_s, m_server->HttpsPort());
         QCOMPARE(socket.waitForEncrypted(5000), isGood);
         if (isGood) {
             socket.write("GET / HTTP/1.1\r\n\r\n");
@@ -254,7 +249,7 @@ void tst_ConnectForwarder::UnansweredConnect()
 {
     m_server->AddFault(FaultOf(Kind::NeverAnswer));
     QNetworkAccessManager manager;
-    QNetworkReply* reply = manager.get(QNetworkRequest(QUrl(QStringLiteral("https://") + c_host)));
+    QNetworkReply* reply = manager.get(QNetworkRequest(QUrl(u"https://"_s + c_host)));
     QTRY_COMPARE(m_server->Log().ConnectCount(), 1);
     QVERIFY(!QTest::qWaitFor([reply] { return reply->isFinished(); }, 300));
     QCOMPARE(m_server->Log().Connects().constFirst().status, 0);
@@ -337,10 +332,9 @@ void tst_ConnectForwarder::LargeBodiesArriveWhole()
 {
     // More than all buffers on the way together.
     QByteArray body(20 * 1000 * 1000, Qt::Uninitialized);
-    for (qsizetype i = 0; i < body.size(); ++i) {
+    for (qsizetype i = 0; i < body.size(); ++i)
         body[i] = static_cast<char>(i % 251);
-    }
-    m_server->AddFault(Fault::On(QStringLiteral("/api/venue")).WithBody(body));
+    m_server->AddFault(Fault::On(u"/api/venue"_s).WithBody(body));
     const Outcome outcome = Get();
     QCOMPARE(outcome.error, QNetworkReply::NoError);
     QVERIFY(outcome.body == body);
@@ -362,9 +356,8 @@ void tst_ConnectForwarder::FaultCountsConnections()
     fault.times = 2;
     m_server->AddFault(fault);
     QList<bool> successes;
-    for (int i = 0; i < 4; ++i) {
+    for (int i = 0; i < 4; ++i)
         successes.append(Get().error == QNetworkReply::NoError);
-    }
     QCOMPARE(successes, QList<bool>({true, false, false, true}));
 }
 
@@ -372,17 +365,17 @@ void tst_ConnectForwarder::FaultOfDirectConnections()
 {
     NetworkFault fault = FaultOf(Kind::BadCertificate);
     fault.certificate = CertificateKind::Expired;
-    fault.host = QStringLiteral("localhost");
+    fault.host = u"localhost"_s;
     fault.times = 1;
     m_server->AddFault(fault);
     for (const bool succeeds : {false, true}) {
         QSslSocket socket;
         socket.setProxy(QNetworkProxy::NoProxy);
-        socket.connectToHostEncrypted(QStringLiteral("localhost"), m_server->HttpsPort());
+        socket.connectToHostEncrypted(u"localhost"_s, m_server->HttpsPort());
         QCOMPARE(socket.waitForEncrypted(5000), succeeds);
     }
     QCOMPARE(m_server->Log().ConnectCount(), 2);
-    QCOMPARE(m_server->Log().Connects().constFirst().host, QStringLiteral("localhost"));
+    QCOMPARE(m_server->Log().Connects().constFirst().host, u"localhost"_s);
 }
 
 void tst_ConnectForwarder::StopClosesHalfOpenConnections()
@@ -391,7 +384,7 @@ void tst_ConnectForwarder::StopClosesHalfOpenConnections()
     QTcpSocket beforeTls;
     for (QTcpSocket* socket : {&beforeConnect, &beforeTls}) {
         socket->setProxy(QNetworkProxy::NoProxy);
-        socket->connectToHost(QStringLiteral("127.0.0.1"), m_server->ProxyPort());
+        socket->connectToHost(u"127.0.0.1"_s, m_server->ProxyPort());
         QVERIFY(socket->waitForConnected(5000));
     }
     beforeTls.write("CONNECT venues.test.example:443 HTTP/1.1\r\n\r\n");
@@ -406,3 +399,5 @@ void tst_ConnectForwarder::StopClosesHalfOpenConnections()
 
 QTEST_GUILESS_MAIN(tst_ConnectForwarder)
 #include "tst_ConnectForwarder.moc"
+
+using namespace Qt::StringLiterals;

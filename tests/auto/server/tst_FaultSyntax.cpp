@@ -21,7 +21,7 @@ private Q_SLOTS:
 
 void tst_FaultSyntax::PatternMayHoldEqualsSigns()
 {
-    const ParsedFault parsed = ParseFault(QStringLiteral("filter[entity_id]=7=status:503"));
+    const ParsedFault parsed = ParseFault(u"filter[entity_id]=7=status:503"_s);
     QVERIFY2(parsed.fault.has_value(), qPrintable(parsed.error));
     QCOMPARE(parsed.fault->GetEffect().status, 503);
     QVERIFY(parsed.fault->Matches({}, "/api/venue?filter%5Bentity_id%5D=7"));
@@ -31,7 +31,7 @@ void tst_FaultSyntax::PatternMayHoldEqualsSigns()
 void tst_FaultSyntax::EffectsAreRead()
 {
     const auto effect = [](const char* kind) {
-        return ParseFault(QStringLiteral("/api=") + QString::fromLatin1(kind)).fault.value().GetEffect();
+        return ParseFault(u"/api="_s + QString::fromLatin1(kind)).fault.value().GetEffect();
     };
     QCOMPARE(effect("delay:250").delay, 250);
     QCOMPARE(effect("cut:12").cutAfter, 12);
@@ -52,31 +52,29 @@ void tst_FaultSyntax::EffectsAreRead()
 
 void tst_FaultSyntax::TimesAreRead()
 {
-    QCOMPARE(ParseFault(QStringLiteral("/api=status:500*2")).fault.value().GetTimes(), 2);
-    QCOMPARE(ParseFault(QStringLiteral("/api=reset*3")).fault.value().GetTimes(), 3);
-    QCOMPARE(ParseFault(QStringLiteral("/api=reset")).fault.value().GetTimes(), -1);
+    QCOMPARE(ParseFault(u"/api=status:500*2"_s).fault.value().GetTimes(), 2);
+    QCOMPARE(ParseFault(u"/api=reset*3"_s).fault.value().GetTimes(), 3);
+    QCOMPARE(ParseFault(u"/api=reset"_s).fault.value().GetTimes(), -1);
 }
 
 void tst_FaultSyntax::RedirectMayHoldColonsAndEqualsSigns()
 {
-    const Fault fault
-        = ParseFault(QStringLiteral("/api=redirect:https://second.example/api?a=b")).fault.value();
+    const Fault fault = ParseFault(u"/api=redirect:https://second.example/api?a=b"_s).fault.value();
     QCOMPARE(fault.GetEffect().status, 302);
     QCOMPARE(fault.GetEffect().headers.constFirst().second, QByteArray("https://second.example/api?a=b"));
 }
 
 void tst_FaultSyntax::HostFaultsAreRead()
 {
-    const NetworkFault status
-        = ParseFault(QStringLiteral("@second.example=connect-status:403*1")).networkFault.value();
+    const NetworkFault status = ParseFault(u"@second.example=connect-status:403*1"_s).networkFault.value();
     QCOMPARE(status.kind, NetworkFault::Kind::AnswerConnect);
     QCOMPARE(status.value, 403);
-    QCOMPARE(status.host, QStringLiteral("second.example"));
+    QCOMPARE(status.host, u"second.example"_s);
     QCOMPARE(status.times, 1);
-    const NetworkFault jitter = ParseFault(QStringLiteral("@=jitter:80")).networkFault.value();
+    const NetworkFault jitter = ParseFault(u"@=jitter:80"_s).networkFault.value();
     QCOMPARE(jitter.kind, NetworkFault::Kind::Jitter);
     QCOMPARE(jitter.value, 80);
-    const NetworkFault certificate = ParseFault(QStringLiteral("@=certificate:expired")).networkFault.value();
+    const NetworkFault certificate = ParseFault(u"@=certificate:expired"_s).networkFault.value();
     QCOMPARE(certificate.kind, NetworkFault::Kind::BadCertificate);
     QCOMPARE(certificate.certificate, CertificateKind::Expired);
     QCOMPARE(certificate.host, QString());
@@ -86,17 +84,17 @@ void tst_FaultSyntax::MistakesAreReported_data()
 {
     const Rows<QString> row("text");
     row("empty", {});
-    row("no kind", QStringLiteral("/api/venue"));
-    row("unknown kind", QStringLiteral("/api=explode"));
-    row("number missing", QStringLiteral("/api=status"));
-    row("no number", QStringLiteral("/api=delay:soon"));
-    row("negative number", QStringLiteral("/api=cut:-1"));
-    row("argument too many", QStringLiteral("/api=reset:5"));
-    row("times not a number", QStringLiteral("/api=reset*x"));
-    row("drip without interval", QStringLiteral("/api=drip:5"));
-    row("request kind for a host", QStringLiteral("@h=status:500"));
-    row("connection kind for a request", QStringLiteral("/api=refuse"));
-    row("unknown certificate", QStringLiteral("@h=certificate:old"));
+    row("no kind", u"/api/venue"_s);
+    row("unknown kind", u"/api=explode"_s);
+    row("number missing", u"/api=status"_s);
+    row("no number", u"/api=delay:soon"_s);
+    row("negative number", u"/api=cut:-1"_s);
+    row("argument too many", u"/api=reset:5"_s);
+    row("times not a number", u"/api=reset*x"_s);
+    row("drip without interval", u"/api=drip:5"_s);
+    row("request kind for a host", u"@h=status:500"_s);
+    row("connection kind for a request", u"/api=refuse"_s);
+    row("unknown certificate", u"@h=certificate:old"_s);
 }
 
 void tst_FaultSyntax::MistakesAreReported()
@@ -110,3 +108,5 @@ void tst_FaultSyntax::MistakesAreReported()
 
 QTEST_GUILESS_MAIN(tst_FaultSyntax)
 #include "tst_FaultSyntax.moc"
+
+using namespace Qt::StringLiterals;

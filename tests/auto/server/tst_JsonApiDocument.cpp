@@ -25,7 +25,7 @@ QJsonValue At(const QJsonValue& from, const char* path)
 
 QString TextAt(const QJsonValue& from, const char* path)
 {
-    return At(from, path).toString(QStringLiteral("(no text)"));
+    return At(from, path).toString(u"(no text)"_s);
 }
 
 QJsonValue Parse(const QByteArray& json)
@@ -39,26 +39,23 @@ VenueRecord Hall()
 {
     VenueRecord venue;
     venue.entityId = 7;
-    venue.title = QStringLiteral("T");
-    venue.locality = QStringLiteral("Zürich / ZH");
-    venue.countryCode = QStringLiteral("CH");
-    venue.comment = QStringLiteral("<b>\"quoted\" \\ 'it' & \n\x01</b>");
-    venue.editor = QStringLiteral("user-3");
-    venue.pictures = {{QStringLiteral("p1"), QStringLiteral("stage_left"), QStringLiteral("Left"),
-                       QStringLiteral("From the left"), QStringLiteral("2023")},
-                      {QStringLiteral("p2"), QStringLiteral("isometric"), {}, {}, {}},
-                      {QStringLiteral("p3"), QStringLiteral("stage_left"), {}, {}, {}}};
-    venue.modelFiles
-        = {{QStringLiteral("t1"), QStringLiteral("Hall.tessra"), QStringLiteral("a hall#1.tessra"),
-            QStringLiteral("2024"), QStringLiteral("4.2"), "content"}};
+    venue.title = u"T"_s;
+    venue.locality = u"Zürich / ZH"_s;
+    venue.countryCode = u"CH"_s;
+    venue.comment = u"<b>\"quoted\" \\ 'it' & \n\x01</b>"_s;
+    venue.editor = u"user-3"_s;
+    venue.pictures = {{u"p1"_s, u"stage_left"_s, u"Left"_s, u"From the left"_s, u"2023"_s},
+                      {u"p2"_s, u"isometric"_s, {}, {}, {}},
+                      {u"p3"_s, u"stage_left"_s, {}, {}, {}}};
+    venue.modelFiles = {{u"t1"_s, u"Hall.tessra"_s, u"a hall#1.tessra"_s, u"2024"_s, u"4.2"_s, "content"}};
     return venue;
 }
 
-const UserRecord c_user{QStringLiteral("user-3"), 3, QStringLiteral("Zoë")};
+const UserRecord c_user{u"user-3"_s, 3, u"Zoë"_s};
 
 QByteArray DocumentOf(const QStringList& includes)
 {
-    JsonApiDocument document(QStringLiteral("h.example"), "/api/venue?x", includes);
+    JsonApiDocument document(u"h.example"_s, "/api/venue?x", includes);
     document.AddVenue(Hall(), &c_user);
     return document.Finish();
 }
@@ -67,9 +64,8 @@ QStringList IncludedIds(const QStringList& includes)
 {
     QStringList ids;
     const QJsonArray included = At(Parse(DocumentOf(includes)), "included").toArray();
-    for (const QJsonValue& value : included) {
+    for (const QJsonValue& value : included)
         ids.append(TextAt(value, "type") + QLatin1Char(' ') + TextAt(value, "id"));
-    }
     return ids;
 }
 
@@ -95,13 +91,13 @@ private Q_SLOTS:
 
 void tst_JsonApiDocument::EmptyDocumentIsComplete()
 {
-    JsonApiDocument document(QStringLiteral("h.example"), "/api/venue?x", {QStringLiteral("editor")});
+    JsonApiDocument document(u"h.example"_s, "/api/venue?x", {u"editor"_s});
     const QJsonValue json = Parse(document.Finish());
-    QCOMPARE(TextAt(json, "jsonapi.version"), QStringLiteral("1.0"));
+    QCOMPARE(TextAt(json, "jsonapi.version"), u"1.0"_s);
     QVERIFY(At(json, "data").isArray());
     QVERIFY(At(json, "included").isArray());
     QCOMPARE(At(json, "meta.count").toInt(-1), 0);
-    QCOMPARE(TextAt(json, "links.self.href"), QStringLiteral("https://h.example/api/venue?x"));
+    QCOMPARE(TextAt(json, "links.self.href"), u"https://h.example/api/venue?x"_s);
 }
 
 void tst_JsonApiDocument::TextsSurviveTheirEscaping()
@@ -124,42 +120,41 @@ void tst_JsonApiDocument::SlashesAndMarkupAreEscaped()
 void tst_JsonApiDocument::MissingTextsAreLeftOut()
 {
     const QJsonObject attributes = At(Parse(DocumentOf({})), "data.0.attributes").toObject();
-    QVERIFY(!attributes.contains(QStringLiteral("venue_room_name")));
-    QVERIFY(!At(attributes, "address").toObject().contains(QStringLiteral("postal_code")));
+    QVERIFY(!attributes.contains(u"venue_room_name"_s));
+    QVERIFY(!At(attributes, "address").toObject().contains(u"postal_code"_s));
 
     VenueRecord bare;
     bare.entityId = 1;
-    JsonApiDocument document(QStringLiteral("h.example"), "/", {});
+    JsonApiDocument document(u"h.example"_s, "/", {});
     document.AddVenue(bare, nullptr);
     const QJsonValue json = Parse(document.Finish());
-    QVERIFY(!At(json, "data.0.attributes").toObject().contains(QStringLiteral("address")));
+    QVERIFY(!At(json, "data.0.attributes").toObject().contains(u"address"_s));
     QVERIFY(At(json, "data.0.relationships.editor.data").isNull());
-    QVERIFY(!json.toObject().contains(QStringLiteral("included")));
+    QVERIFY(!json.toObject().contains(u"included"_s));
 }
 
 void tst_JsonApiDocument::RelationshipsNameTheirResources()
 {
     const QJsonValue relationships = At(Parse(DocumentOf({})), "data.0.relationships");
-    QCOMPARE(TextAt(relationships, "editor.data.type"), QStringLiteral("user"));
-    QCOMPARE(TextAt(relationships, "editor.data.id"), QStringLiteral("user-3"));
+    QCOMPARE(TextAt(relationships, "editor.data.type"), u"user"_s);
+    QCOMPARE(TextAt(relationships, "editor.data.id"), u"user-3"_s);
     QCOMPARE(At(relationships, "stage_left.data").toArray().size(), 2);
-    QCOMPARE(TextAt(relationships, "stage_left.data.1.id"), QStringLiteral("p3"));
-    QCOMPARE(TextAt(relationships, "tessra.data.0.type"), QStringLiteral("tessra"));
-    for (const QString& view : VenueCatalogue::Views()) {
+    QCOMPARE(TextAt(relationships, "stage_left.data.1.id"), u"p3"_s);
+    QCOMPARE(TextAt(relationships, "tessra.data.0.type"), u"tessra"_s);
+    for (const QString& view : VenueCatalogue::Views())
         QVERIFY(relationships.toObject().contains(view));
-    }
 }
 
 void tst_JsonApiDocument::UserIsIncludedOnce()
 {
-    JsonApiDocument document(QStringLiteral("h.example"), "/", {QStringLiteral("editor")});
+    JsonApiDocument document(u"h.example"_s, "/", {u"editor"_s});
     document.AddVenue(Hall(), &c_user);
     document.AddVenue(Hall(), &c_user);
     const QJsonValue json = Parse(document.Finish());
     QCOMPARE(At(json, "data").toArray().size(), 2);
     QCOMPARE(At(json, "included").toArray().size(), 1);
-    QCOMPARE(TextAt(json, "included.0.type"), QStringLiteral("user"));
-    QCOMPARE(TextAt(json, "included.0.id"), QStringLiteral("user-3"));
+    QCOMPARE(TextAt(json, "included.0.type"), u"user"_s);
+    QCOMPARE(TextAt(json, "included.0.id"), u"user-3"_s);
     QCOMPARE(At(json, "included.0.attributes.entity_id").toInt(), 3);
 }
 
@@ -167,15 +162,13 @@ void tst_JsonApiDocument::ResourcesAreIncluded_data()
 {
     const Rows<QStringList, QStringList> row("includes", "ids");
     row("nothing", {}, {});
-    row("editor", {QStringLiteral("editor")}, {QStringLiteral("user user-3")});
-    row("view without pictures", {QStringLiteral("stage_right.file")}, {});
-    row("pictures without files", {QStringLiteral("stage_left")},
-        {QStringLiteral("picture p1"), QStringLiteral("picture p3")});
-    row("views in the order asked for", {QStringLiteral("stage_left.file"), QStringLiteral("isometric.file")},
-        {QStringLiteral("picture p1"), QStringLiteral("picture p3"), QStringLiteral("file file-p1"),
-         QStringLiteral("file file-p3"), QStringLiteral("picture p2"), QStringLiteral("file file-p2")});
-    row("model files", {QStringLiteral("tessra.file")},
-        {QStringLiteral("tessra t1"), QStringLiteral("file file-t1")});
+    row("editor", {u"editor"_s}, {u"user user-3"_s});
+    row("view without pictures", {u"stage_right.file"_s}, {});
+    row("pictures without files", {u"stage_left"_s}, {u"picture p1"_s, u"picture p3"_s});
+    row("views in the order asked for", {u"stage_left.file"_s, u"isometric.file"_s},
+        {u"picture p1"_s, u"picture p3"_s, u"file file-p1"_s, u"file file-p3"_s, u"picture p2"_s,
+         u"file file-p2"_s});
+    row("model files", {u"tessra.file"_s}, {u"tessra t1"_s, u"file file-t1"_s});
 }
 
 void tst_JsonApiDocument::ResourcesAreIncluded()
@@ -187,37 +180,37 @@ void tst_JsonApiDocument::ResourcesAreIncluded()
 
 void tst_JsonApiDocument::PictureFileHasItsLinks()
 {
-    const QJsonValue json = Parse(DocumentOf({QStringLiteral("stage_left.file")}));
-    QCOMPARE(TextAt(json, "included.0.attributes.name"), QStringLiteral("Left"));
-    QCOMPARE(TextAt(json, "included.0.attributes.created"), QStringLiteral("2023"));
-    QCOMPARE(TextAt(json, "included.0.relationships.file.data.id"), QStringLiteral("file-p1"));
-    QCOMPARE(TextAt(json, "included.0.relationships.file.data.meta.alt"), QStringLiteral("From the left"));
-    QCOMPARE(TextAt(json, "included.2.attributes.url"), QStringLiteral("/files/pictures/p1-large.jpg"));
-    QCOMPARE(TextAt(json, "included.2.links.small.href"),
-             QStringLiteral("https://h.example/files/pictures/p1-small.jpg"));
+    const QJsonValue json = Parse(DocumentOf({u"stage_left.file"_s}));
+    QCOMPARE(TextAt(json, "included.0.attributes.name"), u"Left"_s);
+    QCOMPARE(TextAt(json, "included.0.attributes.created"), u"2023"_s);
+    QCOMPARE(TextAt(json, "included.0.relationships.file.data.id"), u"file-p1"_s);
+    QCOMPARE(TextAt(json, "included.0.relationships.file.data.meta.alt"), u"From the left"_s);
+    QCOMPARE(TextAt(json, "included.2.attributes.url"), u"/files/pictures/p1-large.jpg"_s);
+    QCOMPARE(TextAt(json, "included.2.links.small.href"), u"https://h.example/files/pictures/p1-small.jpg"_s);
     QCOMPARE(TextAt(json, "included.2.links.medium.href"),
-             QStringLiteral("https://h.example/files/pictures/p1-medium.jpg"));
-    QCOMPARE(TextAt(json, "included.2.links.large.href"),
-             QStringLiteral("https://h.example/files/pictures/p1-large.jpg"));
+             u"https://h.example/files/pictures/p1-medium.jpg"_s);
+    QCOMPARE(TextAt(json, "included.2.links.large.href"), u"https://h.example/files/pictures/p1-large.jpg"_s);
 }
 
 void tst_JsonApiDocument::ModelFileHasItsPath()
 {
-    const QJsonValue json = Parse(DocumentOf({QStringLiteral("tessra.file")}));
-    QCOMPARE(TextAt(json, "included.0.attributes.name"), QStringLiteral("Hall.tessra"));
-    QCOMPARE(TextAt(json, "included.0.attributes.created"), QStringLiteral("2024"));
-    QCOMPARE(TextAt(json, "included.0.attributes.file_version"), QStringLiteral("4.2"));
-    QCOMPARE(TextAt(json, "included.0.relationships.file.data.id"), QStringLiteral("file-t1"));
-    QCOMPARE(TextAt(json, "included.1.attributes.url"), QStringLiteral("/files/models/a%20hall%231.tessra"));
+    const QJsonValue json = Parse(DocumentOf({u"tessra.file"_s}));
+    QCOMPARE(TextAt(json, "included.0.attributes.name"), u"Hall.tessra"_s);
+    QCOMPARE(TextAt(json, "included.0.attributes.created"), u"2024"_s);
+    QCOMPARE(TextAt(json, "included.0.attributes.file_version"), u"4.2"_s);
+    QCOMPARE(TextAt(json, "included.0.relationships.file.data.id"), u"file-t1"_s);
+    QCOMPARE(TextAt(json, "included.1.attributes.url"), u"/files/models/a%20hall%231.tessra"_s);
 }
 
 void tst_JsonApiDocument::ErrorsAreDocuments()
 {
-    const QJsonValue json = Parse(JsonApiDocument::Error(404, QStringLiteral("No /x")));
-    QCOMPARE(TextAt(json, "errors.0.status"), QStringLiteral("404"));
-    QCOMPARE(TextAt(json, "errors.0.title"), QStringLiteral("Not Found"));
-    QCOMPARE(TextAt(json, "errors.0.detail"), QStringLiteral("No /x"));
+    const QJsonValue json = Parse(JsonApiDocument::Error(404, u"No /x"_s));
+    QCOMPARE(TextAt(json, "errors.0.status"), u"404"_s);
+    QCOMPARE(TextAt(json, "errors.0.title"), u"Not Found"_s);
+    QCOMPARE(TextAt(json, "errors.0.detail"), u"No /x"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_JsonApiDocument)
 #include "tst_JsonApiDocument.moc"
+
+using namespace Qt::StringLiterals;

@@ -55,33 +55,33 @@ void tst_VenueCatalogue::EveryMemberIsRead()
                                                               &error);
     QCOMPARE(error, QString());
     QCOMPARE(catalogue.Users().size(), 1);
-    QCOMPARE(catalogue.Users().constFirst().name, QStringLiteral("Zoë"));
+    QCOMPARE(catalogue.Users().constFirst().name, u"Zoë"_s);
     QCOMPARE(catalogue.Users().constFirst().entityId, 3);
     QCOMPARE(catalogue.Venues().size(), 1);
     const VenueRecord& venue = catalogue.Venues().constFirst();
     QCOMPARE(venue.entityId, 1001);
-    QCOMPARE(venue.title, QStringLiteral("T"));
-    QCOMPARE(venue.venueRoomName, QStringLiteral("R"));
-    QCOMPARE(venue.house, QStringLiteral("arena"));
-    QCOMPARE(venue.generalComment, QStringLiteral("G"));
-    QCOMPARE(venue.addressLine1, QStringLiteral("A"));
-    QCOMPARE(venue.postalCode, QStringLiteral("P"));
-    QCOMPARE(venue.locality, QStringLiteral("L"));
-    QCOMPARE(venue.countryCode, QStringLiteral("CH"));
-    QCOMPARE(venue.comment, QStringLiteral("C"));
-    QCOMPARE(venue.loadingDockStreetAddress, QStringLiteral("D"));
-    QCOMPARE(venue.loadInComments, QStringLiteral("I"));
-    QCOMPARE(venue.clearance, QStringLiteral("12.5"));
-    QCOMPARE(venue.riggingSpecialties, QStringLiteral("S"));
-    QCOMPARE(venue.created, QStringLiteral("2023-05-04"));
-    QCOMPARE(venue.changed, QStringLiteral("2024-03-01T10:20:30+00:00"));
-    QCOMPARE(venue.editor, QStringLiteral("user-3"));
+    QCOMPARE(venue.title, u"T"_s);
+    QCOMPARE(venue.venueRoomName, u"R"_s);
+    QCOMPARE(venue.house, u"arena"_s);
+    QCOMPARE(venue.generalComment, u"G"_s);
+    QCOMPARE(venue.addressLine1, u"A"_s);
+    QCOMPARE(venue.postalCode, u"P"_s);
+    QCOMPARE(venue.locality, u"L"_s);
+    QCOMPARE(venue.countryCode, u"CH"_s);
+    QCOMPARE(venue.comment, u"C"_s);
+    QCOMPARE(venue.loadingDockStreetAddress, u"D"_s);
+    QCOMPARE(venue.loadInComments, u"I"_s);
+    QCOMPARE(venue.clearance, u"12.5"_s);
+    QCOMPARE(venue.riggingSpecialties, u"S"_s);
+    QCOMPARE(venue.created, u"2023-05-04"_s);
+    QCOMPARE(venue.changed, u"2024-03-01T10:20:30+00:00"_s);
+    QCOMPARE(venue.editor, u"user-3"_s);
     QCOMPARE(venue.pictures.size(), 1);
-    QCOMPARE(venue.pictures.constFirst().view, QStringLiteral("isometric"));
-    QCOMPARE(venue.pictures.constFirst().alt, QStringLiteral("Alt"));
+    QCOMPARE(venue.pictures.constFirst().view, u"isometric"_s);
+    QCOMPARE(venue.pictures.constFirst().alt, u"Alt"_s);
     QCOMPARE(venue.modelFiles.size(), 1);
-    QCOMPARE(venue.modelFiles.constFirst().file, QStringLiteral("m.tessra"));
-    QCOMPARE(venue.modelFiles.constFirst().fileVersion, QStringLiteral("4.2"));
+    QCOMPARE(venue.modelFiles.constFirst().file, u"m.tessra"_s);
+    QCOMPARE(venue.modelFiles.constFirst().fileVersion, u"4.2"_s);
     QVERIFY(venue.modelFiles.constFirst().content.isNull());
 }
 
@@ -100,24 +100,21 @@ void tst_VenueCatalogue::MissingTextsAreNullAndEmptyOnesEmpty()
 void tst_VenueCatalogue::MistakesAreReported_data()
 {
     const Rows<QByteArray, QString> row("json", "part");
-    row("no JSON", "{ nonsense", QStringLiteral("offset"));
-    row("no object", "[]", QStringLiteral("no JSON object"));
-    row("venue without id", R"({"venues":[{"title":"T"}]})", QStringLiteral("entity_id"));
+    row("no JSON", "{ nonsense", u"offset"_s);
+    row("no object", "[]", u"no JSON object"_s);
+    row("venue without id", R"({"venues":[{"title":"T"}]})", u"entity_id"_s);
     row("unknown view",
-        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"id":"p","view":"roof"}]}]})",
-        QStringLiteral("roof"));
+        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"id":"p","view":"roof"}]}]})", u"roof"_s);
     row("picture without id",
-        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"view":"isometric"}]}]})",
-        QStringLiteral("no id"));
+        R"({"venues":[{"entity_id":1,"house":"opera","pictures":[{"view":"isometric"}]}]})", u"no id"_s);
     row("pictures of an unknown house",
         R"({"venues":[{"entity_id":1,"house":"castle","pictures":[{"id":"p","view":"isometric"}]}]})",
-        QStringLiteral("castle"));
+        u"castle"_s);
     row("pictures without a house",
-        R"({"venues":[{"entity_id":1,"pictures":[{"id":"p","view":"isometric"}]}]})",
-        QStringLiteral("unknown house"));
+        R"({"venues":[{"entity_id":1,"pictures":[{"id":"p","view":"isometric"}]}]})", u"unknown house"_s);
     row("model file outside its folder",
         R"({"venues":[{"entity_id":1,"model_files":[{"id":"t","file":"../users.json"}]}]})",
-        QStringLiteral("plain file name"));
+        u"plain file name"_s);
 }
 
 void tst_VenueCatalogue::MistakesAreReported()
@@ -132,12 +129,11 @@ void tst_VenueCatalogue::MistakesAreReported()
 void tst_VenueCatalogue::FolderIsReadInTheOrderOfNames()
 {
     const QTemporaryDir folder;
-    Write(folder.filePath(QStringLiteral("venues-b.json")), R"({"venues":[{"entity_id":2}]})");
-    Write(folder.filePath(QStringLiteral("venues-a.json")),
-          R"({"venues":[{"entity_id":1,"editor":"user-1"}]})");
-    Write(folder.filePath(QStringLiteral("users.json")), R"({"users":[{"id":"user-1","entity_id":5}]})");
-    Write(folder.filePath(QStringLiteral("other.json")), "nonsense");
-    QString error = QStringLiteral("before");
+    Write(folder.filePath(u"venues-b.json"_s), R"({"venues":[{"entity_id":2}]})");
+    Write(folder.filePath(u"venues-a.json"_s), R"({"venues":[{"entity_id":1,"editor":"user-1"}]})");
+    Write(folder.filePath(u"users.json"_s), R"({"users":[{"id":"user-1","entity_id":5}]})");
+    Write(folder.filePath(u"other.json"_s), "nonsense");
+    QString error = u"before"_s;
     const VenueCatalogue catalogue = VenueCatalogue::Load(folder.path(), &error);
     QCOMPARE(error, QString());
     QCOMPARE(catalogue.Venues().size(), 2);
@@ -149,11 +145,11 @@ void tst_VenueCatalogue::FolderIsReadInTheOrderOfNames()
 void tst_VenueCatalogue::ModelFilesAreReadFromTheirFolder()
 {
     const QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("models")));
-    Write(folder.filePath(QStringLiteral("models/a.tessra")), "model");
-    Write(folder.filePath(QStringLiteral("models/empty.tessra")), "");
+    QVERIFY(QDir(folder.path()).mkdir(u"models"_s));
+    Write(folder.filePath(u"models/a.tessra"_s), "model");
+    Write(folder.filePath(u"models/empty.tessra"_s), "");
     Write(
-        folder.filePath(QStringLiteral("venues-a.json")),
+        folder.filePath(u"venues-a.json"_s),
         R"({"venues":[{"entity_id":1,"model_files":[{"id":"1","file":"a.tessra"},{"id":"2","file":"none.tessra"},
              {"id":"3","file":"empty.tessra"}]}]})");
     const VenueCatalogue catalogue = VenueCatalogue::Load(folder.path());
@@ -174,11 +170,11 @@ void tst_VenueCatalogue::FolderWithoutVenuesIsAMistake()
 void tst_VenueCatalogue::MistakeNamesTheFile()
 {
     const QTemporaryDir folder;
-    Write(folder.filePath(QStringLiteral("venues-a.json")), R"({"venues":[{"entity_id":1}]})");
-    Write(folder.filePath(QStringLiteral("venues-b.json")), R"({"venues":[{}]})");
+    Write(folder.filePath(u"venues-a.json"_s), R"({"venues":[{"entity_id":1}]})");
+    Write(folder.filePath(u"venues-b.json"_s), R"({"venues":[{}]})");
     QString error;
     QVERIFY(VenueCatalogue::Load(folder.path(), &error).Venues().isEmpty());
-    QVERIFY2(error.startsWith(QStringLiteral("venues-b.json: ")), qPrintable(error));
+    QVERIFY2(error.startsWith(u"venues-b.json: "_s), qPrintable(error));
 }
 
 void tst_VenueCatalogue::ItemsAreFound()
@@ -186,14 +182,14 @@ void tst_VenueCatalogue::ItemsAreFound()
     const VenueCatalogue catalogue = VenueCatalogue::FromJson(
         R"({"users":[{"id":"u"}],"venues":[{"entity_id":1},{"entity_id":2,"house":"modern","pictures":[{"id":"p","view":"isometric"}],
            "model_files":[{"id":"t","file":"f"}]}]})");
-    QCOMPARE(catalogue.FindUser(QStringLiteral("u")), &catalogue.Users().at(0));
-    QCOMPARE(catalogue.FindUser(QStringLiteral("none")), nullptr);
+    QCOMPARE(catalogue.FindUser(u"u"_s), &catalogue.Users().at(0));
+    QCOMPARE(catalogue.FindUser(u"none"_s), nullptr);
     const VenueRecord* venue = nullptr;
-    QCOMPARE(catalogue.FindPicture(QStringLiteral("p"), &venue), &catalogue.Venues().at(1).pictures.at(0));
+    QCOMPARE(catalogue.FindPicture(u"p"_s, &venue), &catalogue.Venues().at(1).pictures.at(0));
     QCOMPARE(venue, &catalogue.Venues().at(1));
-    QCOMPARE(catalogue.FindPicture(QStringLiteral("none"), &venue), nullptr);
-    QCOMPARE(catalogue.FindModelFile(QStringLiteral("f")), &catalogue.Venues().at(1).modelFiles.at(0));
-    QCOMPARE(catalogue.FindModelFile(QStringLiteral("none")), nullptr);
+    QCOMPARE(catalogue.FindPicture(u"none"_s, &venue), nullptr);
+    QCOMPARE(catalogue.FindModelFile(u"f"_s), &catalogue.Venues().at(1).modelFiles.at(0));
+    QCOMPARE(catalogue.FindModelFile(u"none"_s), nullptr);
 }
 
 void tst_VenueCatalogue::ShippedCatalogueIsSound()
@@ -213,18 +209,16 @@ void tst_VenueCatalogue::ShippedCatalogueIsSound()
         countries.insert(venue.countryCode);
         withPictures += venue.pictures.size() >= 2 ? 1 : 0;
         withModels += venue.modelFiles.isEmpty() ? 0 : 1;
-        if (!venue.editor.isNull()) {
+        if (!venue.editor.isNull())
             QVERIFY2(catalogue.FindUser(venue.editor) != nullptr, qPrintable(venue.editor));
-        }
         for (const PictureRecord& picture : venue.pictures) {
             // Another venue with the same picture id would hide it.
             const VenueRecord* found = nullptr;
             QVERIFY(catalogue.FindPicture(picture.id, &found) != nullptr);
             QCOMPARE(found->entityId, venue.entityId);
         }
-        for (const ModelFileRecord& file : venue.modelFiles) {
+        for (const ModelFileRecord& file : venue.modelFiles)
             QVERIFY2(!file.content.isEmpty(), qPrintable(file.file));
-        }
     }
     QVERIFY(countries.size() >= 20);
     QVERIFY(withPictures >= 25);
@@ -233,3 +227,5 @@ void tst_VenueCatalogue::ShippedCatalogueIsSound()
 
 QTEST_GUILESS_MAIN(tst_VenueCatalogue)
 #include "tst_VenueCatalogue.moc"
+
+using namespace Qt::StringLiterals;

@@ -48,7 +48,7 @@ void tst_VenueModelFile::EveryLineIsRead()
         &error);
     QVERIFY2(model, qPrintable(error));
     QCOMPARE(error, QString());
-    QCOMPARE(model->name, QStringLiteral("Zürich, großer Saal 大"));
+    QCOMPARE(model->name, u"Zürich, großer Saal 大"_s);
     QCOMPARE(model->outline, QPolygonF({{-6, -4}, {6, -4}, {6, 10}, {-6.5, 10}}));
     QCOMPARE(model->stage, QPolygonF({{-4, -3.5}, {4, -3.5}, {4, 0}}));
     QCOMPARE(model->seats.size(), 2);
@@ -81,7 +81,7 @@ void tst_VenueModelFile::LayoutIsFree()
     QString error;
     const std::optional<VenueModel> model = VenueModelFile::Parse(content, &error);
     QVERIFY2(model, qPrintable(error));
-    QCOMPARE(model->name, QStringLiteral("Hall"));
+    QCOMPARE(model->name, u"Hall"_s);
     QCOMPARE(model->outline, QPolygonF({{0, 0}, {9, 0}, {9, 9}}));
     QCOMPARE(model->stage, QPolygonF({{1, 1}, {2, 1}, {2, 2}}));
 }
@@ -143,15 +143,15 @@ void tst_VenueModelFile::WrongContentIsRefusedWithItsLine()
 void tst_VenueModelFile::ContentThatIsNoTextIsRefused_data()
 {
     const Rows<QByteArray, QString> row("content", "part");
-    row("nothing", {}, QStringLiteral("empty"));
-    row("picture", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), QStringLiteral("UTF-8"));
-    row("NUL in a text", FileWith("# a") + '\0' + "b\n", QStringLiteral("UTF-8"));
+    row("nothing", {}, u"empty"_s);
+    row("picture", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), u"UTF-8"_s);
+    row("NUL in a text", FileWith("# a") + '\0' + "b\n", u"UTF-8"_s);
     row("Latin-1",
         FileWith("# gro\xDF"
                  "er Saal\n"),
-        QStringLiteral("UTF-8"));
-    row("cut inside a character", FileWith("# Stra\xC3"), QStringLiteral("UTF-8"));
-    row("error page", "<html><body>404</body></html>", QStringLiteral("not a venue model"));
+        u"UTF-8"_s);
+    row("cut inside a character", FileWith("# Stra\xC3"), u"UTF-8"_s);
+    row("error page", "<html><body>404</body></html>", u"not a venue model"_s);
 }
 
 void tst_VenueModelFile::ContentThatIsNoTextIsRefused()
@@ -173,17 +173,15 @@ void tst_VenueModelFile::LimitsAreExact()
     QVERIFY2(full, qPrintable(error));
     QCOMPARE(full->riggingPoints.size(), VenueModelFile::c_maximumPoints - 6);
     QVERIFY(!VenueModelFile::Parse(enough + "rigging 1,1 5\n", &error));
-    QVERIFY2(error.startsWith(QStringLiteral("Line 20000: "))
-                 && error.contains(QStringLiteral("20000 points")),
-             qPrintable(error));
+    QVERIFY2(error.startsWith(u"Line 20000: "_s) && error.contains(u"20000 points"_s), qPrintable(error));
     QVERIFY(!VenueModelFile::Parse(FileWith("seats " + QByteArray("1,1 ").repeated(1000000)), &error));
-    QVERIFY2(error.contains(QStringLiteral("20000 points")), qPrintable(error));
+    QVERIFY2(error.contains(u"20000 points"_s), qPrintable(error));
 
     const QByteArray frame = FileWith("#");
     const QByteArray largest = frame + QByteArray(VenueModelFile::c_maximumSize - frame.size(), '-');
     QVERIFY(VenueModelFile::Parse(largest, &error));
     QVERIFY(!VenueModelFile::Parse(largest + '-', &error));
-    QVERIFY2(error.contains(QStringLiteral("larger than 4 MB")), qPrintable(error));
+    QVERIFY2(error.contains(u"larger than 4 MB"_s), qPrintable(error));
 
     QVERIFY(VenueModelFile::Parse(FileWith("rigging 10000,-10000 1000000\n"), &error));
 }
@@ -200,7 +198,7 @@ void tst_VenueModelFile::MessagesStayShortAndPrintable()
 void tst_VenueModelFile::FilesAreRead()
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("hall.tessra"));
+    const QString path = folder.filePath(u"hall.tessra"_s);
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(FileWith("rigging 4,5 600\n"));
@@ -212,14 +210,14 @@ void tst_VenueModelFile::FilesAreRead()
 
     QVERIFY(file.resize(VenueModelFile::c_maximumSize + 1));
     QVERIFY(!VenueModelFile::Read(path, &error));
-    QVERIFY2(error.contains(QStringLiteral("larger than 4 MB")), qPrintable(error));
+    QVERIFY2(error.contains(u"larger than 4 MB"_s), qPrintable(error));
 }
 
 void tst_VenueModelFile::MissingFileIsReported()
 {
     QString error;
-    QVERIFY(!VenueModelFile::Read(QDir::tempPath() + QStringLiteral("/no/such/file.tessra"), &error));
-    QVERIFY2(error.startsWith(QStringLiteral("The file cannot be opened: ")), qPrintable(error));
+    QVERIFY(!VenueModelFile::Read(QDir::tempPath() + u"/no/such/file.tessra"_s, &error));
+    QVERIFY2(error.startsWith(u"The file cannot be opened: "_s), qPrintable(error));
 }
 
 void tst_VenueModelFile::ErrorMayBeLeftOut()
@@ -230,3 +228,5 @@ void tst_VenueModelFile::ErrorMayBeLeftOut()
 
 QTEST_MAIN(tst_VenueModelFile)
 #include "tst_VenueModelFile.moc"
+
+using namespace Qt::StringLiterals;

@@ -15,12 +15,12 @@ namespace {
 
 const QSize c_small(480, 320);
 
-VenueRecord Venue(const QString& house = QStringLiteral("opera"))
+VenueRecord Venue(const QString& house = u"opera"_s)
 {
     VenueRecord venue;
     venue.house = house;
-    venue.title = QStringLiteral("State Opera");
-    venue.locality = QStringLiteral("Exampleton");
+    venue.title = u"State Opera"_s;
+    venue.locality = u"Exampleton"_s;
     return venue;
 }
 
@@ -40,11 +40,9 @@ QImage Image(const QString& house, const QString& view, QSize size = c_small)
 qsizetype Colours(const QImage& image, const QRect& area)
 {
     QSet<QRgb> colours;
-    for (int y = area.top(); y <= area.bottom(); y += 4) {
-        for (int x = area.left(); x <= area.right(); x += 4) {
+    for (int y = area.top(); y <= area.bottom(); y += 4)
+        for (int x = area.left(); x <= area.right(); x += 4)
             colours.insert(image.pixel(x, y));
-        }
-    }
     return colours.size();
 }
 
@@ -74,11 +72,9 @@ QRect CaptionStrip(const QImage& image)
 double Brightness(const QImage& image, const QRect& area)
 {
     int bright = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x) {
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
             bright += qGray(image.pixel(x, y)) > 150 ? 1 : 0;
-        }
-    }
     return double(bright) / (area.width() * area.height());
 }
 
@@ -115,10 +111,10 @@ private Q_SLOTS:
 void tst_VenuePicture::RenditionsHaveTheirSizes_data()
 {
     const Rows<QString, QSize> row("rendition", "size");
-    row("small", QStringLiteral("small"), QSize(480, 320));
-    row("medium", QStringLiteral("medium"), QSize(1200, 800));
-    row("large", QStringLiteral("large"), QSize(3000, 2000));
-    row("unknown", QStringLiteral("huge"), {});
+    row("small", u"small"_s, QSize(480, 320));
+    row("medium", u"medium"_s, QSize(1200, 800));
+    row("large", u"large"_s, QSize(3000, 2000));
+    row("unknown", u"huge"_s, {});
 }
 
 void tst_VenuePicture::RenditionsHaveTheirSizes()
@@ -132,11 +128,9 @@ void tst_VenuePicture::EveryViewOfEveryHouseIsShown_data()
 {
     QTest::addColumn<QString>("house");
     QTest::addColumn<QString>("view");
-    for (const QString& house : VenueCatalogue::Houses()) {
-        for (const QString& view : VenueCatalogue::Views()) {
+    for (const QString& house : VenueCatalogue::Houses())
+        for (const QString& view : VenueCatalogue::Views())
             QTest::addRow("%s, %s", qPrintable(house), qPrintable(view)) << house << view;
-        }
-    }
 }
 
 void tst_VenuePicture::EveryViewOfEveryHouseIsShown()
@@ -146,39 +140,32 @@ void tst_VenuePicture::EveryViewOfEveryHouseIsShown()
     const QImage image = Image(house, view);
     QCOMPARE(image.size(), c_small);
     // There is something in every quarter of the picture, not only a ground.
-    for (const QPoint& corner : {QPoint(0, 0), QPoint(240, 0), QPoint(0, 150), QPoint(240, 150)}) {
+    for (const QPoint& corner : {QPoint(0, 0), QPoint(240, 0), QPoint(0, 150), QPoint(240, 150)})
         QVERIFY(Colours(image, QRect(corner, QSize(240, 150))) > 60);
-    }
 }
 
 void tst_VenuePicture::SameVenueGivesTheSamePicture()
 {
-    for (const QString& view : VenueCatalogue::Views()) {
-        QCOMPARE(Image(QStringLiteral("opera"), view), Image(QStringLiteral("opera"), view));
-    }
+    for (const QString& view : VenueCatalogue::Views())
+        QCOMPARE(Image(u"opera"_s, view), Image(u"opera"_s, view));
 }
 
 void tst_VenuePicture::HousesAndViewsDiffer()
 {
     QList<QImage> pictures;
-    for (const QString& house : VenueCatalogue::Houses()) {
-        for (const QString& view : VenueCatalogue::Views()) {
+    for (const QString& house : VenueCatalogue::Houses())
+        for (const QString& view : VenueCatalogue::Views())
             pictures.append(Image(house, view));
-        }
-    }
-    for (qsizetype i = 0; i < pictures.size(); ++i) {
-        for (qsizetype j = i + 1; j < pictures.size(); ++j) {
-            QVERIFY2(Difference(pictures[i], pictures[j]) > 0.02,
-                     qPrintable(QStringLiteral("%1 %2").arg(i).arg(j)));
-        }
-    }
+    for (qsizetype i = 0; i < pictures.size(); ++i)
+        for (qsizetype j = i + 1; j < pictures.size(); ++j)
+            QVERIFY2(Difference(pictures[i], pictures[j]) > 0.02, qPrintable(u"%1 %2"_s.arg(i).arg(j)));
 }
 
 void tst_VenuePicture::SizeOnlyScales()
 {
     for (const QString& view : VenueCatalogue::Views()) {
-        const QImage small = Image(QStringLiteral("opera"), view);
-        const QImage medium = Image(QStringLiteral("opera"), view, QSize(1200, 800));
+        const QImage small = Image(u"opera"_s, view);
+        const QImage medium = Image(u"opera"_s, view, QSize(1200, 800));
         const QImage shrunk = medium.scaled(c_small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         QVERIFY2(Difference(small, shrunk) < 0.12, qPrintable(view));
     }
@@ -187,19 +174,17 @@ void tst_VenuePicture::SizeOnlyScales()
 void tst_VenuePicture::CaptionTellsWhatIsShown_data()
 {
     const Rows<QString, QString, QString, QString, QString> row("title", "room", "city", "view", "caption");
-    const QString title = QStringLiteral("State Opera");
-    const QString room = QStringLiteral("Studio");
-    const QString city = QStringLiteral("Exampleton");
-    const QString left = QStringLiteral("stage_left");
-    row("everything", title, room, city, left,
-        QStringLiteral("Exampleton, State Opera, Studio — stage left (drawing)"));
-    row("title", title, {}, {}, left, QStringLiteral("State Opera — stage left (drawing)"));
-    row("room", {}, room, {}, left, QStringLiteral("Studio — stage left (drawing)"));
-    row("city", {}, {}, city, left, QStringLiteral("Exampleton — stage left (drawing)"));
-    row("view", {}, {}, {}, QStringLiteral("from_the_stage_into_the_auditorium"),
-        QStringLiteral("from the stage into the auditorium (drawing)"));
-    row("title that names the city", city, {}, city, left,
-        QStringLiteral("Exampleton — stage left (drawing)"));
+    const QString title = u"State Opera"_s;
+    const QString room = u"Studio"_s;
+    const QString city = u"Exampleton"_s;
+    const QString left = u"stage_left"_s;
+    row("everything", title, room, city, left, u"Exampleton, State Opera, Studio — stage left (drawing)"_s);
+    row("title", title, {}, {}, left, u"State Opera — stage left (drawing)"_s);
+    row("room", {}, room, {}, left, u"Studio — stage left (drawing)"_s);
+    row("city", {}, {}, city, left, u"Exampleton — stage left (drawing)"_s);
+    row("view", {}, {}, {}, u"from_the_stage_into_the_auditorium"_s,
+        u"from the stage into the auditorium (drawing)"_s);
+    row("title that names the city", city, {}, city, left, u"Exampleton — stage left (drawing)"_s);
 }
 
 void tst_VenuePicture::CaptionTellsWhatIsShown()
@@ -215,7 +200,7 @@ void tst_VenuePicture::CaptionTellsWhatIsShown()
     const VenuePicture picture(venue, View(view));
     QTEST(picture.Caption(), "caption");
     // It is also in the picture.
-    venue.title = QStringLiteral("Another");
+    venue.title = u"Another"_s;
     const QImage image = picture.Image(c_small);
     const QImage changed = VenuePicture(venue, View(view)).Image(c_small);
     const QRect strip = CaptionStrip(image);
@@ -250,7 +235,7 @@ void tst_VenuePicture::AnySizeIsExact_data()
 void tst_VenuePicture::AnySizeIsExact()
 {
     QFETCH(QSize, size);
-    QCOMPARE(Image(QStringLiteral("modern"), QStringLiteral("view_from_the_outside"), size).size(), size);
+    QCOMPARE(Image(u"modern"_s, u"view_from_the_outside"_s, size).size(), size);
 }
 
 void tst_VenuePicture::ImpossibleSizesGiveNothing_data()
@@ -264,7 +249,7 @@ void tst_VenuePicture::ImpossibleSizesGiveNothing_data()
 void tst_VenuePicture::ImpossibleSizesGiveNothing()
 {
     QFETCH(QSize, size);
-    const VenuePicture picture(Venue(), View(QStringLiteral("isometric")));
+    const VenuePicture picture(Venue(), View(u"isometric"_s));
     QVERIFY(picture.Image(size).isNull());
     QVERIFY(picture.Jpeg(size).isEmpty());
 }
@@ -272,9 +257,9 @@ void tst_VenuePicture::ImpossibleSizesGiveNothing()
 void tst_VenuePicture::UnknownPicturesGiveNothing_data()
 {
     const Rows<QString, QString> row("house", "view");
-    row("no house", {}, QStringLiteral("isometric"));
-    row("unknown view", QStringLiteral("opera"), QStringLiteral("from_the_moon"));
-    row("way out of the folder", QStringLiteral("../pictures/opera"), QStringLiteral("isometric"));
+    row("no house", {}, u"isometric"_s);
+    row("unknown view", u"opera"_s, u"from_the_moon"_s);
+    row("way out of the folder", u"../pictures/opera"_s, u"isometric"_s);
 }
 
 void tst_VenuePicture::UnknownPicturesGiveNothing()
@@ -291,7 +276,7 @@ void tst_VenuePicture::AnyTextIsWritten_data()
     const Rows<QString> row("title");
     row("none", {});
     row("endless", QString(100000, QLatin1Char('W')));
-    row("other scripts, markup, line breaks", QStringLiteral("サントリーホール\n<b>دار الأوبرا</b>\t&amp;"));
+    row("other scripts, markup, line breaks", u"サントリーホール\n<b>دار الأوبرا</b>\t&amp;"_s);
 }
 
 void tst_VenuePicture::AnyTextIsWritten()
@@ -299,7 +284,7 @@ void tst_VenuePicture::AnyTextIsWritten()
     QFETCH(QString, title);
     VenueRecord venue = Venue();
     venue.title = title;
-    const QImage image = VenuePicture(venue, View(QStringLiteral("isometric"))).Image(c_small);
+    const QImage image = VenuePicture(venue, View(u"isometric"_s)).Image(c_small);
     QCOMPARE(image.size(), c_small);
     QVERIFY(Colours(image, image.rect()) > 200);
     QVERIFY(Brightness(image, QRect(24, 2, 60, 11)) > 0.05);
@@ -307,13 +292,13 @@ void tst_VenuePicture::AnyTextIsWritten()
 
 void tst_VenuePicture::JpegIsReadable()
 {
-    const VenuePicture picture(Venue(), View(QStringLiteral("from_the_auditorium")));
+    const VenuePicture picture(Venue(), View(u"from_the_auditorium"_s));
     const QByteArray bytes = picture.Jpeg(c_small);
     QVERIFY(bytes.startsWith("\xFF\xD8\xFF"));
     const QImage image = QImage::fromData(bytes, "JPEG");
     QCOMPARE(image.size(), c_small);
     QVERIFY(Difference(image, picture.Image(c_small)) < 0.05);
-    QCOMPARE(VenuePicture::Make(Venue(), View(QStringLiteral("from_the_auditorium")), c_small), bytes);
+    QCOMPARE(VenuePicture::Make(Venue(), View(u"from_the_auditorium"_s), c_small), bytes);
 }
 
 void tst_VenuePicture::ThreadsMayMakePicturesTogether()
@@ -322,17 +307,16 @@ void tst_VenuePicture::ThreadsMayMakePicturesTogether()
     QList<QImage> pictures(views.size());
     std::vector<std::thread> threads;
     for (qsizetype index = 0; index < views.size(); ++index) {
-        threads.emplace_back([image = &pictures[index], view = views.at(index)] {
-            *image = Image(QStringLiteral("opera"), view);
-        });
+        threads.emplace_back(
+            [image = &pictures[index], view = views.at(index)] { *image = Image(u"opera"_s, view); });
     }
-    for (std::thread& thread : threads) {
+    for (std::thread& thread : threads)
         thread.join();
-    }
-    for (qsizetype index = 0; index < views.size(); ++index) {
-        QCOMPARE(pictures.at(index), Image(QStringLiteral("opera"), views.at(index)));
-    }
+    for (qsizetype index = 0; index < views.size(); ++index)
+        QCOMPARE(pictures.at(index), Image(u"opera"_s, views.at(index)));
 }
 
 QTEST_MAIN(tst_VenuePicture)
 #include "tst_VenuePicture.moc"
+
+using namespace Qt::StringLiterals;

@@ -11,18 +11,17 @@ VenueRecord MusicHall()
 {
     VenueRecord venue;
     venue.entityId = 7;
-    venue.title = QStringLiteral("Große Musikhalle");
-    venue.venueRoomName = QStringLiteral("");
-    venue.locality = QStringLiteral("Zürich");
-    venue.countryCode = QStringLiteral("CH");
+    venue.title = u"Große Musikhalle"_s;
+    venue.venueRoomName = u""_s;
+    venue.locality = u"Zürich"_s;
+    venue.countryCode = u"CH"_s;
     return venue;
 }
 
 QString Condition(const QString& path, const QString& value)
 {
-    return QStringLiteral("filter[%1][condition][path]=%1&filter[%1][condition][operator]=CONTAINS"
-                          "&filter[%1][condition][value]=%2&")
-        .arg(path, value);
+    return u"filter[%1][condition][path]=%1&filter[%1][condition][operator]=CONTAINS"
+           "&filter[%1][condition][value]=%2&"_s.arg(path, value);
 }
 
 VenueQuery QueryOf(const QString& query)
@@ -61,7 +60,7 @@ void tst_VenueQuery::TargetIsSplitIntoPairs_data()
     row("plus stays plus", "/?a=1+1", {pair("a", "1+1")});
     row("question mark in the value", "/?a=b?c", {pair("a", "b?c")});
     row("empty items", "/?&&a=1&", {pair("a", "1")});
-    row("name alone", "/?a", {{QStringLiteral("a"), QString()}});
+    row("name alone", "/?a", {{u"a"_s, QString()}});
 }
 
 void tst_VenueQuery::TargetIsSplitIntoPairs()
@@ -75,28 +74,21 @@ void tst_VenueQuery::VenuesAreMatched_data()
 {
     const Rows<QString, bool> row("query", "matches");
     row("nothing asked", {}, true);
-    row("part of the text", Condition(QStringLiteral("title"), QStringLiteral("Musik")), true);
-    row("other case", Condition(QStringLiteral("title"), QStringLiteral("mUSIKHALLE")), true);
-    row("other case beyond Latin letters",
-        Condition(QStringLiteral("address.locality"), QStringLiteral("ZÜR")), true);
-    row("text not there", Condition(QStringLiteral("title"), QStringLiteral("Oper")), false);
-    row("empty value, text there", Condition(QStringLiteral("title"), QString()), true);
-    row("empty value, empty text", Condition(QStringLiteral("venue_room_name"), QString()), true);
-    row("empty value, text missing", Condition(QStringLiteral("comment"), QString()), false);
+    row("part of the text", Condition(u"title"_s, u"Musik"_s), true);
+    row("other case", Condition(u"title"_s, u"mUSIKHALLE"_s), true);
+    row("other case beyond Latin letters", Condition(u"address.locality"_s, u"ZÜR"_s), true);
+    row("text not there", Condition(u"title"_s, u"Oper"_s), false);
+    row("empty value, text there", Condition(u"title"_s, QString()), true);
+    row("empty value, empty text", Condition(u"venue_room_name"_s, QString()), true);
+    row("empty value, text missing", Condition(u"comment"_s, QString()), false);
     row("both conditions hold",
-        Condition(QStringLiteral("title"), QStringLiteral("halle"))
-            + Condition(QStringLiteral("address.country_code"), QStringLiteral("ch")),
-        true);
+        Condition(u"title"_s, u"halle"_s) + Condition(u"address.country_code"_s, u"ch"_s), true);
     row("one condition of two holds",
-        Condition(QStringLiteral("title"), QStringLiteral("halle"))
-            + Condition(QStringLiteral("address.country_code"), QStringLiteral("de")),
-        false);
-    row("this id", QStringLiteral("filter[entity_id]=7"), true);
-    row("other id", QStringLiteral("filter[entity_id]=8"), false);
-    row("this id, condition fails",
-        QStringLiteral("filter[entity_id]=7&") + Condition(QStringLiteral("title"), QStringLiteral("Oper")),
-        false);
-    row("pattern characters are text", Condition(QStringLiteral("title"), QStringLiteral(".*")), false);
+        Condition(u"title"_s, u"halle"_s) + Condition(u"address.country_code"_s, u"de"_s), false);
+    row("this id", u"filter[entity_id]=7"_s, true);
+    row("other id", u"filter[entity_id]=8"_s, false);
+    row("this id, condition fails", u"filter[entity_id]=7&"_s + Condition(u"title"_s, u"Oper"_s), false);
+    row("pattern characters are text", Condition(u"title"_s, u".*"_s), false);
 }
 
 void tst_VenueQuery::VenuesAreMatched()
@@ -113,8 +105,8 @@ void tst_VenueQuery::EveryTextCanBeSearched()
     QCOMPARE(VenueCatalogue::Texts().size(), size_t(14));
     for (const VenueText& text : VenueCatalogue::Texts()) {
         VenueRecord venue;
-        venue.*text.member = QStringLiteral("needle");
-        const VenueQuery query = QueryOf(Condition(QString::fromLatin1(text.path), QStringLiteral("eedl")));
+        venue.*text.member = u"needle"_s;
+        const VenueQuery query = QueryOf(Condition(QString::fromLatin1(text.path), u"eedl"_s));
         QVERIFY2(query.Matches(venue), text.path);
         QVERIFY2(!query.Matches(VenueRecord()), text.path);
     }
@@ -122,37 +114,31 @@ void tst_VenueQuery::EveryTextCanBeSearched()
 
 void tst_VenueQuery::IncludesKeepTheirOrder()
 {
-    const VenueQuery query
-        = QueryOf(QStringLiteral("include=tessra.file,editor,stage_left.file,editor,isometric"));
+    const VenueQuery query = QueryOf(u"include=tessra.file,editor,stage_left.file,editor,isometric"_s);
     QCOMPARE(query.Error(), QString());
     QCOMPARE(query.Includes(),
-             QStringList({QStringLiteral("tessra.file"), QStringLiteral("editor"),
-                          QStringLiteral("stage_left.file"), QStringLiteral("isometric")}));
+             QStringList({u"tessra.file"_s, u"editor"_s, u"stage_left.file"_s, u"isometric"_s}));
 }
 
 void tst_VenueQuery::MistakesAreNamed_data()
 {
     const Rows<QString, QString> row("query", "part");
-    row("unknown parameter", QStringLiteral("page[limit]=3"), QStringLiteral("page[limit]"));
-    row("unknown filter form", QStringLiteral("filter[title]=x"), QStringLiteral("filter[title]"));
-    row("unknown relationship", QStringLiteral("include=editor,cousin"), QStringLiteral("cousin"));
-    row("file of a user", QStringLiteral("include=editor.file"), QStringLiteral("editor.file"));
-    row("id no number", QStringLiteral("filter[entity_id]=seven"), QStringLiteral("seven"));
-    row("unknown attribute", Condition(QStringLiteral("colour"), QStringLiteral("red")),
-        QStringLiteral("colour"));
-    row("attribute in capitals", Condition(QStringLiteral("Title"), QStringLiteral("x")),
-        QStringLiteral("Title"));
-    row("no path", QStringLiteral("filter[a][condition][operator]=CONTAINS&filter[a][condition][value]=x"),
-        QStringLiteral("\"a\" needs a path"));
-    row("no value",
-        QStringLiteral("filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS"),
-        QStringLiteral("\"a\" needs a path"));
-    row("no operator", QStringLiteral("filter[a][condition][path]=title&filter[a][condition][value]=x"),
-        QStringLiteral("operator"));
+    row("unknown parameter", u"page[limit]=3"_s, u"page[limit]"_s);
+    row("unknown filter form", u"filter[title]=x"_s, u"filter[title]"_s);
+    row("unknown relationship", u"include=editor,cousin"_s, u"cousin"_s);
+    row("file of a user", u"include=editor.file"_s, u"editor.file"_s);
+    row("id no number", u"filter[entity_id]=seven"_s, u"seven"_s);
+    row("unknown attribute", Condition(u"colour"_s, u"red"_s), u"colour"_s);
+    row("attribute in capitals", Condition(u"Title"_s, u"x"_s), u"Title"_s);
+    row("no path", u"filter[a][condition][operator]=CONTAINS&filter[a][condition][value]=x"_s,
+        u"\"a\" needs a path"_s);
+    row("no value", u"filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS"_s,
+        u"\"a\" needs a path"_s);
+    row("no operator", u"filter[a][condition][path]=title&filter[a][condition][value]=x"_s, u"operator"_s);
     row("operator in small letters",
-        QStringLiteral("filter[a][condition][path]=title&filter[a][condition][operator]=contains"
-                       "&filter[a][condition][value]=x"),
-        QStringLiteral("contains"));
+        u"filter[a][condition][path]=title&filter[a][condition][operator]=contains"
+        "&filter[a][condition][value]=x"_s,
+        u"contains"_s);
 }
 
 void tst_VenueQuery::MistakesAreNamed()
@@ -165,3 +151,5 @@ void tst_VenueQuery::MistakesAreNamed()
 
 QTEST_GUILESS_MAIN(tst_VenueQuery)
 #include "tst_VenueQuery.moc"
+
+using namespace Qt::StringLiterals;

@@ -27,7 +27,7 @@ const QByteArray c_smallPicture = "\x89PNG small fixed bytes";
 VenueServer::Options TestOptions()
 {
     VenueServer::Options options;
-    options.host = QStringLiteral("venues.test.example");
+    options.host = u"venues.test.example"_s;
     options.pictureSource = [](const VenueRecord&, const PictureRecord& picture, QSize size) {
         return c_smallPicture + picture.id.toLatin1() + ' ' + QByteArray::number(size.width());
     };
@@ -124,7 +124,7 @@ void tst_VenueServer::cleanup()
 
 QUrl tst_VenueServer::Url(const QString& pathAndQuery, const QString& host) const
 {
-    return QUrl(QStringLiteral("https://") + (host.isEmpty() ? m_server->Host() : host) + pathAndQuery);
+    return QUrl(u"https://"_s + (host.isEmpty() ? m_server->Host() : host) + pathAndQuery);
 }
 
 QNetworkReply* tst_VenueServer::Send(const QUrl& url)
@@ -137,9 +137,8 @@ Outcome tst_VenueServer::OutcomeOf(QNetworkReply* reply)
     QElapsedTimer timer;
     timer.start();
     QSignalSpy finished(reply, &QNetworkReply::finished);
-    if (!reply->isFinished() && !finished.wait(10000)) {
+    if (!reply->isFinished() && !finished.wait(10000))
         QTest::qFail("no answer within ten seconds", __FILE__, __LINE__);
-    }
     Outcome outcome;
     outcome.milliseconds = timer.elapsed();
     outcome.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
@@ -159,7 +158,7 @@ void tst_VenueServer::PlainTlsClientIsServed()
 {
     QSslSocket socket;
     socket.setProxy(QNetworkProxy::NoProxy);
-    socket.connectToHostEncrypted(QStringLiteral("localhost"), m_server->HttpsPort());
+    socket.connectToHostEncrypted(u"localhost"_s, m_server->HttpsPort());
     QVERIFY2(socket.waitForEncrypted(5000), qPrintable(socket.errorString()));
     socket.write(
         "GET /api/venue?filter[entity_id]=3 HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n\r\n");
@@ -169,18 +168,18 @@ void tst_VenueServer::PlainTlsClientIsServed()
     QVERIFY(answer.startsWith("HTTP/1.1 200 OK\r\n"));
     QVERIFY(answer.contains("\r\nContent-Type: application/vnd.api+json\r\n"));
     const QJsonDocument document = QJsonDocument::fromJson(answer.mid(answer.indexOf("\r\n\r\n") + 4));
-    QCOMPARE(document.object().value(QStringLiteral("data")).toArray().size(), 1);
+    QCOMPARE(document.object().value(u"data"_s).toArray().size(), 1);
 }
 
 void tst_VenueServer::ReachedThroughTheProxyUnderItsName()
 {
-    const Outcome outcome = Get(QStringLiteral("/api/venue?include=editor"));
+    const Outcome outcome = Get(u"/api/venue?include=editor"_s);
     QCOMPARE(outcome.error, QNetworkReply::NoError);
     QCOMPARE(outcome.status, 200);
     QCOMPARE(outcome.contentType, c_jsonApi);
     const QJsonObject document = QJsonDocument::fromJson(outcome.body).object();
-    QCOMPARE(document.value(QStringLiteral("data")).toArray().size(), 20);
-    QCOMPARE(document.value(QStringLiteral("included")).toArray().size(), 2);
+    QCOMPARE(document.value(u"data"_s).toArray().size(), 20);
+    QCOMPARE(document.value(u"included"_s).toArray().size(), 2);
     QCOMPARE(m_server->Log().LastRequest().host, m_server->Host());
 }
 
@@ -190,39 +189,27 @@ void tst_VenueServer::RequestAnswers_data()
 
     const auto condition
         = [](const QString& key, const QString& path, const QString& comparison, const QString& value) {
-              return QStringLiteral("filter[%1][condition][path]=%2&filter[%1][condition][operator]=%3"
-                                    "&filter[%1][condition][value]=%4")
-                  .arg(key, path, comparison, value);
+              return u"filter[%1][condition][path]=%2&filter[%1][condition][operator]=%3"
+                     "&filter[%1][condition][value]=%4"_s.arg(key, path, comparison, value);
           };
-    const QString contains = QStringLiteral("CONTAINS");
-    row("all venues", QStringLiteral("/api/venue"), 200, 20);
-    row("one venue", QStringLiteral("/api/venue?filter[entity_id]=7"), 200, 1);
-    row("venue that does not exist", QStringLiteral("/api/venue?filter[entity_id]=99"), 200, 0);
-    row("entity id that is no number", QStringLiteral("/api/venue?filter[entity_id]=x"), 400, -1);
-    row("title contains",
-        QStringLiteral("/api/venue?")
-            + condition(QStringLiteral("title"), QStringLiteral("title"), contains, QStringLiteral(" 20")),
-        200, 1);
-    row("unknown attribute",
-        QStringLiteral("/api/venue?")
-            + condition(QStringLiteral("x"), QStringLiteral("x"), contains, QStringLiteral("1")),
-        400, -1);
-    row("unknown operator",
-        QStringLiteral("/api/venue?")
-            + condition(QStringLiteral("title"), QStringLiteral("title"), QStringLiteral("LIKE"),
-                        QStringLiteral("1")),
-        400, -1);
+    const QString contains = u"CONTAINS"_s;
+    row("all venues", u"/api/venue"_s, 200, 20);
+    row("one venue", u"/api/venue?filter[entity_id]=7"_s, 200, 1);
+    row("venue that does not exist", u"/api/venue?filter[entity_id]=99"_s, 200, 0);
+    row("entity id that is no number", u"/api/venue?filter[entity_id]=x"_s, 400, -1);
+    row("title contains", u"/api/venue?"_s + condition(u"title"_s, u"title"_s, contains, u" 20"_s), 200, 1);
+    row("unknown attribute", u"/api/venue?"_s + condition(u"x"_s, u"x"_s, contains, u"1"_s), 400, -1);
+    row("unknown operator", u"/api/venue?"_s + condition(u"title"_s, u"title"_s, u"LIKE"_s, u"1"_s), 400, -1);
     row("condition without a value",
-        QStringLiteral("/api/venue?filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS"),
-        400, -1);
-    row("unknown include", QStringLiteral("/api/venue?include=cousin"), 400, -1);
-    row("unknown parameter", QStringLiteral("/api/venue?page=2"), 400, -1);
-    row("unknown path", QStringLiteral("/api/venues"), 404, -1);
-    row("root", QStringLiteral("/"), 404, -1);
-    row("unknown picture", QStringLiteral("/files/pictures/pic-99-1-small.jpg"), 404, -1);
-    row("unknown rendition", QStringLiteral("/files/pictures/pic-1-1-huge.jpg"), 404, -1);
-    row("unknown model file", QStringLiteral("/files/models/none.tessra"), 404, -1);
-    row("path that leads out", QStringLiteral("/files/models/%2E%2E%2Fusers.json"), 404, -1);
+        u"/api/venue?filter[a][condition][path]=title&filter[a][condition][operator]=CONTAINS"_s, 400, -1);
+    row("unknown include", u"/api/venue?include=cousin"_s, 400, -1);
+    row("unknown parameter", u"/api/venue?page=2"_s, 400, -1);
+    row("unknown path", u"/api/venues"_s, 404, -1);
+    row("root", u"/"_s, 404, -1);
+    row("unknown picture", u"/files/pictures/pic-99-1-small.jpg"_s, 404, -1);
+    row("unknown rendition", u"/files/pictures/pic-1-1-huge.jpg"_s, 404, -1);
+    row("unknown model file", u"/files/models/none.tessra"_s, 404, -1);
+    row("path that leads out", u"/files/models/%2E%2E%2Fusers.json"_s, 404, -1);
 }
 
 void tst_VenueServer::RequestAnswers()
@@ -234,15 +221,15 @@ void tst_VenueServer::RequestAnswers()
     QCOMPARE(outcome.status, status);
     QCOMPARE(outcome.contentType, c_jsonApi);
     const QJsonObject document = QJsonDocument::fromJson(outcome.body).object();
-    QVERIFY(document.contains(QStringLiteral("jsonapi")));
+    QVERIFY(document.contains(u"jsonapi"_s));
     if (count >= 0) {
-        QCOMPARE(document.value(QStringLiteral("data")).toArray().size(), count);
-        QVERIFY(!document.contains(QStringLiteral("errors")));
+        QCOMPARE(document.value(u"data"_s).toArray().size(), count);
+        QVERIFY(!document.contains(u"errors"_s));
     } else {
-        const QJsonObject error = document.value(QStringLiteral("errors")).toArray().at(0).toObject();
-        QCOMPARE(error.value(QStringLiteral("status")).toString(), QString::number(status));
-        QVERIFY(!error.value(QStringLiteral("detail")).toString().isEmpty());
-        QVERIFY(!document.contains(QStringLiteral("data")));
+        const QJsonObject error = document.value(u"errors"_s).toArray().at(0).toObject();
+        QCOMPARE(error.value(u"status"_s).toString(), QString::number(status));
+        QVERIFY(!error.value(u"detail"_s).toString().isEmpty());
+        QVERIFY(!document.contains(u"data"_s));
     }
     QCOMPARE(m_server->Log().LastRequest().status, status);
 }
@@ -250,16 +237,15 @@ void tst_VenueServer::RequestAnswers()
 void tst_VenueServer::OtherMethodsAreRefused_data()
 {
     QTest::addColumn<QByteArray>("method");
-    for (const char* method : {"POST", "PUT", "PATCH", "DELETE", "OPTIONS", "TRACE"}) {
+    for (const char* method : {"POST", "PUT", "PATCH", "DELETE", "OPTIONS", "TRACE"})
         QTest::newRow(method) << QByteArray(method);
-    }
 }
 
 void tst_VenueServer::OtherMethodsAreRefused()
 {
     QFETCH(QByteArray, method);
     const Outcome outcome
-        = OutcomeOf(m_manager->sendCustomRequest(QNetworkRequest(Url(QStringLiteral("/api/venue"))), method));
+        = OutcomeOf(m_manager->sendCustomRequest(QNetworkRequest(Url(u"/api/venue"_s)), method));
     QCOMPARE(outcome.status, 405);
     QCOMPARE(outcome.contentType, c_jsonApi);
     QCOMPARE(m_server->Log().LastRequest().method, method);
@@ -269,25 +255,23 @@ void tst_VenueServer::QuestionMarksInTheQueryAreText()
 {
     VenueRecord venue;
     venue.entityId = 1;
-    venue.title = QStringLiteral("What? Where? & 100% + more");
+    venue.title = u"What? Where? & 100% + more"_s;
     VenueCatalogue catalogue;
     catalogue.AddVenue(venue);
     m_server->SetCatalogue(catalogue);
-    const QString target
-        = QStringLiteral("/api/venue?filter[title][condition][path]=title"
-                         "&filter[title][condition][operator]=CONTAINS"
-                         "&filter[title][condition][value]=what?%20where?%20%26%20100%25%20+");
+    const QString target = u"/api/venue?filter[title][condition][path]=title"
+                           "&filter[title][condition][operator]=CONTAINS"
+                           "&filter[title][condition][value]=what?%20where?%20%26%20100%25%20+"_s;
     const Outcome outcome = Get(target);
     QCOMPARE(outcome.status, 200);
-    QCOMPARE(QJsonDocument::fromJson(outcome.body).object().value(QStringLiteral("data")).toArray().size(),
-             1);
+    QCOMPARE(QJsonDocument::fromJson(outcome.body).object().value(u"data"_s).toArray().size(), 1);
     QCOMPARE(m_server->Log().LastRequest().target, target.toLatin1());
-    QCOMPARE(m_server->Log().LastRequest().query.last().second, QStringLiteral("what? where? & 100% +"));
+    QCOMPARE(m_server->Log().LastRequest().query.last().second, u"what? where? & 100% +"_s);
 }
 
 void tst_VenueServer::ConnectionIsKeptAfterARefusedBody()
 {
-    const QNetworkRequest request(Url(QStringLiteral("/api/venue")));
+    const QNetworkRequest request(Url(u"/api/venue"_s));
     QNetworkRequest post = request;
     post.setHeader(QNetworkRequest::ContentTypeHeader, c_jsonApi);
     QCOMPARE(OutcomeOf(m_manager->post(post, QByteArray(5000, 'x'))).status, 405);
@@ -298,7 +282,7 @@ void tst_VenueServer::ConnectionIsKeptAfterARefusedBody()
 
 void tst_VenueServer::HeadIsAnsweredWithoutABody()
 {
-    const QNetworkRequest request(Url(QStringLiteral("/api/venue")));
+    const QNetworkRequest request(Url(u"/api/venue"_s));
     const qsizetype size = OutcomeOf(m_manager->get(request)).body.size();
     QNetworkReply* reply = m_manager->head(request);
     QTRY_VERIFY(reply->isFinished());
@@ -345,16 +329,15 @@ void tst_VenueServer::RequestsOnTheWire()
     QFETCH(bool, isKept);
     QSslSocket socket;
     socket.setProxy(QNetworkProxy::NoProxy);
-    socket.connectToHostEncrypted(QStringLiteral("localhost"), m_server->HttpsPort());
+    socket.connectToHostEncrypted(u"localhost"_s, m_server->HttpsPort());
     QVERIFY2(socket.waitForEncrypted(5000), qPrintable(socket.errorString()));
     QByteArray received;
     const auto receivedStatuses = [&socket, &received] {
         received += socket.readAll();
-        static const QRegularExpression c_line(QStringLiteral("HTTP/1.1 (\\d+) "));
+        static const QRegularExpression c_line(u"HTTP/1.1 (\\d+) "_s);
         QList<int> found;
-        for (const auto& match : c_line.globalMatch(QString::fromLatin1(received))) {
+        for (const auto& match : c_line.globalMatch(QString::fromLatin1(received)))
             found.append(match.captured(1).toInt());
-        }
         return found;
     };
     socket.write(request);
@@ -370,34 +353,25 @@ void tst_VenueServer::RequestsOnTheWire()
 
 void tst_VenueServer::PicturesAndFilesAreServedWhereTheDocumentSays()
 {
-    const QString query = QStringLiteral("/api/venue?include=from_the_auditorium.file,tessra.file"
-                                         "&filter[entity_id]=5");
+    const QString query = u"/api/venue?include=from_the_auditorium.file,tessra.file"
+                          "&filter[entity_id]=5"_s;
     const QJsonArray included
-        = QJsonDocument::fromJson(Get(query).body).object().value(QStringLiteral("included")).toArray();
+        = QJsonDocument::fromJson(Get(query).body).object().value(u"included"_s).toArray();
     QCOMPARE(included.size(), 4); // picture, its file, model file, its content
     const QJsonObject pictureFile = included.at(1).toObject();
-    const QUrl small(pictureFile.value(QStringLiteral("links"))
-                         .toObject()
-                         .value(QStringLiteral("small"))
-                         .toObject()
-                         .value(QStringLiteral("href"))
-                         .toString());
+    const QUrl small(
+        pictureFile.value(u"links"_s).toObject().value(u"small"_s).toObject().value(u"href"_s).toString());
     QCOMPARE(small.host(), m_server->Host());
     const Outcome picture = OutcomeOf(Send(small));
     QCOMPARE(picture.status, 200);
     QCOMPARE(picture.contentType, QByteArray("image/png"));
     QCOMPARE(picture.body, c_smallPicture + "pic-5-1 480");
 
-    const QString original
-        = pictureFile.value(QStringLiteral("attributes")).toObject().value(QStringLiteral("url")).toString();
+    const QString original = pictureFile.value(u"attributes"_s).toObject().value(u"url"_s).toString();
     QCOMPARE(Get(original).body, c_smallPicture + "pic-5-1 3000");
 
-    const QString model = included.at(3)
-                              .toObject()
-                              .value(QStringLiteral("attributes"))
-                              .toObject()
-                              .value(QStringLiteral("url"))
-                              .toString();
+    const QString model
+        = included.at(3).toObject().value(u"attributes"_s).toObject().value(u"url"_s).toString();
     const Outcome file = Get(model);
     QCOMPARE(file.status, 200);
     QCOMPARE(file.body.size(), 1000);
@@ -411,7 +385,7 @@ void tst_VenueServer::PictureThatCannotBeMadeIsNotFound()
     service.SetCatalogue(*m_server->Catalogue());
     Request request;
     request.method = "GET";
-    request.path = QStringLiteral("/files/pictures/pic-5-1-small.jpg");
+    request.path = u"/files/pictures/pic-5-1-small.jpg"_s;
     QCOMPARE(service.AnswerTo(request).status, 404);
 }
 
@@ -423,15 +397,15 @@ void tst_VenueServer::LogTellsEachRequest()
     request.setRawHeader("X-Trial", "yes");
     OutcomeOf(m_manager->get(request));
     QTRY_COMPARE(received.size(), 1);
-    const QList<Request> requests = m_server->Log().Requests(QStringLiteral("filter[entity_id]"));
+    const QList<Request> requests = m_server->Log().Requests(u"filter[entity_id]"_s);
     QCOMPARE(requests.size(), 1);
     const Request& record = requests.constFirst();
     QCOMPARE(record.method, QByteArray("GET"));
     QCOMPARE(record.target, target);
-    QCOMPARE(record.path, QStringLiteral("/api/venue"));
+    QCOMPARE(record.path, u"/api/venue"_s);
     QCOMPARE(record.query.size(), 2);
-    QCOMPARE(record.query.at(0), std::pair(QStringLiteral("include"), QStringLiteral("editor")));
-    QCOMPARE(record.query.at(1), std::pair(QStringLiteral("filter[entity_id]"), QStringLiteral("4")));
+    QCOMPARE(record.query.at(0), std::pair(u"include"_s, u"editor"_s));
+    QCOMPARE(record.query.at(1), std::pair(u"filter[entity_id]"_s, u"4"_s));
     QVERIFY(record.headers.contains({"X-Trial", "yes"}));
     QVERIFY(record.time.isValid());
     QCOMPARE(record.connectionId, m_server->Log().Connects().constFirst().connectionId);
@@ -440,8 +414,8 @@ void tst_VenueServer::LogTellsEachRequest()
 
 void tst_VenueServer::LogCountsConnections()
 {
-    Get(QStringLiteral("/api/venue"));
-    Get(QStringLiteral("/nothing"));
+    Get(u"/api/venue"_s);
+    Get(u"/nothing"_s);
     QCOMPARE(m_server->Log().RequestCount(), 2);
     QCOMPARE(m_server->Log().ConnectCount(), 1);
     QCOMPARE(m_server->Log().TlsConnectionCount(), 1);
@@ -458,7 +432,7 @@ void tst_VenueServer::FaultsChangeTheAnswer_data()
     // A null body is not compared.
     const Rows<Fault, int, QByteArray, QByteArray> row("fault", "status", "contentType", "body");
 
-    const auto on = [] { return Fault::On(QStringLiteral("/api/venue?filter[entity_id]=1")); };
+    const auto on = [] { return Fault::On(u"/api/venue?filter[entity_id]=1"_s); };
     row("status with an error document", on().WithStatus(503), 503, c_jsonApi, {});
     row("status with a web page", on().WithStatus(500).WithMediaType("text/html").WithBody("<b>down</b>"),
         500, "text/html", "<b>down</b>");
@@ -476,10 +450,9 @@ void tst_VenueServer::FaultsChangeTheAnswer_data()
     row("empty body", on().WithBody(QByteArray()), 200, c_jsonApi, "");
     row("body with zero bytes", on().WithBody(QByteArray("a\0b", 3)), 200, c_jsonApi, QByteArray("a\0b", 3));
     row("chunked body", on().WithBody("in chunks").WithChunks(), 200, c_jsonApi, "in chunks");
-    row("by pattern",
-        Fault::OnPattern(QRegularExpression(QStringLiteral("entity_id\\]=\\d$"))).WithStatus(418), 418,
+    row("by pattern", Fault::OnPattern(QRegularExpression(u"entity_id\\]=\\d$"_s)).WithStatus(418), 418,
         c_jsonApi, {});
-    row("of another request", Fault::On(QStringLiteral("/files")).WithStatus(500), 200, c_jsonApi, {});
+    row("of another request", Fault::On(u"/files"_s).WithStatus(500), 200, c_jsonApi, {});
     row("redirect", on().WithRedirect("https://venues.test.example/files/models/2-hall-1.tessra", 307), 200,
         "application/octet-stream", {});
 }
@@ -491,16 +464,15 @@ void tst_VenueServer::FaultsChangeTheAnswer()
     QFETCH(QByteArray, contentType);
     QFETCH(QByteArray, body);
     m_server->AddFault(fault);
-    const Outcome outcome = Get(QStringLiteral("/api/venue?filter[entity_id]=1"));
+    const Outcome outcome = Get(u"/api/venue?filter[entity_id]=1"_s);
     QCOMPARE(outcome.status, status);
     QCOMPARE(outcome.contentType, contentType);
-    if (!body.isNull()) {
+    if (!body.isNull())
         QCOMPARE(outcome.body, body);
-    } else {
+    else
         QVERIFY(!outcome.body.isEmpty());
-    }
     m_server->ClearFaults();
-    const Outcome afterwards = Get(QStringLiteral("/api/venue?filter[entity_id]=1"));
+    const Outcome afterwards = Get(u"/api/venue?filter[entity_id]=1"_s);
     QCOMPARE(afterwards.status, 200);
     QCOMPARE(afterwards.contentType, c_jsonApi);
 }
@@ -508,7 +480,7 @@ void tst_VenueServer::FaultsChangeTheAnswer()
 void tst_VenueServer::DelayedAnswerComesLate()
 {
     m_server->AddFault(Fault::On({}).WithDelay(300));
-    const Outcome outcome = Get(QStringLiteral("/api/venue"));
+    const Outcome outcome = Get(u"/api/venue"_s);
     QCOMPARE(outcome.status, 200);
     QVERIFY(outcome.milliseconds >= 290);
 }
@@ -525,7 +497,7 @@ void tst_VenueServer::SilentServerGivesNoAnswer()
     QFETCH(Fault, fault);
     QFETCH(bool, headerArrives);
     m_server->AddFault(fault);
-    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    QNetworkReply* reply = Send(Url(u"/api/venue"_s));
     QSignalSpy metaData(reply, &QNetworkReply::metaDataChanged);
     QTRY_COMPARE(m_server->Log().RequestCount(), 1);
     QVERIFY(!QTest::qWaitFor([reply] { return reply->isFinished(); }, 300));
@@ -556,19 +528,18 @@ void tst_VenueServer::BrokenBodies()
     QFETCH(Fault, fault);
     QFETCH(QByteArray, body);
     m_server->AddFault(fault);
-    const Outcome outcome = Get(QStringLiteral("/api/venue"));
+    const Outcome outcome = Get(u"/api/venue"_s);
     QVERIFY(outcome.error != QNetworkReply::NoError);
     QCOMPARE(outcome.status, 200);
     QCOMPARE(outcome.contentType, c_jsonApi);
-    if (!body.isNull()) {
+    if (!body.isNull())
         QCOMPARE(outcome.body, body);
-    }
 }
 
 void tst_VenueServer::ConnectionResetBeforeTheHeader()
 {
     m_server->AddFault(Fault::On({}).WithReset());
-    const Outcome outcome = Get(QStringLiteral("/api/venue"));
+    const Outcome outcome = Get(u"/api/venue"_s);
     QVERIFY(outcome.error != QNetworkReply::NoError);
     QCOMPARE(outcome.status, 0);
     QVERIFY(m_server->Log().RequestCount() >= 1);
@@ -578,7 +549,7 @@ void tst_VenueServer::ConnectionResetBeforeTheHeader()
 void tst_VenueServer::DripComesPieceByPiece()
 {
     m_server->AddFault(Fault::On({}).WithBody("abcdef").WithDrip(1, 30));
-    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    QNetworkReply* reply = Send(Url(u"/api/venue"_s));
     QSignalSpy readyRead(reply, &QNetworkReply::readyRead);
     const Outcome outcome = OutcomeOf(reply);
     QCOMPARE(outcome.error, QNetworkReply::NoError);
@@ -589,22 +560,21 @@ void tst_VenueServer::DripComesPieceByPiece()
 
 void tst_VenueServer::CountsOfAFault()
 {
-    m_server->AddFault(Fault::On(QStringLiteral("/api/venue")).WithStatus(500).Skip(1).Times(2));
-    m_server->AddFault(Fault::On(QStringLiteral("/api/venue")).WithStatus(501).Skip(1).Times(1));
+    m_server->AddFault(Fault::On(u"/api/venue"_s).WithStatus(500).Skip(1).Times(2));
+    m_server->AddFault(Fault::On(u"/api/venue"_s).WithStatus(501).Skip(1).Times(1));
     QList<int> statuses;
-    for (int i = 0; i < 6; ++i) {
-        statuses.append(Get(QStringLiteral("/api/venue")).status);
-    }
+    for (int i = 0; i < 6; ++i)
+        statuses.append(Get(u"/api/venue"_s).status);
     // The second fault lets the first request pass that reaches it, the very first one.
     QCOMPARE(statuses, QList<int>({200, 500, 500, 501, 200, 200}));
 }
 
 void tst_VenueServer::FaultOfOneHostSparesTheOther()
 {
-    m_server->AddHost(QStringLiteral("second.example"));
-    m_server->AddFault(Fault::On({}).ForHost(QStringLiteral("second.example")).WithStatus(500));
-    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
-    QCOMPARE(Get(QStringLiteral("/api/venue"), QStringLiteral("second.example")).status, 500);
+    m_server->AddHost(u"second.example"_s);
+    m_server->AddFault(Fault::On({}).ForHost(u"second.example"_s).WithStatus(500));
+    QCOMPARE(Get(u"/api/venue"_s).status, 200);
+    QCOMPARE(Get(u"/api/venue"_s, u"second.example"_s).status, 500);
 }
 
 void tst_VenueServer::StopInterruptsEveryWait_data()
@@ -614,14 +584,14 @@ void tst_VenueServer::StopInterruptsEveryWait_data()
     row("silence after the header", Fault::On({}).WithSilenceAfterHeader());
     row("long delay", Fault::On({}).WithDelay(60000));
     row("slow drip", Fault::On({}).WithDrip(1, 60000));
-    row("idle connection", Fault::On(QStringLiteral("none")));
+    row("idle connection", Fault::On(u"none"_s));
 }
 
 void tst_VenueServer::StopInterruptsEveryWait()
 {
     QFETCH(Fault, fault);
     m_server->AddFault(fault);
-    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    QNetworkReply* reply = Send(Url(u"/api/venue"_s));
     QTRY_COMPARE(m_server->Log().RequestCount(), 1);
     QElapsedTimer timer;
     timer.start();
@@ -632,18 +602,18 @@ void tst_VenueServer::StopInterruptsEveryWait()
 
 void tst_VenueServer::RestartTakesTheSamePorts()
 {
-    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+    QCOMPARE(Get(u"/api/venue"_s).status, 200);
     const quint16 httpsPort = m_server->HttpsPort();
     const quint16 proxyPort = m_server->ProxyPort();
     m_server->Stop();
     QVERIFY(!m_server->IsRunning());
-    const Outcome down = Get(QStringLiteral("/api/venue"));
+    const Outcome down = Get(u"/api/venue"_s);
     QVERIFY(down.error != QNetworkReply::NoError);
     QCOMPARE(down.status, 0);
     QVERIFY(m_server->Start());
     QCOMPARE(m_server->HttpsPort(), httpsPort);
     QCOMPARE(m_server->ProxyPort(), proxyPort);
-    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+    QCOMPARE(Get(u"/api/venue"_s).status, 200);
 }
 
 void tst_VenueServer::PortInUseIsReported()
@@ -658,17 +628,16 @@ void tst_VenueServer::PortInUseIsReported()
 
 void tst_VenueServer::HangingConnectionsKeepNobodyWaiting()
 {
-    m_server->AddFault(Fault::On(QStringLiteral("hang")).WithoutAnswer());
+    m_server->AddFault(Fault::On(u"hang"_s).WithoutAnswer());
     std::vector<std::unique_ptr<QNetworkAccessManager>> managers;
     // A manager opens six connections to a host at most.
     for (int i = 0; i < 15; ++i) {
         managers.push_back(std::make_unique<QNetworkAccessManager>());
-        for (int k = 0; k < 6; ++k) {
-            managers.back()->get(QNetworkRequest(Url(QStringLiteral("/hang"))));
-        }
+        for (int k = 0; k < 6; ++k)
+            managers.back()->get(QNetworkRequest(Url(u"/hang"_s)));
     }
-    QTRY_COMPARE_WITH_TIMEOUT(m_server->Log().RequestCount(QStringLiteral("hang")), 90, 20000);
-    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+    QTRY_COMPARE_WITH_TIMEOUT(m_server->Log().RequestCount(u"hang"_s), 90, 20000);
+    QCOMPARE(Get(u"/api/venue"_s).status, 200);
 }
 
 void tst_VenueServer::PicturesThatTakeTimeKeepNobodyWaiting()
@@ -687,16 +656,16 @@ void tst_VenueServer::PicturesThatTakeTimeKeepNobodyWaiting()
     QVERIFY2(m_server->Start(), qPrintable(m_server->ErrorText()));
     m_guard = m_server->InstallInApplication();
 
-    QNetworkReply* picture = Send(Url(QStringLiteral("/files/pictures/pic-1-1-small.jpg")));
-    QTRY_COMPARE(m_server->Log().RequestCount(QStringLiteral("pic-1-1")), 1);
-    QCOMPARE(Get(QStringLiteral("/api/venue")).status, 200);
+    QNetworkReply* picture = Send(Url(u"/files/pictures/pic-1-1-small.jpg"_s));
+    QTRY_COMPARE(m_server->Log().RequestCount(u"pic-1-1"_s), 1);
+    QCOMPARE(Get(u"/api/venue"_s).status, 200);
     QVERIFY(!picture->isFinished());
     painted->release();
     QCOMPARE(OutcomeOf(picture).body, c_smallPicture);
 
     // One that may still be under way when the server stops.
-    QNetworkReply* late = Send(Url(QStringLiteral("/files/pictures/pic-2-1-small.jpg")));
-    QTRY_COMPARE(m_server->Log().RequestCount(QStringLiteral("pic-2-1")), 1);
+    QNetworkReply* late = Send(Url(u"/files/pictures/pic-2-1-small.jpg"_s));
+    QTRY_COMPARE(m_server->Log().RequestCount(u"pic-2-1"_s), 1);
     painted->release();
     m_server->Stop();
     QVERIFY(OutcomeOf(late).milliseconds < 10000);
@@ -705,7 +674,7 @@ void tst_VenueServer::PicturesThatTakeTimeKeepNobodyWaiting()
 void tst_VenueServer::StopInterruptsABodyThatNobodyReads()
 {
     m_server->AddFault(Fault::On({}).WithBody(QByteArray(20 * 1000 * 1000, 'x')));
-    QNetworkReply* reply = Send(Url(QStringLiteral("/api/venue")));
+    QNetworkReply* reply = Send(Url(u"/api/venue"_s));
     reply->setReadBufferSize(1000);
     QTRY_VERIFY(reply->bytesAvailable() > 0);
     QElapsedTimer timer;
@@ -733,3 +702,5 @@ void tst_VenueServer::GuardRestoresTheApplication()
 
 QTEST_GUILESS_MAIN(tst_VenueServer)
 #include "tst_VenueServer.moc"
+
+using namespace Qt::StringLiterals;
