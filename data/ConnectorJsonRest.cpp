@@ -21,6 +21,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -317,5 +319,3 @@ QList<User> ConnectorJsonRest::GetUserEntries()
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_ConnectorJsonRest.cpp"
-
-using namespace Qt::StringLiterals;

@@ -2,6 +2,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -313,5 +315,3 @@ QList<QString> CountryCodeTranslator::GetCountryList() const
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_CountryCodeTranslator.cpp"
-
-using namespace Qt::StringLiterals;

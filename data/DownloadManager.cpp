@@ -9,6 +9,8 @@
 #include <QNetworkRequest>
 #include <QPointer>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 DownloadManager::DownloadManager(QObject* parent)
@@ -68,5 +70,3 @@ void DownloadManager::OnPictureBinaryDataResponse(QUrl url, QNetworkReply* reply
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_DownloadManager.cpp"
-
-using namespace Qt::StringLiterals;

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -150,5 +152,3 @@ void RenewingNetworkManager::NoteEnd(QObject* reply, Connections* connections, b
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_RenewingNetworkManager_p.cpp"
-
-using namespace Qt::StringLiterals;

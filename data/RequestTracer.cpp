@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <atomic>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Data::VenueDatabase {
 
 namespace {
@@ -98,5 +100,3 @@ void RequestTracer::OnFinished()
 } // namespace korvel::Data::VenueDatabase
 
 #include "moc_RequestTracer_p.cpp"
-
-using namespace Qt::StringLiterals;

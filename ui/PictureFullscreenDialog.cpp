@@ -25,6 +25,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::DownloadManager;
@@ -343,5 +345,3 @@ void PictureFullscreenDialog::PlaceOverlays()
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_PictureFullscreenDialog.cpp"
-
-using namespace Qt::StringLiterals;

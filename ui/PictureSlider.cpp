@@ -17,6 +17,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::Picture;
@@ -270,5 +272,3 @@ void PictureSlider::SetFullscreenHovered(bool hovered)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_PictureSlider.cpp"
-
-using namespace Qt::StringLiterals;

@@ -14,6 +14,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::TsFile;
@@ -131,5 +133,3 @@ void TsFileOpener::SelectFile(const TsFile& file)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_TsFileOpener.cpp"
-
-using namespace Qt::StringLiterals;

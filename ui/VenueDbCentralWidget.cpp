@@ -19,6 +19,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 using namespace Data::VenueDatabase;
@@ -328,5 +330,3 @@ void VenueDbCentralWidget::paintEvent(QPaintEvent* event)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDbCentralWidget.cpp"
-
-using namespace Qt::StringLiterals;

@@ -11,6 +11,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::ConnectorJsonRest;
@@ -104,5 +106,3 @@ bool VenueDbDialog::event(QEvent* event)
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDbDialog.cpp"
-
-using namespace Qt::StringLiterals;

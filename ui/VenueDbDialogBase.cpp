@@ -18,6 +18,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 namespace {
@@ -161,5 +163,3 @@ QFrame* VenueDbDialogBase::SetupFooterUi()
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDbDialogBase.cpp"
-
-using namespace Qt::StringLiterals;

@@ -20,6 +20,8 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace korvel::Ui::VenueDatabase {
 
 using Data::VenueDatabase::Picture;
@@ -365,5 +367,3 @@ void VenueDetailsWidget::AddSectionCaption(QBoxLayout* layout, const QString& te
 } // namespace korvel::Ui::VenueDatabase
 
 #include "moc_VenueDetailsWidget.cpp"
-
-using namespace Qt::StringLiterals;

@@ -8,6 +8,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 
 namespace {
@@ -338,5 +340,3 @@ void tst_Documents::EveryWidgetHeaderHasAnExample()
 
 QTEST_MAIN(tst_Documents)
 #include "tst_Documents.moc"
-
-using namespace Qt::StringLiterals;

@@ -4,6 +4,8 @@
 
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 
 /// The host guide's first program, built as the guide says, against a venue server of its own. Without
@@ -55,5 +57,3 @@ private Q_SLOTS:
 
 QTEST_GUILESS_MAIN(tst_HostGuide)
 #include "tst_HostGuide.moc"
-
-using namespace Qt::StringLiterals;

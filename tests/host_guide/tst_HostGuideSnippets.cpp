@@ -26,6 +26,8 @@
 #include <QThreadPool>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 
@@ -443,5 +445,3 @@ void tst_HostGuideSnippets::TraceCategoryIsSwitchedOn()
 
 QTEST_MAIN(tst_HostGuideSnippets)
 #include "tst_HostGuideSnippets.moc"
-
-using namespace Qt::StringLiterals;

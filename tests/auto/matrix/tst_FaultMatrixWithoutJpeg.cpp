@@ -13,6 +13,8 @@
 #include <QLibraryInfo>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using korvel::Data::VenueDatabase::Picture;
 using korvel::Ui::VenueDatabase::PictureFullscreenDialog;
@@ -56,5 +58,3 @@ int main(int argc, char** argv)
 }
 
 #include "tst_FaultMatrixWithoutJpeg.moc"
-
-using namespace Qt::StringLiterals;

@@ -47,6 +47,8 @@
 #include <memory>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -981,5 +983,3 @@ int main(int argc, char** argv)
 }
 
 #include "tst_Torture.moc"
-
-using namespace Qt::StringLiterals;

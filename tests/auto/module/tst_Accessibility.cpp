@@ -26,6 +26,8 @@
 #include <QTableView>
 #include <QTextEdit>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -367,5 +369,3 @@ private Q_SLOTS:
 QTEST_MAIN(tst_Accessibility)
 
 #include "tst_Accessibility.moc"
-
-using namespace Qt::StringLiterals;

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using korvel::Data::VenueDatabase::CountryCodeTranslator;
 
@@ -121,5 +123,3 @@ private Q_SLOTS:
 
 QTEST_GUILESS_MAIN(tst_CountryCodeTranslator)
 #include "tst_CountryCodeTranslator.moc"
-
-using namespace Qt::StringLiterals;

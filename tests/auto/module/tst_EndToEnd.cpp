@@ -30,6 +30,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -363,5 +365,3 @@ private:
 
 QTEST_MAIN(tst_EndToEnd)
 #include "tst_EndToEnd.moc"
-
-using namespace Qt::StringLiterals;

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using korvel::Fuzz::Target;
 
@@ -74,5 +76,3 @@ private Q_SLOTS:
 QTEST_MAIN(tst_FuzzCorpus)
 
 #include "tst_FuzzCorpus.moc"
-
-using namespace Qt::StringLiterals;

@@ -14,6 +14,8 @@
 #include <QScreen>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 using korvel::Data::VenueDatabase::Picture;
@@ -112,5 +114,3 @@ int main(int argc, char* argv[])
 }
 
 #include "tst_ScreenChange.moc"
-
-using namespace Qt::StringLiterals;

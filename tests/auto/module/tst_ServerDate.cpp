@@ -12,6 +12,8 @@
 
 #include <ctime>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Test;
 
@@ -166,5 +168,3 @@ private:
 
 QTEST_GUILESS_MAIN(tst_ServerDate)
 #include "tst_ServerDate.moc"
-
-using namespace Qt::StringLiterals;

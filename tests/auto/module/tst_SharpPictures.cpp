@@ -20,6 +20,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 using korvel::Data::VenueDatabase::Picture;
@@ -171,5 +173,3 @@ private Q_SLOTS:
 QTEST_MAIN(tst_SharpPictures)
 
 #include "tst_SharpPictures.moc"
-
-using namespace Qt::StringLiterals;

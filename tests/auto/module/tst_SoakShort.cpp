@@ -4,6 +4,8 @@
 
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Soak;
 using namespace korvel::Test;
 
@@ -146,5 +148,3 @@ private Q_SLOTS:
 QTEST_GUILESS_MAIN(tst_SoakShort)
 
 #include "tst_SoakShort.moc"
-
-using namespace Qt::StringLiterals;

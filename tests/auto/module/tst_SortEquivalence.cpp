@@ -15,6 +15,8 @@
 #include <ctime>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Bench;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -371,5 +373,3 @@ private:
 
 QTEST_MAIN(tst_SortEquivalence)
 #include "tst_SortEquivalence.moc"
-
-using namespace Qt::StringLiterals;

@@ -43,6 +43,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -778,5 +780,3 @@ void tst_Theme::TextsOfThePlanAreReadable()
 
 QTEST_MAIN(tst_Theme)
 #include "tst_Theme.moc"
-
-using namespace Qt::StringLiterals;

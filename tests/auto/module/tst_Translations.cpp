@@ -32,6 +32,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -444,5 +446,3 @@ private Q_SLOTS:
 QTEST_MAIN(tst_Translations)
 
 #include "tst_Translations.moc"
-
-using namespace Qt::StringLiterals;

@@ -16,6 +16,8 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 
@@ -221,5 +223,3 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_VenueDbSignalHandler)
 #include "tst_VenueDbSignalHandler.moc"
-
-using namespace Qt::StringLiterals;

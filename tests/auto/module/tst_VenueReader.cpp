@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using korvel::Fuzz::IsReadQuickly;
 using korvel::Fuzz::MutatedReplies;
@@ -317,5 +319,3 @@ private:
 QTEST_GUILESS_MAIN(tst_VenueReader)
 
 #include "tst_VenueReader.moc"
-
-using namespace Qt::StringLiterals;

@@ -7,6 +7,8 @@
 #include <QAbstractItemModelTester>
 #include <QStandardItemModel>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -124,5 +126,3 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_VenueSortFilterProxyModel)
 #include "tst_VenueSortFilterProxyModel.moc"
-
-using namespace Qt::StringLiterals;

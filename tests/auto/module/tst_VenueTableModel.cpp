@@ -9,6 +9,8 @@
 #include <QGeoAddress>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Test;
 using korvel::Data::VenueDatabase::Venue;
 using korvel::Ui::VenueDatabase::VenueTableModel;
@@ -214,5 +216,3 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_VenueTableModel)
 #include "tst_VenueTableModel.moc"
-
-using namespace Qt::StringLiterals;

@@ -22,6 +22,8 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Demo;
 using namespace korvel::Test;
@@ -214,5 +216,3 @@ private Q_SLOTS:
 
 QTEST_MAIN(tst_WindowSystem)
 #include "tst_WindowSystem.moc"
-
-using namespace Qt::StringLiterals;

@@ -13,6 +13,8 @@
 #include <QJsonObject>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -378,5 +380,3 @@ void tst_CatalogueData::SomeMembersAreMissingOnPurpose()
 
 QTEST_MAIN(tst_CatalogueData)
 #include "tst_CatalogueData.moc"
-
-using namespace Qt::StringLiterals;

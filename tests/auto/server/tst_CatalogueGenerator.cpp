@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -132,5 +134,3 @@ void tst_CatalogueGenerator::VenueTakesAboutAKilobyteAndAQuarter()
 
 QTEST_GUILESS_MAIN(tst_CatalogueGenerator)
 #include "tst_CatalogueGenerator.moc"
-
-using namespace Qt::StringLiterals;

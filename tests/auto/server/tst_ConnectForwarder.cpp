@@ -11,6 +11,8 @@
 #include <QSslSocket>
 #include <QTcpSocket>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 using Kind = NetworkFault::Kind;
@@ -399,5 +401,3 @@ void tst_ConnectForwarder::StopClosesHalfOpenConnections()
 
 QTEST_GUILESS_MAIN(tst_ConnectForwarder)
 #include "tst_ConnectForwarder.moc"
-
-using namespace Qt::StringLiterals;

@@ -2,6 +2,8 @@
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -108,5 +110,3 @@ void tst_FaultSyntax::MistakesAreReported()
 
 QTEST_GUILESS_MAIN(tst_FaultSyntax)
 #include "tst_FaultSyntax.moc"
-
-using namespace Qt::StringLiterals;

@@ -6,6 +6,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -212,5 +214,3 @@ void tst_JsonApiDocument::ErrorsAreDocuments()
 
 QTEST_GUILESS_MAIN(tst_JsonApiDocument)
 #include "tst_JsonApiDocument.moc"
-
-using namespace Qt::StringLiterals;

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -227,5 +229,3 @@ void tst_VenueCatalogue::ShippedCatalogueIsSound()
 
 QTEST_GUILESS_MAIN(tst_VenueCatalogue)
 #include "tst_VenueCatalogue.moc"
-
-using namespace Qt::StringLiterals;

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -228,5 +230,3 @@ void tst_VenueModelFile::ErrorMayBeLeftOut()
 
 QTEST_MAIN(tst_VenueModelFile)
 #include "tst_VenueModelFile.moc"
-
-using namespace Qt::StringLiterals;

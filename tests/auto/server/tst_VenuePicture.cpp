@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -318,5 +320,3 @@ void tst_VenuePicture::ThreadsMayMakePicturesTogether()
 
 QTEST_MAIN(tst_VenuePicture)
 #include "tst_VenuePicture.moc"
-
-using namespace Qt::StringLiterals;

@@ -2,6 +2,8 @@
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -151,5 +153,3 @@ void tst_VenueQuery::MistakesAreNamed()
 
 QTEST_GUILESS_MAIN(tst_VenueQuery)
 #include "tst_VenueQuery.moc"
-
-using namespace Qt::StringLiterals;

@@ -16,6 +16,8 @@
 #include <QSignalSpy>
 #include <QSslSocket>
 
+using namespace Qt::StringLiterals;
+
 using namespace korvel::Demo;
 using namespace korvel::Test;
 
@@ -702,5 +704,3 @@ void tst_VenueServer::GuardRestoresTheApplication()
 
 QTEST_GUILESS_MAIN(tst_VenueServer)
 #include "tst_VenueServer.moc"
-
-using namespace Qt::StringLiterals;
