@@ -18,8 +18,6 @@
 #include <QTextStream>
 #include <QTimer>
 
-using namespace Qt::StringLiterals;
-
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Ui::VenueDatabase;
 
@@ -45,14 +43,14 @@ void CheckRecords()
 {
     Venue venue;
     venue.SetId(7);
-    venue.SetComplexName(u"Concert Hall"_s);
+    venue.SetComplexName(QStringLiteral("Concert Hall"));
     venue.SetMinimizedElementCount(true);
     const Venue copy = venue;
-    Check(copy.GetId() == 7 && copy.GetComplexName() == "Concert Hall"_L1,
+    Check(copy.GetId() == 7 && copy.GetComplexName() == QLatin1String("Concert Hall"),
           "a copied record keeps its values");
 
     const CountryCodeTranslator translator;
-    Check(translator.GetCountryCode(translator.GetCountry(u"NO"_s)) == "NO"_L1,
+    Check(translator.GetCountryCode(translator.GetCountry(QStringLiteral("NO"))) == QLatin1String("NO"),
           "country codes translate both ways");
 }
 
@@ -95,7 +93,7 @@ void CheckImport()
     Check(answers == QList<bool>{true}, "a readable model is answered with true, once");
 
     answers.clear();
-    Q_EMIT hub->ImportVenueFromTempFileRequest(model.fileName() + u".missing"_s);
+    Q_EMIT hub->ImportVenueFromTempFileRequest(model.fileName() + QStringLiteral(".missing"));
     Check(answers == QList<bool>({false, true}), "an unreadable one with false, then with true");
 }
 
@@ -105,7 +103,7 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QNetworkProxy::setApplicationProxy(
-        QNetworkProxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, RefusingPort()));
+        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), RefusingPort()));
 
     CheckRecords();
 
@@ -115,11 +113,11 @@ int main(int argc, char* argv[])
     Check(dialog != nullptr, "the host owns a dialog");
     if (!dialog)
         return 1;
-    Check(dialog->GetVdbConnectionInfo() == "JsonRest connection "_L1, "the host is connected");
+    Check(dialog->GetVdbConnectionInfo() == QLatin1String("JsonRest connection "), "the host is connected");
     CheckOpenWithoutServer(window, *dialog);
     CheckImport();
-    Check(!dialog->ConnectVdb(u"jsonrest"_s), "an unknown connection type is refused");
-    Check(dialog->GetVdbConnectionInfo() == "no connection specified"_L1, "and told as such");
+    Check(!dialog->ConnectVdb(QStringLiteral("jsonrest")), "an unknown connection type is refused");
+    Check(dialog->GetVdbConnectionInfo() == QLatin1String("no connection specified"), "and told as such");
 
     return s_failed ? 1 : 0;
 }

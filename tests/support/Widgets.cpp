@@ -124,9 +124,8 @@ QPushButton* FullscreenButton(const PictureSlider& slider)
 
 QLabel* FoldIcon(const QWidget& details)
 {
-    // The only label in the panel that takes the focus by Tab.
-    return First(details.findChildren<QLabel*>(),
-                 [](const QLabel* label) { return label->focusPolicy() == Qt::TabFocus; });
+    const QLayout* bar = Label(details, u"Venue details"_s)->parentWidget()->layout();
+    return qobject_cast<QLabel*>(bar->itemAt(0)->widget());
 }
 
 QSize ShownSize(const PictureFullscreenDialog& viewer)

@@ -241,6 +241,10 @@ private Q_SLOTS:
             QVERIFY2(wait->wait(60'000), qPrintable(wait->Name()));
         m_logged = m_messages->Take();
     }
+    void cleanup()
+    {
+        // The viewers stay open from the first row to the last.
+    }
     void cleanupTestCase()
     {
         QVERIFY(NoWindowIsLeft());

@@ -157,8 +157,9 @@ private Q_SLOTS:
 
     void AnswersToBothItsTypes()
     {
-        QCOMPARE(m_connector->metaObject()->className(), "ConnectorJsonRest");
-        QCOMPARE(m_connector->qt_metacast("ConnectorJsonRest"), m_connector.get());
+        QCOMPARE(m_connector->metaObject()->className(), "korvel::Data::VenueDatabase::ConnectorJsonRest");
+        QCOMPARE(m_connector->qt_metacast("korvel::Data::VenueDatabase::ConnectorJsonRest"),
+                 m_connector.get());
         Connector_Interface* const connector = m_connector.get();
         QCOMPARE(m_connector->qt_metacast("Connector_Interface"), static_cast<void*>(connector));
         QCOMPARE(dynamic_cast<QObject*>(connector), m_connector.get());

@@ -26,7 +26,7 @@ bool HasTracer(const QNetworkReply* reply)
 {
     const QObjectList children = reply->children();
     return std::any_of(children.cbegin(), children.cend(), [](const QObject* child) {
-        return qstrcmp(child->metaObject()->className(), "RequestTracer") == 0;
+        return qstrcmp(child->metaObject()->className(), "korvel::Data::VenueDatabase::RequestTracer") == 0;
     });
 }
 

@@ -439,7 +439,7 @@ private Q_SLOTS:
     {
         const auto translator = LoadedTranslator(QLocale(u"de_AT"_s));
         QVERIFY(translator);
-        QCOMPARE(translator->translate("VenueDbDialogBase", "Help"), u"Hilfe"_s);
+        QCOMPARE(translator->translate("korvel::Ui::VenueDatabase::VenueDbDialogBase", "Help"), u"Hilfe"_s);
     }
 };
 

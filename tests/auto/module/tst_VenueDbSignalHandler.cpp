@@ -128,7 +128,8 @@ private Q_SLOTS:
     void InstanceHasNoParent()
     {
         QCOMPARE(VenueDbSignalHandler::GetInstance()->parent(), nullptr);
-        QCOMPARE(VenueDbSignalHandler::GetInstance()->metaObject()->className(), "VenueDbSignalHandler");
+        QCOMPARE(VenueDbSignalHandler::GetInstance()->metaObject()->className(),
+                 "korvel::Ui::VenueDatabase::VenueDbSignalHandler");
     }
 
     void OffersFourSignalsInThisOrder()

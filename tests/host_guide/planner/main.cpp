@@ -11,8 +11,6 @@
 #include <QSslConfiguration>
 #include <QStatusBar>
 
-using namespace Qt::StringLiterals;
-
 using korvel::Ui::VenueDatabase::VenueDbDialog;
 using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
 
@@ -20,7 +18,8 @@ using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
 /// certificate of its own authority. A host that talks to the real server needs nothing of this.
 bool UseLocalServer(quint16 port, const QString& caFile)
 {
-    QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, port));
+    QNetworkProxy::setApplicationProxy(
+        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), port));
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     const bool isRead = configuration.addCaCertificates(caFile);
     QSslConfiguration::setDefaultConfiguration(configuration);
@@ -35,22 +34,22 @@ int main(int argc, char* argv[])
         qFatal("%s holds no certificate", qPrintable(arguments[2]));
 
     QMainWindow window;
-    window.setWindowTitle(u"Planner"_s);
-    auto* plan = new QPlainTextEdit(u"No venue yet"_s);
+    window.setWindowTitle(QStringLiteral("Planner"));
+    auto* plan = new QPlainTextEdit(QStringLiteral("No venue yet"));
     plan->setReadOnly(true);
     window.setCentralWidget(plan);
     window.resize(1200, 850);
 
     // One dialog for the whole run. It asks the server for nothing before Open().
     auto* venues = new VenueDbDialog(&window);
-    venues->ConnectVdb(u"JSONREST"_s);
+    venues->ConnectVdb(QStringLiteral("JSONREST"));
     // Light where the desktop is light.
     venues->SetDayMode(QApplication::palette().color(QPalette::Window).lightness() > 127);
 
     // What the user asks for in the dialog arrives through the hub.
     const VenueDbSignalHandler* hub = VenueDbSignalHandler::GetInstance();
     QObject::connect(hub, &VenueDbSignalHandler::HelpRequested, &window,
-                     [&window] { window.statusBar()->showMessage(u"Help on venues"_s); });
+                     [&window] { window.statusBar()->showMessage(QStringLiteral("Help on venues")); });
     QObject::connect(hub, &VenueDbSignalHandler::ImportVenueFromTempFileRequest, &window,
                      [plan, venues](const QString& path) {
                          QFile model(path);
@@ -59,8 +58,8 @@ int main(int argc, char* argv[])
                          venues->SetVenueLoaded(true); // the import button works again
                      });
 
-    QMenu* menu = window.menuBar()->addMenu(u"&Venue"_s);
-    QObject::connect(menu->addAction(u"Venue &database..."_s), &QAction::triggered, &window,
+    QMenu* menu = window.menuBar()->addMenu(QStringLiteral("&Venue"));
+    QObject::connect(menu->addAction(QStringLiteral("Venue &database...")), &QAction::triggered, &window,
                      [&window, venues] { venues->Open(window.screen()); });
 
     window.show();

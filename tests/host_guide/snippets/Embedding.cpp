@@ -9,8 +9,6 @@
 #include <QStyle>
 #include <QThreadPool>
 
-using namespace Qt::StringLiterals;
-
 using korvel::Ui::VenueDatabase::VenueDbDialog;
 using korvel::Ui::VenueDatabase::VenueDbSignalHandler;
 
@@ -20,7 +18,7 @@ Embedding::Embedding(QWidget* mainWindow)
     ConnectHub();
     //! [create]
     m_dialog = new VenueDbDialog(m_mainWindow); // QPointer<VenueDbDialog> m_dialog;
-    m_dialog->ConnectVdb(u"JSONREST"_s);
+    m_dialog->ConnectVdb(QStringLiteral("JSONREST"));
     SetTheme(m_dayMode);
     //! [create]
 }
@@ -40,8 +38,8 @@ void Embedding::SetTheme(bool dayMode)
 {
     m_dayMode = dayMode;
     // As a file, also from a resource: the sheet names its pictures by where they lie beside it.
-    qApp->setStyleSheet(dayMode ? u"file:///:/kvVenueDatabase/styles/light/venue-database.qss"_s
-                                : u"file:///:/kvVenueDatabase/styles/dark/venue-database.qss"_s);
+    qApp->setStyleSheet(dayMode ? QStringLiteral("file:///:/kvVenueDatabase/styles/light/venue-database.qss")
+                                : QStringLiteral("file:///:/kvVenueDatabase/styles/dark/venue-database.qss"));
     m_dialog->SetDayMode(dayMode);
 }
 //! [day mode]
@@ -122,6 +120,6 @@ bool Embedding::ReadModel(const QString& path, QString* reason)
     QFile model(path);
     if (model.open(QIODevice::ReadOnly) && model.size() > 0)
         return true;
-    *reason = u"The file is empty or missing."_s;
+    *reason = QStringLiteral("The file is empty or missing.");
     return false;
 }

@@ -20,8 +20,6 @@
 #include <QTextEdit>
 #include <QUrl>
 
-using namespace Qt::StringLiterals;
-
 using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Ui::VenueDatabase;
 
@@ -39,9 +37,11 @@ void ConnectorJsonRestExample()
     //! [ConnectorJsonRest]
     ConnectorJsonRest connector;
     QList<Venue> venues;
-    if (connector.FindVenueEntries({{u"address.locality"_s, u"paris"_s}}, venues) == Ok)
+    if (connector.FindVenueEntries({{QStringLiteral("address.locality"), QStringLiteral("paris")}}, venues)
+        == Ok) {
         for (const Venue& venue : std::as_const(venues))
             qInfo() << venue.GetId() << venue.GetComplexName() << venue.GetCountry();
+    }
     //! [ConnectorJsonRest]
 }
 
@@ -61,8 +61,8 @@ void CountryCodeTranslatorExample()
 {
     //! [CountryCodeTranslator]
     const CountryCodeTranslator countries;
-    countries.GetCountry(u"CH"_s); // "Switzerland"
-    countries.GetCountryCode(u"Japan"_s); // "JP"
+    countries.GetCountry(QStringLiteral("CH")); // "Switzerland"
+    countries.GetCountryCode(QStringLiteral("Japan")); // "JP"
     //! [CountryCodeTranslator]
 }
 
@@ -92,7 +92,8 @@ void VenueExample(const Venue& venue)
     //! [Venue]
     QStringList lines;
     for (int column = 0; column < Venue::Size(true); ++column)
-        lines.append(Venue::GetLabelAt(column, true) + u": "_s + venue.GetMinimizedDataAt(column).toString());
+        lines.append(Venue::GetLabelAt(column, true) + QStringLiteral(": ")
+                     + venue.GetMinimizedDataAt(column).toString());
     //! [Venue]
 }
 
@@ -172,7 +173,7 @@ void VenueDbDialogExample(QMainWindow& mainWindow)
     QObject::connect(VenueDbSignalHandler::GetInstance(),
                      &VenueDbSignalHandler::ImportVenueFromTempFileRequest, dialog,
                      [dialog](const QString& path) { dialog->SetVenueLoaded(ImportModel(path)); });
-    dialog->ConnectVdb(u"JSONREST"_s);
+    dialog->ConnectVdb(QStringLiteral("JSONREST"));
     dialog->SetDayMode(true);
     dialog->Open(mainWindow.screen());
     //! [VenueDbDialog]
@@ -184,7 +185,7 @@ void VenueDbDialogBaseExample()
     //! [VenueDbDialogBase]
     VenueDbDialogBase dialog;
     dialog.SetContentWidget(new QTextEdit(&dialog));
-    dialog.SetStatusLabelText(u"Ready"_s);
+    dialog.SetStatusLabelText(QStringLiteral("Ready"));
     dialog.show();
     //! [VenueDbDialogBase]
 }
