@@ -2,6 +2,7 @@
 
 #include <data/Logging_p.h>
 #include <ui/CustomStyle_p.h>
+#include <ui/FocusKeeper_p.h>
 #include <ui/VenueDbSignalHandler.h>
 #include <ui/text/PlainComboBox_p.h>
 #include <ui/text/PlainLabel_p.h>
@@ -23,6 +24,7 @@ using Data::VenueDatabase::VdbLog;
 
 TsFileOpener::TsFileOpener(QWidget* parent)
     : QWidget(parent)
+    , m_focusKeeper(std::make_unique<FocusKeeper>())
 {
     SetupUi();
     ConnectSignals();
@@ -62,7 +64,11 @@ void TsFileOpener::ConnectSignals()
     connect(this, &TsFileOpener::ImportVenueFromTempFileRequest, VenueDbSignalHandler::GetInstance(),
             &VenueDbSignalHandler::ImportVenueFromTempFileRequest);
     connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, this,
-            [this](bool loaded) { setEnabled(loaded); });
+            [this](bool loaded) {
+                setEnabled(loaded);
+                if (loaded)
+                    m_focusKeeper->GiveBack(m_fileComboBox);
+            });
 }
 
 void TsFileOpener::OnTsFileComboBoxCurrentIndexChanged()
@@ -83,6 +89,9 @@ void TsFileOpener::OnTsFileButtonClicked()
         qCCritical(VdbLog) << "An error occurred while writing TSFile to disk.";
         return;
     }
+    // The host may show a message before it answers: what closes the message would press another button next.
+    if (parentWidget())
+        m_focusKeeper->Park(this, parentWidget());
     setEnabled(false);
     // The last act: the host's handler may delete the dialog and with it this opener.
     Q_EMIT ImportVenueFromTempFileRequest(m_selectedFile->GetTempPath());

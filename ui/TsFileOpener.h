@@ -16,11 +16,14 @@ class QPushButton;
 
 namespace korvel::Ui::VenueDatabase {
 
+class FocusKeeper;
+
 /// One row that offers the model files of the shown venue and hands the chosen one to the host as a temporary
 /// file.
 ///
 /// After a request the whole row is disabled until the host has answered through
-/// VenueDbSignalHandler::VenueLoaded(). Asks the server for nothing. User-interface thread only.
+/// VenueDbSignalHandler::VenueLoaded(). The keyboard focus waits beside it and comes back then, unless the
+/// user has moved it. Asks the server for nothing. User-interface thread only.
 ///
 /// @code{.cpp}
 /// auto* opener = new TsFileOpener(&window);
@@ -75,6 +78,7 @@ private:
     QLabel* m_versionLabel = nullptr;
     QList<Data::VenueDatabase::TsFile> m_files;
     std::unique_ptr<Data::VenueDatabase::TsFile> m_selectedFile;
+    std::unique_ptr<FocusKeeper> m_focusKeeper;
 };
 
 } // namespace korvel::Ui::VenueDatabase

@@ -3,6 +3,7 @@
 #include <ui/CountryList_p.h>
 #include <ui/CustomStyle_p.h>
 #include <ui/DetailsLoader_p.h>
+#include <ui/FocusKeeper_p.h>
 #include <ui/ModalWindow_p.h>
 #include <ui/SearchRow_p.h>
 #include <ui/VenueDetailsWidget.h>
@@ -36,12 +37,13 @@ VenueDbCentralWidget::VenueDbCentralWidget(QWidget* parent, QLabel* statusLabel)
     : QWidget(parent)
     , m_statusLabel(statusLabel)
     , m_detailsLoader(std::make_unique<DetailsLoader>())
+    , m_focusKeeper(std::make_unique<FocusKeeper>())
 {
     SetupUi();
     PopulateUi();
     m_searchRow->FitInto(c_searchRowWidth);
     ConnectSignals();
-    m_searchRow->FocusFirstField();
+    FocusFirstField();
 }
 
 VenueDbCentralWidget::~VenueDbCentralWidget() = default;
@@ -65,6 +67,11 @@ void VenueDbCentralWidget::SetDayMode(bool dayMode)
 {
     if (m_detailsWidget)
         m_detailsWidget->SetDayMode(dayMode);
+}
+
+void VenueDbCentralWidget::FocusFirstField()
+{
+    m_searchRow->FocusFirstField();
 }
 
 void VenueDbCentralWidget::SetupUi()
@@ -294,6 +301,7 @@ void VenueDbCentralWidget::HideDetails()
     m_detailsLoader->Discard();
     m_detailsWidget->ResetUi();
     m_detailsWidget->hide();
+    m_focusKeeper->GiveBack(m_tableView);
 }
 
 void VenueDbCentralWidget::SetBusyState(bool busy)
@@ -305,7 +313,12 @@ void VenueDbCentralWidget::SetBusyState(bool busy)
         if (busy)
             m_statusLabel->repaint();
     }
+    if (busy)
+        m_focusKeeper->Park(m_detailsWidget, this);
     m_detailsWidget->setEnabled(!busy);
+    // At the end of a search the details are hidden: the table has the focus then.
+    if (!busy && !m_isSearching)
+        m_focusKeeper->GiveBack(m_tableView);
 }
 
 void VenueDbCentralWidget::ResizeColumns()

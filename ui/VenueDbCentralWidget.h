@@ -20,6 +20,7 @@ class QVBoxLayout;
 namespace korvel::Ui::VenueDatabase {
 
 class DetailsLoader;
+class FocusKeeper;
 class SearchRow;
 class VenueDetailsWidget;
 
@@ -110,6 +111,7 @@ private:
 
     void paintEvent(QPaintEvent* event) override;
 
+    void FocusFirstField();
     Data::VenueDatabase::Connector_Interface* LivingConnector() const;
     void FillCountryComboBox(const QList<Data::VenueDatabase::Venue>& venues, const QString& chosenCountry);
     bool AskForRetry();
@@ -136,6 +138,7 @@ private:
 
     bool m_isSearching = false;
     std::unique_ptr<DetailsLoader> m_detailsLoader;
+    std::unique_ptr<FocusKeeper> m_focusKeeper;
 };
 
 } // namespace korvel::Ui::VenueDatabase

@@ -70,6 +70,9 @@ QString VenueDbDialog::GetVdbConnectionInfo() const
 
 void VenueDbDialog::Open(QScreen* screen)
 {
+    // The button "Close", which hid the dialog, is not to close it again by the next Return.
+    if (isHidden())
+        m_centralWidget->FocusFirstField();
     ShowInTheMiddleOf(screen);
     Q_EMIT m_centralWidget->WindowOpened();
 }

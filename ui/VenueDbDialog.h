@@ -57,7 +57,8 @@ public:
 
     /// Shows the dialog as a normal window of 1062 x 768 in the middle of the work area of \p screen (null:
     /// the primary one), whatever size and state it had, and starts a search of all venues unless the last
-    /// search succeeded. The search begins when control has returned to the event loop.
+    /// search succeeded. The search begins when control has returned to the event loop. Opened again, the
+    /// dialog has the keyboard focus in its first search field.
     void Open(QScreen* screen);
     /// Switches to the light (true) or the dark appearance, as far as it does not come from the style sheet.
     void SetDayMode(bool dayMode);

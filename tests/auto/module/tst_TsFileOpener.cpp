@@ -8,13 +8,16 @@
 #include <tests/support/Widgets.h>
 
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
+#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <memory>
@@ -62,6 +65,24 @@ struct FilledOpener : TsFileOpener
     }
 
     QSignalSpy requests{this, &TsFileOpener::ImportVenueFromTempFileRequest};
+};
+
+/// An opener in a dialog whose first button closes it.
+struct OpenerInWindow
+{
+    OpenerInWindow()
+    {
+        auto* layout = new QVBoxLayout(&dialog);
+        layout->addWidget(close);
+        layout->addWidget(&opener);
+        dialog.show();
+        isShown = QTest::qWaitForWindowActive(&dialog);
+    }
+
+    QDialog dialog;
+    QPushButton* close = new QPushButton(u"Close"_s, &dialog);
+    FilledOpener opener;
+    bool isShown = false;
 };
 
 } // namespace
@@ -249,6 +270,67 @@ private Q_SLOTS:
         Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(true);
         QVERIFY(opener.isEnabled());
         QVERIFY(ImportButton(opener)->isEnabled());
+    }
+
+    void ImportGivesTheFocusBack_data()
+    {
+        const Rows<QList<bool>, bool> row("answers", "showsBox");
+        row("imported at once", {true}, false);
+        row("refused, and the reason read", {false, true}, true);
+    }
+    void ImportGivesTheFocusBack()
+    {
+        QFETCH(QList<bool>, answers);
+        QFETCH(bool, showsBox);
+        OpenerInWindow window;
+        QVERIFY(window.isShown);
+        ImportButton(window.opener)->setFocus();
+        QTest::keyClick(ImportButton(window.opener), Qt::Key_Space);
+        QCOMPARE(window.opener.requests.count(), 1);
+        if (showsBox) {
+            // Closing it makes the window active again, which looks for a widget to focus.
+            QMessageBox box(&window.dialog);
+            box.open();
+            QVERIFY(QTest::qWaitForWindowActive(&box));
+            box.accept();
+            QVERIFY(QTest::qWaitForWindowActive(&window.dialog));
+        }
+        for (const bool loaded : answers)
+            Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(loaded);
+        QCOMPARE(window.dialog.focusWidget(), ImportButton(window.opener));
+        QVERIFY(ImportButton(window.opener)->hasFocus());
+    }
+
+    void WaitingForTheHostReturnDoesNotClose()
+    {
+        OpenerInWindow window;
+        QVERIFY(window.isShown);
+        ImportButton(window.opener)->setFocus();
+        QTest::keyClick(ImportButton(window.opener), Qt::Key_Space);
+        QVERIFY(window.dialog.focusWidget());
+        QVERIFY(window.dialog.focusWidget() != window.close);
+    }
+
+    void FocusThatTheUserMovedMeanwhileStays()
+    {
+        OpenerInWindow window;
+        QVERIFY(window.isShown);
+        ImportButton(window.opener)->setFocus();
+        QTest::keyClick(ImportButton(window.opener), Qt::Key_Space);
+        window.close->setFocus();
+        Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(true);
+        QCOMPARE(window.dialog.focusWidget(), window.close);
+    }
+
+    void FocusGoesToTheChooserWhereNothingIsLeftToImport()
+    {
+        OpenerInWindow window;
+        QVERIFY(window.isShown);
+        ImportButton(window.opener)->setFocus();
+        QTest::keyClick(ImportButton(window.opener), Qt::Key_Space);
+        Show(window.opener, {});
+        Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(true);
+        QCOMPARE(window.dialog.focusWidget(), Combo(window.opener));
     }
 
     void SecondImportReplacesTheFileOfTheSameSelection()

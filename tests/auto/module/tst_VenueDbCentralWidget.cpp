@@ -965,6 +965,69 @@ private Q_SLOTS:
         QVERIFY(walked.size() > expected.size());
     }
 
+    // Focus.
+
+    void SearchFromTheDetailsLeadsToTheTable()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->selectRow(0);
+        auto* comment = panel.details->findChild<QTextEdit*>();
+        comment->setFocus();
+        panel.search->click();
+        QVERIFY(panel.details->isHidden());
+        QCOMPARE(panel.dialog.focusWidget(), panel.table);
+    }
+
+    void SearchFromElsewhereLeavesTheFocus()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->selectRow(0);
+        panel.fields.at(1)->setFocus();
+        panel.search->click();
+        QCOMPARE(panel.dialog.focusWidget(), panel.fields.at(1));
+    }
+
+    void ClearedSelectionLeadsFromTheDetailsToTheTable()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->selectRow(0);
+        panel.details->findChild<QLineEdit*>()->setFocus();
+        panel.table->clearSelection();
+        QCOMPARE(panel.dialog.focusWidget(), panel.table);
+    }
+
+    void FocusInTheDetailsOutlastsALoad()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->selectRow(0);
+        auto* field = panel.details->findChild<QLineEdit*>();
+        field->setFocus();
+        QWidget* meanwhile = nullptr;
+        m_stub.onGetPictures = [&](qint64) {
+            meanwhile = panel.dialog.focusWidget();
+            return QList<Picture>();
+        };
+        panel.table->selectRow(1);
+        QVERIFY2(meanwhile, "whatever made the window active now would send the focus to its first button");
+        QCOMPARE(panel.dialog.focusWidget(), field);
+    }
+
+    void FailedSearchFromTheDetailsLeadsToTheTableToo()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->selectRow(0);
+        panel.details->findChild<QLineEdit*>()->setFocus();
+        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
+        const auto driver = AnswerBox(QMessageBox::Close);
+        panel.search->click();
+        QCOMPARE(panel.dialog.focusWidget(), panel.table);
+    }
+
     void ReturnInAFieldSearches_data()
     {
         QTest::addColumn<int>("field");

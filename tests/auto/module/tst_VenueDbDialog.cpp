@@ -18,7 +18,9 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QStyle>
@@ -196,6 +198,39 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QCOMPARE(table->model()->rowCount(), 2);
         QCOMPARE(m_stub.calls.size(), 2);
+    }
+
+    void ReopenedDialogStartsInTheFirstField()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(m_stub.calls.size(), 2);
+        QPushButton* close = Button(dialog, u"Close"_s);
+        close->setFocus();
+        QTest::keyClick(close, Qt::Key_Space);
+        QVERIFY(dialog.isHidden());
+
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QCOMPARE(dialog.focusWidget(), dialog.findChild<QLineEdit*>());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        QVERIFY2(dialog.isVisible(), "Return closed the dialog");
+        QCOMPARE(m_stub.calls.size(), 4);
+    }
+
+    void OpeningAnOpenDialogLeavesTheFocus()
+    {
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(m_stub.calls.size(), 2);
+        auto* table = dialog.findChild<QTableView*>();
+        table->setFocus();
+        dialog.Open(nullptr);
+        QCOMPARE(dialog.focusWidget(), table);
     }
 
     void GivingUpHidesTheDialog()
