@@ -8,11 +8,15 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPen>
 #include <QPixmap>
+#include <QPolygonF>
 
 namespace korvel::Ui::VenueDatabase {
 
 namespace {
+
+constexpr QSize c_arrowArea(16, 16);
 
 /// What a screen reader meets: a button that tells whether the panel is folded up.
 class AccessibleFoldingIcon : public QAccessibleWidget
@@ -62,9 +66,11 @@ QAccessibleInterface* CreateAccessible(const QString& /*className*/, QObject* ob
 
 } // namespace
 
-FoldingIcon::FoldingIcon(QWidget* parent)
+FoldingIcon::FoldingIcon(const QLabel* caption, QWidget* parent)
     : QLabel(parent)
+    , m_caption(caption)
 {
+    setFocusPolicy(Qt::TabFocus);
     // Qt ignores a factory that it has already.
     QAccessible::installFactory(&CreateAccessible);
 }
@@ -78,7 +84,8 @@ void FoldingIcon::ShowIcon(const QString& path, bool collapsed, bool dayMode)
     m_isCollapsed = collapsed;
     m_isDayMode = dayMode;
     UpdatePixmap();
-    setFocusPolicy(pixmap(Qt::ReturnByValue).isNull() ? Qt::NoFocus : Qt::TabFocus);
+    setMinimumSize(HasIcon() ? QSize(0, 0) : c_arrowArea);
+    update();
 
     setAccessibleName(collapsed ? tr("Expand venue details") : tr("Collapse venue details"));
     if (isFolded) {
@@ -88,6 +95,11 @@ void FoldingIcon::ShowIcon(const QString& path, bool collapsed, bool dayMode)
         QAccessibleStateChangeEvent event(this, changed);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+bool FoldingIcon::HasIcon() const
+{
+    return !pixmap(Qt::ReturnByValue).isNull();
 }
 
 bool FoldingIcon::IsCollapsed() const
@@ -140,11 +152,29 @@ void FoldingIcon::paintEvent(QPaintEvent* event)
         UpdatePixmap();
 
     QLabel::paintEvent(event);
+    if (!HasIcon())
+        PaintArrow();
     if (m_isFocusShown && hasFocus()) {
         QPainter painter(this);
-        painter.setPen(m_isDayMode ? Qt::black : Qt::white);
+        painter.setPen(HasIcon() ? QColor(m_isDayMode ? Qt::black : Qt::white) : CaptionColor());
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+}
+
+QColor FoldingIcon::CaptionColor() const
+{
+    return m_caption->palette().color(m_caption->foregroundRole());
+}
+
+void FoldingIcon::PaintArrow()
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(CaptionColor(), 2.0, Qt::SolidLine, Qt::RoundCap));
+    painter.translate(QRectF(rect()).center());
+    if (m_isCollapsed)
+        painter.rotate(isRightToLeft() ? 90.0 : -90.0);
+    painter.drawPolyline(QPolygonF{{-4.0, -2.0}, {0.0, 2.0}, {4.0, -2.0}});
 }
 
 } // namespace korvel::Ui::VenueDatabase

@@ -6,19 +6,23 @@ namespace korvel::Ui::VenueDatabase {
 
 /// The icon that folds the details panel up and down, as a button for the keyboard and for screen readers.
 ///
-/// The mouse is not its business: the panel watches for that itself. It takes part in the tab order only
-/// while it has an icon, and shows a focus that came by the keyboard with a frame.
+/// The mouse is not its business: the panel watches for that itself. A focus that came by the keyboard is
+/// shown with a frame. Where the host has no icon an arrow takes its place, in the colour of the words beside
+/// it.
 class FoldingIcon : public QLabel
 {
     Q_OBJECT
 
 public:
-    explicit FoldingIcon(QWidget* parent);
+    /// \p caption is the label beside it, which must live as long.
+    FoldingIcon(const QLabel* caption, QWidget* parent);
     ~FoldingIcon() override;
 
     /// Shows the icon in the resource \p path, as sharp as the screen can. \p collapsed and \p dayMode are
     /// the panel's: they decide what the icon is called and how its focus looks.
     void ShowIcon(const QString& path, bool collapsed, bool dayMode);
+    /// The host has the icon for the present state.
+    bool HasIcon() const;
     /// The panel is folded up.
     bool IsCollapsed() const;
 
@@ -34,7 +38,10 @@ protected:
 
 private:
     void UpdatePixmap();
+    void PaintArrow();
+    QColor CaptionColor() const;
 
+    const QLabel* m_caption = nullptr;
     QString m_path;
     bool m_isCollapsed = false;
     bool m_isDayMode = false;

@@ -2,6 +2,7 @@
 
 #include <data/Venue.h>
 #include <ui/CustomStyle_p.h>
+#include <ui/FocusKeeper_p.h>
 #include <ui/FoldingIcon_p.h>
 #include <ui/NameToolTips_p.h>
 #include <ui/PictureSlider.h>
@@ -13,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QSizePolicy>
 #include <QSpacerItem>
@@ -109,6 +111,8 @@ void VenueDetailsWidget::ResetUi() const
 void VenueDetailsWidget::SetCollapsed(bool collapsed)
 {
     const int captionBarHeight = m_captionBar->sizeHint().height();
+    if (collapsed && HoldsFocus(m_body))
+        m_foldIcon->setFocus(Qt::OtherFocusReason);
     m_body->setVisible(!collapsed);
     if (collapsed) {
         setFixedHeight(captionBarHeight);
@@ -142,7 +146,7 @@ void VenueDetailsWidget::UpdateCollapseIcon()
 
 bool VenueDetailsWidget::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_foldIcon && event->type() == QEvent::MouseButtonRelease)
+    if (event->type() == QEvent::MouseButtonRelease && IsFoldedBy(watched, *static_cast<QMouseEvent*>(event)))
         SetCollapsed(!m_isCollapsed);
     if (auto* textEdit = qobject_cast<QTextEdit*>(watched)) {
         if (event->type() == QEvent::FocusIn)
@@ -151,6 +155,16 @@ bool VenueDetailsWidget::eventFilter(QObject* watched, QEvent* event)
             ClearSelection(textEdit);
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool VenueDetailsWidget::IsFoldedBy(const QObject* watched, const QMouseEvent& release) const
+{
+    if (watched == m_foldIcon)
+        return true;
+    // Without the host's icon there is only a small arrow, so the whole bar serves. What the arrow was told
+    // comes here a second time.
+    return watched == m_captionBar && !m_foldIcon->HasIcon()
+        && !m_foldIcon->geometry().contains(release.position().toPoint());
 }
 
 void VenueDetailsWidget::paintEvent(QPaintEvent* /*event*/)
@@ -196,6 +210,7 @@ void VenueDetailsWidget::SetupUi()
     m_body->setWidget(content);
 
     SetupTooltips();
+    UpdateCollapseIcon();
 }
 
 QWidget* VenueDetailsWidget::CreateCaptionBar()
@@ -205,12 +220,13 @@ QWidget* VenueDetailsWidget::CreateCaptionBar()
     auto* layout = new QHBoxLayout(bar);
     layout->setContentsMargins(8, 0, 8, 0);
 
-    m_foldIcon = new FoldingIcon(this);
+    QLabel* caption = CreateLabel(tr("Venue details"), "labelKorvelSectionCaptionDark"_L1, this);
+    m_foldIcon = new FoldingIcon(caption, this);
     m_foldIcon->installEventFilter(this);
+    bar->installEventFilter(this);
     connect(m_foldIcon, &FoldingIcon::ToggleRequested, this, [this] { SetCollapsed(!m_isCollapsed); });
     layout->addWidget(m_foldIcon);
 
-    QLabel* caption = CreateLabel(tr("Venue details"), "labelKorvelSectionCaptionDark"_L1, this);
     caption->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
     // The collapsed panel gets the height that the bar asks for. Font and icon must not make it less.
     caption->setMinimumHeight(c_captionBarHeight);

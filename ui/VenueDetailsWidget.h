@@ -11,6 +11,7 @@ class QBoxLayout;
 class QEvent;
 class QLabel;
 class QLineEdit;
+class QMouseEvent;
 class QPaintEvent;
 class QScrollArea;
 class QTextEdit;
@@ -29,8 +30,8 @@ class TsFileOpener;
 /// icon folds the panel up to the bar alone, by mouse, by Space or Return, and by a screen reader's press.
 ///
 /// Texts come from the server and are shown as plain text. The four folding icons
-/// ":/Resources/korvelFoldingWidget{Open,Closed}{,_day}.svg" are the host's; without them the bar has none.
-/// User-interface thread only.
+/// ":/Resources/korvelFoldingWidget{Open,Closed}{,_day}.svg" are the host's. Without them the bar shows an
+/// arrow, and a click anywhere in it folds the panel. User-interface thread only.
 ///
 /// @code{.cpp}
 /// auto* details = new VenueDetailsWidget(&window);
@@ -63,7 +64,8 @@ public:
     void UpdateCollapseIcon();
 
 protected:
-    /// Folds by a click on the icon; selects the text of a field that gets the focus, until it loses it.
+    /// Folds by a click on the icon, or on the bar where it has none; selects the text of a field that gets
+    /// the focus, until it loses it.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -80,6 +82,7 @@ private:
     /// The same with a text field, \p height pixels high.
     void SetupReadonlyTextEditWithLabel(QBoxLayout* layout, int labelIndex, QTextEdit** textEdit,
                                         bool visible, int height);
+    bool IsFoldedBy(const QObject* watched, const QMouseEvent& release) const;
     QWidget* CreateCaptionBar();
     QLabel* CreateFieldLabel(int labelIndex);
     void AddFieldRow(QBoxLayout* layout, QLabel* label, QWidget* field, bool visible);

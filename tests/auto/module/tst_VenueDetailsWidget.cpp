@@ -22,6 +22,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace korvel::Data::VenueDatabase;
@@ -124,6 +125,21 @@ struct ShownPanel : VenueDetailsWidget
 };
 
 } // namespace
+
+/// A host that supplies none of the four icons, as long as this lives. Resources are known outside
+/// of namespaces only.
+struct WithoutIcons
+{
+    WithoutIcons()
+    {
+        Q_CLEANUP_RESOURCE(foldingIcons);
+    }
+    ~WithoutIcons()
+    {
+        Q_INIT_RESOURCE(foldingIcons);
+    }
+    Q_DISABLE_COPY_MOVE(WithoutIcons)
+};
 
 class tst_VenueDetailsWidget : public StrictTest
 {
@@ -604,6 +620,22 @@ private Q_SLOTS:
         QCOMPARE(FoldIconColour(panel), QColor(0x01, 0x02, 0x03));
     }
 
+    void FoldingTakesTheFocusAlong()
+    {
+        QWidget window;
+        QVBoxLayout layout(&window);
+        layout.addWidget(new QLineEdit);
+        auto* panel = new VenueDetailsWidget;
+        layout.addWidget(panel);
+        panel->SetCollapsed(false);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        LineEdits(*panel).value(Id)->setFocus();
+        QTest::mouseClick(FoldIcon(*panel), Qt::LeftButton);
+        QVERIFY(!Body(*panel)->isVisible());
+        QCOMPARE(window.focusWidget(), FoldIcon(*panel));
+    }
+
     void DayModeShowsTheDayIconsAtOnce()
     {
         VenueDetailsWidget panel;
@@ -631,15 +663,69 @@ private Q_SLOTS:
 
     void MissingIconsAreHarmless()
     {
-        Q_CLEANUP_RESOURCE(foldingIcons);
+        const WithoutIcons withoutIcons;
         VenueDetailsWidget panel;
         panel.SetDayMode(true);
         panel.SetCollapsed(true);
-        const bool isEmpty = FoldIcon(panel)->pixmap().isNull();
-        const int height = panel.maximumHeight();
-        Q_INIT_RESOURCE(foldingIcons);
-        QVERIFY(isEmpty);
-        QCOMPARE(height, 34);
+        QVERIFY(FoldIcon(panel)->pixmap().isNull());
+        QCOMPARE(panel.maximumHeight(), 34);
+    }
+
+    void BarWithoutIconsFoldsByMouse_data()
+    {
+        const Rows<std::function<QWidget*(const QWidget&)>> row("target");
+        row("the bar itself", &CaptionBar);
+        row("its words", [](const QWidget& panel) { return Label(panel, u"Venue details"_s); });
+        row("its arrow", &FoldIcon);
+    }
+    void BarWithoutIconsFoldsByMouse()
+    {
+        QFETCH(std::function<QWidget*(const QWidget&)>, target);
+        const WithoutIcons withoutIcons;
+        VenueDetailsWidget panel;
+        panel.SetCollapsed(false);
+        panel.show();
+        QTest::mouseClick(target(panel), Qt::LeftButton);
+        QVERIFY(!Body(panel)->isVisible());
+        QTest::mouseClick(target(panel), Qt::LeftButton);
+        QVERIFY(Body(panel)->isVisible());
+    }
+
+    void BarWithoutIconsFoldsByKey()
+    {
+        const WithoutIcons withoutIcons;
+        VenueDetailsWidget panel;
+        panel.SetCollapsed(false);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QCOMPARE(FoldIcon(panel)->focusPolicy(), Qt::TabFocus);
+        QTest::keyClick(FoldIcon(panel), Qt::Key_Space);
+        QVERIFY(!Body(panel)->isVisible());
+        QTest::keyClick(FoldIcon(panel), Qt::Key_Return);
+        QVERIFY(Body(panel)->isVisible());
+    }
+
+    void BarWithoutIconsShowsTheStateInTheColourOfItsWords()
+    {
+        const WithoutIcons withoutIcons;
+        VenueDetailsWidget panel;
+        panel.setStyleSheet(u"QLabel[customStyle=\"labelKorvelSectionCaptionDark\"] { color: #ff0000; }"_s);
+        panel.show();
+        const auto shown = [&panel] { return FoldIcon(panel)->grab().toImage(); };
+        const auto redPixels = [](const QImage& image) {
+            int count = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    count += image.pixelColor(x, y) == QColor(Qt::red) ? 1 : 0;
+            return count;
+        };
+        panel.SetCollapsed(false);
+        const QImage open = shown();
+        panel.SetCollapsed(true);
+        const QImage closed = shown();
+        QVERIFY(redPixels(open) > 0);
+        QVERIFY(redPixels(closed) > 0);
+        QVERIFY(open != closed);
     }
 
     void ReleaseElsewhereDoesNotFold()
