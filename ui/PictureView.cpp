@@ -1,5 +1,6 @@
 #include <ui/PictureView.h>
 
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointingDevice>
@@ -47,6 +48,14 @@ void PictureView::SetDayMode(bool dayMode)
 
 void PictureView::ZoomBy(double factor)
 {
+    if (underMouse())
+        ZoomAround(viewport()->mapFromGlobal(QCursor::pos()), factor);
+    else
+        ZoomAround(std::nullopt, factor);
+}
+
+void PictureView::ZoomAround(std::optional<QPoint> mouse, double factor)
+{
     const QRectF picture = sceneRect();
     if (picture.isEmpty())
         return;
@@ -59,7 +68,11 @@ void PictureView::ZoomBy(double factor)
     }
     if (factor > 1.0 && LargerSide(zoomed) > c_maximumZoom * LargerSide(picture))
         return;
+    const QPointF pointed = mapToScene(mouse.value_or(QPoint()));
     scale(factor, factor);
+    // Qt takes the mouse for where it moved last in this view, and over the top left corner before it did.
+    if (mouse)
+        centerOn(pointed + (QRectF(viewport()->rect()).center() - QPointF(*mouse)) / transform().m11());
 }
 
 void PictureView::FitPictureInView()
@@ -84,7 +97,7 @@ void PictureView::wheelEvent(QWheelEvent* event)
 {
     const Qt::KeyboardModifiers modifiers = event->modifiers();
     if (modifiers == Qt::NoModifier) {
-        ZoomBy(event->angleDelta().y() >= 1 ? c_zoomStep : 1.0 / c_zoomStep);
+        ZoomAround(event->position().toPoint(), event->angleDelta().y() >= 1 ? c_zoomStep : 1.0 / c_zoomStep);
     } else if (modifiers == Qt::ShiftModifier) {
         QWheelEvent sideways(event->position(), event->globalPosition(), event->pixelDelta(),
                              event->angleDelta().transposed(), event->buttons(), Qt::NoModifier,

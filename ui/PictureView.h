@@ -4,6 +4,8 @@
 
 #include <QGraphicsView>
 
+#include <optional>
+
 namespace korvel::Ui::VenueDatabase {
 
 /// The zooming and panning view of the full-screen viewer. Dragging with the left button pans; the wheel
@@ -34,9 +36,9 @@ public:
 
     /// True: the light theme's background.
     void SetDayMode(bool dayMode);
-    /// Zooms by \p factor around the mouse. Zooming out ends at the view of FitPictureInView(); a step that
-    /// would enlarge the picture beyond five times its natural size does nothing. Without a picture nothing
-    /// happens.
+    /// Zooms by \p factor around the mouse, or around the middle where the mouse is elsewhere. Zooming out
+    /// ends at the view of FitPictureInView(); a step that would enlarge the picture beyond five times its
+    /// natural size does nothing. Without a picture nothing happens.
     void ZoomBy(double factor);
     /// Shows the whole picture: shrunk where it is larger than the view, otherwise at its natural size, never
     /// enlarged.
@@ -50,6 +52,10 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     /// Scrolls by the arrow keys; Page Up and Page Down go to the parent alone, every other key as well.
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// Zooms so that what is under \p mouse, in the viewport, stays there; without one Qt decides what stays.
+    void ZoomAround(std::optional<QPoint> mouse, double factor);
 };
 
 } // namespace korvel::Ui::VenueDatabase

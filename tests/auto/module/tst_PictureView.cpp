@@ -11,6 +11,7 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
 using namespace korvel::Test;
 using korvel::Ui::VenueDatabase::PictureView;
 
@@ -59,12 +60,17 @@ protected:
     }
 };
 
-void TurnWheel(PictureView& view, const QPoint& angleDelta, Qt::KeyboardModifiers modifiers)
+void TurnWheel(PictureView& view, const QPoint& angleDelta, Qt::KeyboardModifiers modifiers,
+               const QPointF& position)
 {
-    const QPointF center(view.viewport()->rect().center());
-    QWheelEvent event(center, view.viewport()->mapToGlobal(center), QPoint(), angleDelta, Qt::NoButton,
+    QWheelEvent event(position, view.viewport()->mapToGlobal(position), QPoint(), angleDelta, Qt::NoButton,
                       modifiers, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(view.viewport(), &event);
+}
+
+void TurnWheel(PictureView& view, const QPoint& angleDelta, Qt::KeyboardModifiers modifiers)
+{
+    TurnWheel(view, angleDelta, modifiers, QPointF(view.viewport()->rect().center()));
 }
 
 void MoveMouse(QWidget* widget, const QPoint& position, Qt::MouseButtons buttons)
@@ -233,6 +239,35 @@ private Q_SLOTS:
         shown.view.scale(2.0, 2.0);
         TurnWheel(shown.view, angleDelta, Qt::NoModifier);
         QCOMPARE(shown.Scale(), 2.0 * factor);
+    }
+
+    void WheelZoomsAroundTheMouse_data()
+    {
+        const Rows<QPoint, bool> row("lastMove", "isAnotherPicture");
+        row("before the mouse moved", QPoint(), false);
+        row("after it moved elsewhere", QPoint(100, 600), false);
+        row("before it moved over another picture", QPoint(800, 150), true);
+    }
+    void WheelZoomsAroundTheMouse()
+    {
+        QFETCH(QPoint, lastMove);
+        QFETCH(bool, isAnotherPicture);
+        ShownView shown(QSizeF(3000, 2000));
+        if (!lastMove.isNull())
+            MoveMouse(shown.view.viewport(), lastMove, Qt::NoButton);
+        if (isAnotherPicture) {
+            shown.scene.setSceneRect(0, 0, 6000, 4000);
+            shown.view.FitPictureInView();
+        }
+        const QPoint mouse(800, 150);
+        const QPointF pointed = shown.view.mapToScene(mouse);
+        for (int turn = 0; turn < 4; ++turn) {
+            TurnWheel(shown.view, QPoint(0, 120), Qt::NoModifier, mouse);
+            const QPoint distance = shown.view.mapFromScene(pointed) - mouse;
+            // Scrolling knows whole pixels only.
+            QVERIFY2(std::abs(distance.x()) <= 1 + turn && std::abs(distance.y()) <= 1 + turn,
+                     qPrintable(u"%1, %2"_s.arg(distance.x()).arg(distance.y())));
+        }
     }
 
     void WheelWithModifierScrolls_data()

@@ -7,6 +7,8 @@
 
 #include <tests/support/ConnectorStub.h>
 #include <tests/support/GeneratedServer.h>
+#include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 #include <tests/support/Widgets.h>
@@ -196,6 +198,37 @@ private Q_SLOTS:
         QTRY_VERIFY(viewer.findChild<PictureView*>()->hasFocus());
         viewer.showNormal();
         QTRY_COMPARE(viewer.size(), QSize(1062, 768));
+        viewer.hide();
+    }
+
+    void ZoomKeepsWhatIsUnderTheMouseBeforeItMoved_data()
+    {
+        const Rows<QStringList> row("input");
+        row("by wheel", {u"click"_s, u"4"_s});
+        row("by key", {u"key"_s, u"plus"_s});
+    }
+    void ZoomKeepsWhatIsUnderTheMouseBeforeItMoved()
+    {
+        QFETCH(QStringList, input);
+        // The picture fills the screen both ways, so that any point of it can stay where it is.
+        const QPoint mouse(1100, 350);
+        QVERIFY(XdoTool({u"mousemove"_s, QString::number(mouse.x()), QString::number(mouse.y())}));
+        PictureFullscreenDialog viewer;
+        OpenViewer(viewer, {MakePicture({}, EncodedPicture(QSize(3000, 1750), Qt::blue))});
+        QTRY_VERIFY(viewer.isMaximized());
+        QVERIFY(QTest::qWaitForWindowActive(&viewer));
+        const PictureView* view = viewer.findChild<PictureView*>();
+        QTRY_COMPARE(viewer.width(), QGuiApplication::primaryScreen()->availableGeometry().width());
+        QTRY_VERIFY(view->underMouse());
+
+        const QPoint position = view->viewport()->mapFromGlobal(mouse);
+        const QPointF pointed = view->mapToScene(position);
+        const double fitted = view->transform().m11();
+        QVERIFY(XdoTool(input));
+        QTRY_COMPARE(view->transform().m11(), fitted * PictureView::c_zoomStep);
+        const QPoint distance = view->mapFromScene(pointed) - position;
+        QVERIFY2(qAbs(distance.x()) <= 2 && qAbs(distance.y()) <= 2,
+                 qPrintable(u"%1, %2"_s.arg(distance.x()).arg(distance.y())));
         viewer.hide();
     }
 
