@@ -98,9 +98,13 @@ void PictureFullscreenDialog::SetPicture(Picture* picture)
 
 void PictureFullscreenDialog::SetImage(const QByteArray& data)
 {
+    ShowPixmap(DecodePicture(data));
+}
+
+void PictureFullscreenDialog::ShowPixmap(const QPixmap& pixmap)
+{
     if (!m_scene->sceneRect().isEmpty())
         m_scene->clear();
-    const QPixmap pixmap = DecodePicture(data);
     // Deliberate: without a picture the scene keeps the rectangle of the previous one.
     if (!pixmap.isNull()) {
         m_scene->setSceneRect(pixmap.rect());
@@ -160,7 +164,7 @@ void PictureFullscreenDialog::OnPictureBinaryDataFinished(QUrl url, QByteArray b
         m_currentPicture->SetPictureDataLarge(buffer);
         if (m_currentRow >= 0)
             m_pictures[m_currentRow].SetPictureDataLarge(buffer);
-        SetImage(buffer);
+        ShowPixmap(DecodeRendition(buffer, *m_currentPicture));
         SetStatusLabelText(QString());
     }
     m_downloadCursors->EndOne(url, true);
@@ -317,7 +321,7 @@ void PictureFullscreenDialog::ShowPicture(const Picture& picture, qsizetype row)
 {
     m_currentPicture = picture;
     m_currentRow = row;
-    SetImage(m_currentPicture->GetLargestPictureData());
+    ShowPixmap(DecodeRendition(m_currentPicture->GetLargestPictureData(), *m_currentPicture));
     SetDescriptionLabelText();
     if (!m_currentPicture->GetPictureDataLarge().isEmpty())
         return;

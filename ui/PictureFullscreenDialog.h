@@ -14,6 +14,7 @@
 #include <optional>
 
 class QGraphicsScene;
+class QPixmap;
 
 namespace korvel::Data::VenueDatabase {
 class DownloadManager;
@@ -63,7 +64,9 @@ public:
     /// Makes a copy of \p picture the current one, shows it, and fetches its large rendition where that is
     /// missing. With null no picture is current any more, and what is shown stays.
     void SetPicture(Data::VenueDatabase::Picture* picture);
-    /// Shows the encoded picture \p data, fitted. Bytes that do not decode show nothing.
+    /// Shows the encoded picture \p data, fitted and upright. A picture beyond
+    /// QImageReader::allocationLimit() is shown at half its size where its format allows for that. Bytes that
+    /// do not decode show nothing.
     void SetImage(const QByteArray& data);
     /// Writes the caption: "2/5 description" of the current picture, "-/0" for an empty list.
     void SetDescriptionLabelText();
@@ -80,7 +83,8 @@ public:
 
 public Q_SLOTS:
     /// Shows and keeps a large rendition that arrived for the current picture; one for a picture that the
-    /// user has left is dropped. Takes the wait cursor of the download back.
+    /// user has left is dropped. Where it is too large to be decoded, the next smaller one is shown. Takes
+    /// the wait cursor of the download back.
     void OnPictureBinaryDataFinished(QUrl url, QByteArray buffer);
     /// Takes the wait cursor of the download back; the smaller rendition and the status text stay.
     void OnPictureBinaryDataRequestFailed(QUrl url, QString errorMessage);
@@ -118,6 +122,8 @@ private:
     void ConnectSignals();
     /// The same as SetPicturesIndex(), also for the indexes of lists that are longer than a short can count.
     void ShowPictureAt(qsizetype index);
+    /// Shows \p pixmap, fitted; nothing for a null one.
+    void ShowPixmap(const QPixmap& pixmap);
     /// Shows \p picture, whose large rendition is to be kept in row \p row of the list, -1 for none.
     void ShowPicture(const Data::VenueDatabase::Picture& picture, qsizetype row);
     void PlaceOverlays();

@@ -36,6 +36,7 @@ struct UndecodablePicture
     QByteArray name;
     QByteArray bytes;
     QStringList warnings; ///< what Qt's decoders have to say about them, each time they are decoded
+    bool isTooLarge = false; ///< it is a picture, but none that Qt may decode
 };
 
 /// Bytes that are called a picture and are none that can be shown.
