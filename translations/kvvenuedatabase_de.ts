@@ -82,6 +82,12 @@
         <translation>%1 kann nicht geschrieben werden</translation>
     </message>
     <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 ist bereits vorhanden.
+Möchten Sie die Datei ersetzen?</translation>
+    </message>
+    <message>
         <source>Save Image As...</source>
         <translation>Bild speichern unter...</translation>
     </message>

@@ -82,6 +82,12 @@
         <translation>Cannot write %1</translation>
     </message>
     <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 already exists.
+Do you want to replace it?</translation>
+    </message>
+    <message>
         <source>Save Image As...</source>
         <translation>Save Image As...</translation>
     </message>

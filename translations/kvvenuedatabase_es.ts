@@ -82,6 +82,12 @@
         <translation>No se puede escribir %1</translation>
     </message>
     <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 ya existe.
+¿Quiere reemplazarlo?</translation>
+    </message>
+    <message>
         <source>Save Image As...</source>
         <translation>Guardar imagen como...</translation>
     </message>

@@ -82,6 +82,12 @@
         <translation>Impossible d’écrire %1</translation>
     </message>
     <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 existe déjà.
+Voulez-vous le remplacer ?</translation>
+    </message>
+    <message>
         <source>Save Image As...</source>
         <translation>Enregistrer l’image sous...</translation>
     </message>

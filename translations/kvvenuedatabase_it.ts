@@ -82,6 +82,12 @@
         <translation>Impossibile scrivere %1</translation>
     </message>
     <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 esiste già.
+Sostituirlo?</translation>
+    </message>
+    <message>
         <source>Save Image As...</source>
         <translation>Salva immagine con nome...</translation>
     </message>

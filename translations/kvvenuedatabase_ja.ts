@@ -82,6 +82,12 @@
         <translation>%1 に書き込めません</translation>
     </message>
     <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 はすでに存在します。
+置き換えますか？</translation>
+    </message>
+    <message>
         <source>Save Image As...</source>
         <translation>名前を付けて画像を保存...</translation>
     </message>

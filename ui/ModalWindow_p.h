@@ -32,6 +32,10 @@ public:
     {
         return m_window;
     }
+    Window& operator*() const
+    {
+        return *m_window;
+    }
 
 private:
     QPointer<Window> m_window;

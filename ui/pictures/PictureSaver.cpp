@@ -1,10 +1,13 @@
 #include <ui/pictures/PictureSaver_p.h>
 
 #include <ui/ModalWindow_p.h>
+#include <ui/PictureFullscreenDialog.h>
 
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QSaveFile>
 #include <QStandardPaths>
@@ -17,11 +20,43 @@ namespace {
 
 constexpr int c_jpegQuality = 95;
 
-/// Where the first file dialog of the process starts.
+/// Where the first file dialog of the process starts: in the user's folder of pictures, or above where that
+/// is not there.
 QString PicturesFolder()
 {
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::PicturesLocation);
-    return folders.isEmpty() ? QDir::currentPath() : folders.last();
+    QString folder = folders.isEmpty() ? QDir::currentPath() : folders.last();
+    while (!QFileInfo::exists(folder) && QFileInfo(folder).path() != folder)
+        folder = QFileInfo(folder).path();
+    return folder;
+}
+
+/// Whether \p fileDialog, which was accepted, asked before that about replacing \p path, the file that it
+/// names.
+bool HasAskedAbout(QFileDialog& fileDialog, const QString& path)
+{
+    // Qt's own dialog completes the name first. It stays off the screen where the desktop's stands in for it,
+    // which may ask about the name as it was typed.
+    if (!fileDialog.testAttribute(Qt::WA_DontShowOnScreen))
+        return true;
+    const QString suffix = fileDialog.defaultSuffix();
+    fileDialog.setDefaultSuffix(QString());
+    const bool isComplete = fileDialog.selectedFiles().value(0) == path;
+    fileDialog.setDefaultSuffix(suffix);
+    return isComplete;
+}
+
+/// Runs a nested event loop, in which \p parent may be destroyed.
+bool MayReplace(const QString& path, QWidget* parent)
+{
+    const ModalWindow<QMessageBox> box(
+        QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+        PictureFullscreenDialog::tr("%1 already exists.\nDo you want to replace it?")
+            .arg(QDir::toNativeSeparators(path)),
+        QMessageBox::Yes | QMessageBox::No, parent);
+    box->setTextFormat(Qt::PlainText);
+    box->setDefaultButton(QMessageBox::No);
+    return box->exec() == QMessageBox::Yes;
 }
 
 } // namespace
@@ -50,10 +85,12 @@ void AskWhereToSave(QWidget* parent, const QString& title, const QString& pictur
     fileDialog->setAcceptMode(QFileDialog::AcceptSave);
     fileDialog->setDefaultSuffix(u"jpg"_s);
 
-    bool isDone = false;
-    while (!isDone) {
-        isDone = fileDialog->exec() != QDialog::Accepted || !fileDialog
-            || save(fileDialog->selectedFiles().value(0)) || !fileDialog;
+    while (fileDialog->exec() == QDialog::Accepted && fileDialog) {
+        const QString path = fileDialog->selectedFiles().value(0);
+        const bool isAllowed
+            = !QFileInfo::exists(path) || HasAskedAbout(*fileDialog, path) || MayReplace(path, parent);
+        if (!fileDialog || (isAllowed && save(path)) || !fileDialog)
+            return;
     }
 }
 

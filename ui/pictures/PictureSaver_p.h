@@ -13,7 +13,8 @@ namespace korvel::Ui::VenueDatabase {
 /// before.
 bool WriteJpeg(const QPixmap& picture, const QString& path);
 
-/// Asks for a JPEG file in a dialog with \p title and proposes \p pictureName without its suffixes. Hands the
+/// Asks for a JPEG file in a dialog with \p title and proposes \p pictureName without its suffixes. Where the
+/// desktop's own dialog did not ask about a file that is there, it asks itself before replacing it. Hands the
 /// path to \p save, and asks again as long as that returns false and the user does not give up.
 ///
 /// Runs nested event loops, in which \p parent may be destroyed; the dialog goes with it.
