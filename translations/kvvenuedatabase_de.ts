@@ -176,6 +176,10 @@ Möchten Sie die Datei ersetzen?</translation>
         <translation>Die gefundenen Spielstätten. Wählen Sie eine aus, um ihre Details zu sehen.</translation>
     </message>
     <message>
+        <source>Sort by %1</source>
+        <translation>Nach „%1“ sortieren</translation>
+    </message>
+    <message>
         <source>Error</source>
         <translation>Fehler</translation>
     </message>

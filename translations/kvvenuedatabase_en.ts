@@ -176,6 +176,10 @@ Do you want to replace it?</translation>
         <translation>The venues that were found. Select one to see its details.</translation>
     </message>
     <message>
+        <source>Sort by %1</source>
+        <translation>Sort by %1</translation>
+    </message>
+    <message>
         <source>Error</source>
         <translation>Error</translation>
     </message>

@@ -176,6 +176,10 @@ Do you want to replace it?</source>
         <translation>Los recintos encontrados. Seleccione uno para ver sus detalles.</translation>
     </message>
     <message>
+        <source>Sort by %1</source>
+        <translation>Ordenar por «%1»</translation>
+    </message>
+    <message>
         <source>Error</source>
         <translation>Error</translation>
     </message>

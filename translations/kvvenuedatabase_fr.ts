@@ -176,6 +176,10 @@ Voulez-vous le remplacer ?</translation>
         <translation>Les lieux trouvés. Sélectionnez-en un pour voir ses détails.</translation>
     </message>
     <message>
+        <source>Sort by %1</source>
+        <translation>Trier par « %1 »</translation>
+    </message>
+    <message>
         <source>Error</source>
         <translation>Erreur</translation>
     </message>

@@ -176,6 +176,10 @@ Sostituirlo?</translation>
         <translation>Le sedi trovate. Selezionarne una per vederne i dettagli.</translation>
     </message>
     <message>
+        <source>Sort by %1</source>
+        <translation>Ordina per «%1»</translation>
+    </message>
+    <message>
         <source>Error</source>
         <translation>Errore</translation>
     </message>

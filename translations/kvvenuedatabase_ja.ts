@@ -176,6 +176,10 @@ Do you want to replace it?</source>
         <translation>見つかった会場です。選択すると詳細が表示されます。</translation>
     </message>
     <message>
+        <source>Sort by %1</source>
+        <translation>「%1」で並べ替え</translation>
+    </message>
+    <message>
         <source>Error</source>
         <translation>エラー</translation>
     </message>

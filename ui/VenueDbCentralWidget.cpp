@@ -113,6 +113,8 @@ void VenueDbCentralWidget::SetupUi()
     SetCustomStyle(m_mainLayout, "dialogKorvelDefault"_L1);
     SetCustomStyle(this, "widgetKorvelDefault"_L1);
     setLayout(m_mainLayout);
+    // The headers stand above the rows. Qt keeps the order only of widgets that have come to their window.
+    setTabOrder(m_tableView->horizontalHeader(), m_tableView);
 }
 
 QHBoxLayout* VenueDbCentralWidget::SetupSearchUi()

@@ -2,8 +2,11 @@
 
 #include <ui/CustomStyle_p.h>
 #include <ui/table/LineDelegate_p.h>
+#include <ui/table/VenueHeaderView_p.h>
 
-#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QResizeEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +15,7 @@ namespace korvel::Ui::VenueDatabase {
 VenueTableView::VenueTableView(QWidget* parent)
     : QTableView(parent)
 {
+    setHorizontalHeader(new VenueHeaderView(this));
     setItemDelegate(new LineDelegate(this));
     setShowGrid(false);
     setFrameShape(QFrame::NoFrame);
@@ -26,6 +30,45 @@ VenueTableView::VenueTableView(QWidget* parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void VenueTableView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        // Qt would go on from the current row, which nobody has seen yet.
+        if (SelectCurrentRow())
+            return;
+        break;
+    default:
+        break;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void VenueTableView::resizeEvent(QResizeEvent* event)
+{
+    constexpr int c_firstShownColumn = 1;
+    const QModelIndexList selected
+        = selectionModel() ? selectionModel()->selectedRows(c_firstShownColumn) : QModelIndexList();
+    const QRect row = selected.isEmpty() ? QRect() : visualRect(selected.first());
+    const bool isInView = row.isValid() && row.bottom() >= 0 && row.top() < event->oldSize().height();
+    QTableView::resizeEvent(event);
+    if (isInView)
+        scrollTo(selected.first());
+}
+
+bool VenueTableView::SelectCurrentRow()
+{
+    if (!currentIndex().isValid() || selectionModel()->hasSelection())
+        return false;
+    scrollTo(currentIndex());
+    // The last act: the details of the row load now.
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    return true;
 }
 
 } // namespace korvel::Ui::VenueDatabase

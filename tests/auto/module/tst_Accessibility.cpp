@@ -122,7 +122,7 @@ private Q_SLOTS:
             ++count;
             QVERIFY2(!NameOf(widget).isEmpty(), widget->metaObject()->className());
         }
-        QCOMPARE(count, 27);
+        QCOMPARE(count, 28);
     }
 
     void WidgetsWithoutATextHaveNames()
@@ -181,6 +181,7 @@ private Q_SLOTS:
                                    u"Country:"_s,
                                    u"Search"_s,
                                    u"Reset"_s,
+                                   u"Sort by Complex name"_s,
                                    u"Venues"_s,
                                    u"Collapse venue details"_s,
                                    u"Previous picture"_s,

@@ -669,7 +669,7 @@ void tst_Theme::EveryStateHasARule_data()
     row("QComboBox[customStyle=\"comboBoxKorvelDefault\"]::down-arrow", "disabled");
     row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]", "focus disabled");
     row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item", "hover selected");
-    row("QHeaderView::section", "hover pressed");
+    row("QHeaderView::section", "hover pressed focus");
     row("QSplitter[customStyle=\"splitterKorvelDefault\"]::handle", "hover pressed");
     row("QScrollBar::handle", "hover pressed");
     row("QLabel[customStyle]", "disabled");

@@ -99,6 +99,12 @@ struct FilledPanel : Panel
     }
 };
 
+/// The row that is selected; -1 for none.
+int SelectedRow(const Panel& panel)
+{
+    return panel.table->selectionModel()->selectedRows(1).value(0).row();
+}
+
 } // namespace
 
 class tst_VenueDbCentralWidget : public StrictTest
@@ -1026,6 +1032,135 @@ private Q_SLOTS:
         const auto driver = AnswerBox(QMessageBox::Close);
         panel.search->click();
         QCOMPARE(panel.dialog.focusWidget(), panel.table);
+    }
+
+    // Keys in the table.
+
+    void FirstArrowKeySelectsTheCurrentRow_data()
+    {
+        const Rows<Qt::Key, int> row("key", "venueCount");
+        row("Down", Qt::Key_Down, 3);
+        row("Up", Qt::Key_Up, 3);
+        row("Left", Qt::Key_Left, 3);
+        row("Right", Qt::Key_Right, 3);
+        row("Down in the only row", Qt::Key_Down, 1);
+    }
+    void FirstArrowKeySelectsTheCurrentRow()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(int, venueCount);
+        m_stub.venues.resize(venueCount);
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(panel.table, key);
+        QCOMPARE(SelectedRow(panel), 0);
+        QCOMPARE(m_stub.calls, (QStringList{u"pictures 11"_s, u"files 11"_s}));
+        QTest::keyClick(panel.table, Qt::Key_Down);
+        QCOMPARE(SelectedRow(panel), venueCount > 1 ? 1 : 0);
+    }
+
+    void SelectedRowStaysInViewBesideTheDetails_data()
+    {
+        const Rows<bool> row("byKey");
+        row("by key", true);
+        row("by mouse", false);
+    }
+    void SelectedRowStaysInViewBesideTheDetails()
+    {
+        QFETCH(bool, byKey);
+        m_stub.venues.clear();
+        for (int id = 0; id < 60; ++id)
+            m_stub.venues.append(MakeVenue(id, u"Hall %1"_s.arg(id)));
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->setFocus(Qt::TabFocusReason);
+        if (byKey)
+            QTest::keyClick(panel.table, Qt::Key_PageDown);
+        else
+            ClickRow(panel.table, panel.table->rowAt(panel.table->viewport()->height() - 5));
+        const int before = panel.table->viewport()->height();
+        QTRY_VERIFY(panel.table->viewport()->height() < before / 2);
+        QVERIFY(SelectedRow(panel) > 5);
+        const QRect shown = panel.table->visualRect(panel.table->currentIndex());
+        QVERIFY2(panel.table->viewport()->rect().contains(shown), qPrintable(QString::number(shown.top())));
+    }
+
+    void HeadersSortByKey_data()
+    {
+        const Rows<QList<Qt::Key>, QStringList> row("keys", "order");
+        const QStringList newestFirst{u"Beta Arena"_s, u"Gamma Theatre"_s, u"Alpha Hall"_s};
+        const QStringList oldestFirst{u"Alpha Hall"_s, u"Gamma Theatre"_s, u"Beta Arena"_s};
+        row("End, Space", {Qt::Key_End, Qt::Key_Space}, newestFirst);
+        row("End, Return", {Qt::Key_End, Qt::Key_Return}, newestFirst);
+        row("twice", {Qt::Key_End, Qt::Key_Space, Qt::Key_Space}, oldestFirst);
+        row("step by step", {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Enter},
+            newestFirst);
+        row("no further than the last", {Qt::Key_End, Qt::Key_Right, Qt::Key_Space}, newestFirst);
+        row("there and back",
+            {Qt::Key_Home, Qt::Key_Left, Qt::Key_End, Qt::Key_Left, Qt::Key_Right, Qt::Key_Space},
+            newestFirst);
+    }
+    void HeadersSortByKey()
+    {
+        QFETCH(QList<Qt::Key>, keys);
+        QFETCH(QStringList, order);
+        m_stub.venues[0].SetEditDate(QDateTime(QDate(2020, 1, 1), QTime(0, 0)));
+        m_stub.venues[1].SetEditDate(QDateTime(QDate(2024, 1, 1), QTime(0, 0)));
+        m_stub.venues[2].SetEditDate(QDateTime(QDate(2022, 1, 1), QTime(0, 0)));
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.reset->setFocus();
+        QTest::keyClick(panel.reset, Qt::Key_Tab);
+        QHeaderView* header = panel.table->horizontalHeader();
+        QCOMPARE(panel.dialog.focusWidget(), header);
+        for (const Qt::Key key : keys)
+            QTest::keyClick(header, key);
+        QCOMPARE(panel.ShownNames(), order);
+        QVERIFY2(m_stub.calls.isEmpty(), "a key for the headers searched or selected");
+    }
+
+    void HeadersRunFromRightToLeftWhereTheLayoutDoes()
+    {
+        FilledPanel panel(&m_stub);
+        panel.dialog.setLayoutDirection(Qt::RightToLeft);
+        panel.Show();
+        QHeaderView* header = panel.table->horizontalHeader();
+        header->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(header, Qt::Key_Left);
+        QTest::keyClick(header, Qt::Key_Space);
+        QCOMPARE(header->sortIndicatorSection(), 2);
+    }
+
+    void DownLeadsFromTheHeadersToTheRows()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        QHeaderView* header = panel.table->horizontalHeader();
+        header->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(header, Qt::Key_Down);
+        QCOMPARE(panel.dialog.focusWidget(), panel.table);
+        QTest::keyClick(panel.table, Qt::Key_Down);
+        QCOMPARE(SelectedRow(panel), 0);
+    }
+
+    void FocusedHeaderIsSeenAndNamed()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        QHeaderView* header = panel.table->horizontalHeader();
+        const auto shown = [header] { return header->grab().toImage(); };
+        const QImage without = shown();
+        header->setFocus(Qt::TabFocusReason);
+        const QImage first = shown();
+        QVERIFY(first != without);
+        QCOMPARE(header->accessibleName(), u"Sort by Complex name"_s);
+        QTest::keyClick(header, Qt::Key_Right);
+        QVERIFY(shown() != first);
+        QVERIFY(shown() != without);
+        QCOMPARE(header->accessibleName(), u"Sort by Venue/room name"_s);
+        panel.table->setFocus();
+        QCOMPARE(shown(), without);
     }
 
     void ReturnInAFieldSearches_data()
