@@ -4,6 +4,7 @@
 #include <data/Venue.h>
 #include <ui/CustomStyle_p.h>
 #include <ui/NameToolTips_p.h>
+#include <ui/WindowSize_p.h>
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -26,6 +27,27 @@ namespace {
 constexpr int c_buttonMinimumWidth = 90;
 constexpr int c_labelIndent = 10;
 constexpr int c_narrowCountryWidth = 120;
+/// What the dialog's stated width leaves for the row.
+constexpr int c_rowWidth = c_windowSize.width() - 2 * 4;
+
+/// A field that gets as much room as the row can give it.
+class SearchField : public QLineEdit
+{
+public:
+    SearchField(const SearchRow* row, QWidget* parent)
+        : QLineEdit(parent)
+        , m_row(row)
+    {
+    }
+
+    QSize minimumSizeHint() const override
+    {
+        return {m_row->LeastFieldWidth(sizeHint().width()), QLineEdit::minimumSizeHint().height()};
+    }
+
+private:
+    const SearchRow* m_row = nullptr;
+};
 
 } // namespace
 
@@ -54,6 +76,7 @@ SearchRow::SearchRow(QWidget* panel)
     m_countryLabel = CreateFieldLabel(Venue::GetLabelAt(4, true), {});
     m_countryLabel->setIndent(c_labelIndent);
     m_countryComboBox = new QComboBox(panel);
+    m_countryComboBox->setMinimumWidth(c_narrowCountryWidth);
     SetCustomStyle(m_countryComboBox, "comboBoxKorvelDefault"_L1);
     m_searchButton = CreateButton(tr("Search"), panel);
     m_searchButton->setMinimumWidth(c_buttonMinimumWidth);
@@ -105,14 +128,22 @@ void SearchRow::Clear()
     m_countryComboBox->clear();
 }
 
-void SearchRow::FitInto(int width)
+void SearchRow::KeepListWide()
 {
-    if (m_layout->minimumSize().width() <= width)
-        return;
     m_countryComboBox->view()->setMinimumWidth(m_countryComboBox->sizeHint().width());
-    m_countryComboBox->setMinimumWidth(c_narrowCountryWidth);
-    // The layout has kept the old sizes. Nothing else tells it of the new ones before the first show.
-    m_layout->invalidate();
+}
+
+int SearchRow::LeastFieldWidth(int usualWidth) const
+{
+    int fixedWidth = m_layout->contentsMargins().left() + m_layout->contentsMargins().right()
+        + (m_layout->count() - 1) * m_layout->spacing();
+    for (const QWidget* widget :
+         std::initializer_list<const QWidget*>{m_complexNameLabel, m_venueRoomNameLabel, m_cityLabel,
+                                               m_countryLabel, m_searchButton, m_resetButton})
+        fixedWidth += qMax(widget->sizeHint().width(), widget->minimumWidth());
+    constexpr int c_fields = 3;
+    return qBound(usualWidth / 3, (c_rowWidth - fixedWidth - c_narrowCountryWidth) / c_fields,
+                  usualWidth * 4 / 5);
 }
 
 SearchRow::Filters SearchRow::CurrentFilters(const CountryCodeTranslator& countries) const
@@ -156,7 +187,7 @@ QLabel* SearchRow::CreateFieldLabel(const QString& text, const QString& toolTip)
 
 QLineEdit* SearchRow::CreateLineEdit(const QString& toolTip)
 {
-    auto* lineEdit = new QLineEdit(m_panel);
+    auto* lineEdit = new SearchField(this, m_panel);
     lineEdit->setToolTip(toolTip);
     SetCustomStyle(lineEdit, "lineEditKorvelDefault"_L1);
     return lineEdit;

@@ -43,9 +43,13 @@ public:
     void FocusFirstField();
     /// Empties all fields and the country list.
     void Clear();
-    /// Keeps the row within \p width pixels, where longer words than the English ones or a larger font need
-    /// more. To be called once, when the list has its countries: it is the list that gives way.
-    void FitInto(int width);
+    /// Lets the country list open as wide as its longest name, however narrow it is in the row. To be called
+    /// once it has its countries.
+    void KeepListWide();
+    /// How wide a search field must be at least that would like to have \p usualWidth. In a dialog of the
+    /// stated width the country list gives way first, then the fields. What does not fit then makes the
+    /// dialog wider.
+    int LeastFieldWidth(int usualWidth) const;
 
     /// What the fields ask for; nothing for an empty field.
     Filters CurrentFilters(const Data::VenueDatabase::CountryCodeTranslator& countries) const;

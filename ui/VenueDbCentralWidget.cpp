@@ -7,7 +7,6 @@
 #include <ui/ModalWindow_p.h>
 #include <ui/SearchRow_p.h>
 #include <ui/VenueDetailsWidget.h>
-#include <ui/WindowSize_p.h>
 #include <ui/table/VenueTableView_p.h>
 
 #include <QComboBox>
@@ -26,13 +25,6 @@ namespace korvel::Ui::VenueDatabase {
 
 using namespace Data::VenueDatabase;
 
-namespace {
-
-/// What the dialog's stated width leaves for the row of search fields.
-constexpr int c_searchRowWidth = c_windowSize.width() - 2 * 4;
-
-} // namespace
-
 VenueDbCentralWidget::VenueDbCentralWidget(QWidget* parent, QLabel* statusLabel)
     : QWidget(parent)
     , m_statusLabel(statusLabel)
@@ -41,7 +33,7 @@ VenueDbCentralWidget::VenueDbCentralWidget(QWidget* parent, QLabel* statusLabel)
 {
     SetupUi();
     PopulateUi();
-    m_searchRow->FitInto(c_searchRowWidth);
+    m_searchRow->KeepListWide();
     ConnectSignals();
     FocusFirstField();
 }
@@ -106,6 +98,8 @@ void VenueDbCentralWidget::SetupUi()
     splitter->addWidget(m_detailsWidget);
     splitter->setOrientation(Qt::Vertical);
     splitter->setContentsMargins(0, 0, 0, 0);
+    // Details that were dragged away would never come back.
+    splitter->setChildrenCollapsible(false);
     m_mainLayout->addWidget(splitter);
 
     m_mainLayout->setContentsMargins(0, 0, 0, 0);

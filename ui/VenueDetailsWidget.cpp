@@ -35,6 +35,7 @@ namespace {
 constexpr int c_panelHeight = 516;
 constexpr int c_captionBarHeight = 34;
 constexpr int c_bodyHeight = 480;
+constexpr int c_bodyLeastHeight = 80;
 constexpr int c_bodyMinimumWidth = 1046;
 constexpr int c_topBlockHeight = 240;
 constexpr int c_leftColumnWidth = 500;
@@ -192,6 +193,8 @@ void VenueDetailsWidget::SetupUi()
     m_body->setFrameShape(QFrame::NoFrame);
     // The fields get the focus, and the area scrolls to them. A focus of its own would not be seen.
     m_body->setFocusPolicy(Qt::NoFocus);
+    // However low the user drags it, its fields can be scrolled to.
+    m_body->setMinimumHeight(c_bodyLeastHeight);
     m_body->setMaximumHeight(c_bodyHeight);
     m_body->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_body->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Ignored);

@@ -10,6 +10,7 @@
 #include <tests/support/StrictTest.h>
 #include <tests/support/Widgets.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
 #include <QEventLoop>
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QTableView>
@@ -256,6 +258,30 @@ private Q_SLOTS:
         panel.Show();
         const QPoint emptyCorner = panel.widget->findChild<QSplitter*>()->geometry().topLeft() - QPoint(0, 3);
         QCOMPARE(panel.widget->grab().toImage().pixelColor(emptyCorner), QColor(0x12, 0x34, 0x56));
+    }
+
+    void DetailsCannotBeDraggedAway()
+    {
+        FilledPanel panel(&m_stub);
+        panel.Show();
+        panel.table->selectRow(0);
+        auto* splitter = panel.widget->findChild<QSplitter*>();
+        QTRY_COMPARE(panel.details->height(), 516);
+        QWidget* handle = splitter->handle(1);
+        const QPoint grip = handle->rect().center();
+        const auto dragTo = [&](int y) {
+            QTest::mousePress(handle, Qt::LeftButton, {}, grip);
+            MoveMouse(handle, handle->mapFrom(splitter, QPoint(grip.x(), y)), Qt::LeftButton);
+            QTest::mouseRelease(handle, Qt::LeftButton, {}, handle->mapFrom(splitter, QPoint(grip.x(), y)));
+        };
+        dragTo(splitter->height() - 1);
+        QVERIFY(splitter->sizes().value(1) >= 34);
+        // Neither is what the bar belongs to: a part of it can be read and scrolled.
+        const auto* body = panel.details->findChild<QScrollArea*>();
+        QVERIFY2(body->height() >= 60, qPrintable(QString::number(body->height())));
+        dragTo(0);
+        QVERIFY(panel.table->height() >= 45);
+        QCOMPARE(panel.details->height(), 516);
     }
 
     // Connector.
@@ -941,6 +967,36 @@ private Q_SLOTS:
         QCOMPARE(panel.table->columnWidth(3), panel.fields.at(2)->width() + 12 + width("City:"));
         QCOMPARE(panel.table->columnWidth(4), width("Country:") + 8 + panel.country->width());
         QVERIFY(panel.table->isColumnHidden(0));
+    }
+
+    void SearchFieldsKeepTheirRoom_data()
+    {
+        const Rows<int, QString> row("fontSize", "text");
+        row("usual font", 0, u"Philharmonie"_s);
+        row("font of 16 pixels", 16, u"Philhar"_s);
+        row("font of 20 pixels", 20, u"Phil"_s);
+    }
+    void SearchFieldsKeepTheirRoom()
+    {
+        QFETCH(int, fontSize);
+        QFETCH(QString, text);
+        Panel panel(&m_stub);
+        if (fontSize > 0) {
+            QFont font = panel.dialog.font();
+            font.setPixelSize(fontSize);
+            panel.dialog.setFont(font);
+        }
+        panel.Show();
+        for (const QLineEdit* field : panel.fields) {
+            const int wanted = field->fontMetrics().horizontalAdvance(text) + 8;
+            QVERIFY2(field->width() >= wanted, qPrintable(u"%1 < %2"_s.arg(field->width()).arg(wanted)));
+        }
+        // The list gives way, down to what a common name needs, and opens as wide as its names are.
+        QVERIFY(panel.country->width() >= 120);
+        QVERIFY(panel.country->width() < panel.country->sizeHint().width());
+        panel.country->showPopup();
+        QVERIFY(panel.country->view()->width() >= panel.country->view()->sizeHintForColumn(0));
+        panel.country->hidePopup();
     }
 
     void ColumnsFollowTheWindowWidth()
