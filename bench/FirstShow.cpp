@@ -1,6 +1,6 @@
 #include <bench/FirstShow.h>
 
-#include <bench/Comparison.h>
+#include <bench/support/Comparison.h>
 
 #include <ui/VenueDbDialog.h>
 

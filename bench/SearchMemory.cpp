@@ -1,7 +1,7 @@
 #include <bench/SearchMemory.h>
 
-#include <bench/Comparison.h>
-#include <bench/Documents.h>
+#include <bench/support/Comparison.h>
+#include <bench/support/Documents.h>
 
 #include <data/ConnectorJsonRest.h>
 #include <server/VenueServer.h>

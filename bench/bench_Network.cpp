@@ -1,8 +1,8 @@
 // Fetching from the local venue server over real TLS: time, connections, memory.
-#include <bench/Comparison.h>
-#include <bench/HeapUse.h>
+#include <bench/support/Comparison.h>
+#include <bench/support/HeapUse.h>
 #ifdef VDB_BENCH_HAS_CURL
-#include <bench/CurlClient.h>
+#include <bench/rivals/CurlClient.h>
 #endif
 
 #include <data/ConnectorJsonRest.h>

@@ -1,6 +1,6 @@
 // The picture slider and the full-screen viewer.
-#include <bench/Comparison.h>
-#include <bench/SamplePictures.h>
+#include <bench/support/Comparison.h>
+#include <bench/support/SamplePictures.h>
 
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureNavigationButton.h>

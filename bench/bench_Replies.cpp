@@ -1,15 +1,15 @@
 // Reading the reply to a venue search: time and memory.
 #ifdef VDB_BENCH_HAS_SIMDJSON
-#include <bench/BareReader.h>
+#include <bench/rivals/BareReader.h>
 #endif
-#include <bench/Comparison.h>
-#include <bench/Documents.h>
-#include <bench/HeapUse.h>
-#include <bench/JsonaReader.h>
+#include <bench/rivals/JsonaReader.h>
+#include <bench/support/Comparison.h>
+#include <bench/support/Documents.h>
+#include <bench/support/HeapUse.h>
 
 #include <data/ConnectorJsonRest.h>
 #include <data/CountryCodeTranslator.h>
-#include <data/VenueReader_p.h>
+#include <data/reading/VenueReader_p.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

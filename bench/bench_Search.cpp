@@ -1,10 +1,10 @@
 // Where the time of a search goes, from the request to the painted table.
-#include <bench/Comparison.h>
-#include <bench/Documents.h>
+#include <bench/support/Comparison.h>
+#include <bench/support/Documents.h>
 
 #include <data/ConnectorJsonRest.h>
 #include <data/CountryCodeTranslator.h>
-#include <data/VenueReader_p.h>
+#include <data/reading/VenueReader_p.h>
 #include <server/VenueServer.h>
 #include <server/catalogue/CatalogueGenerator.h>
 #include <tests/support/ConnectorStub.h>

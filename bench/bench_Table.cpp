@@ -1,10 +1,10 @@
 // The venue table and the country list.
-#include <bench/Comparison.h>
-#include <bench/Documents.h>
+#include <bench/support/Comparison.h>
+#include <bench/support/Documents.h>
 #include <tests/support/LiteralTable.h>
 
 #include <data/CountryCodeTranslator.h>
-#include <data/VenueReader_p.h>
+#include <data/reading/VenueReader_p.h>
 #include <tests/support/ConnectorStub.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueTableModel.h>

@@ -1,13 +1,13 @@
 #include <data/ConnectorJsonRest.h>
 
 #include <data/CountryCodeTranslator.h>
-#include <data/IncludedReader_p.h>
-#include <data/Logging_p.h>
-#include <data/RenewingNetworkManager_p.h>
-#include <data/ReplyReleaser_p.h>
-#include <data/RequestTracer_p.h>
-#include <data/ServerQuery_p.h>
-#include <data/VenueReader_p.h>
+#include <data/network/Logging_p.h>
+#include <data/network/RenewingNetworkManager_p.h>
+#include <data/network/ReplyReleaser_p.h>
+#include <data/network/RequestTracer_p.h>
+#include <data/network/ServerQuery_p.h>
+#include <data/reading/IncludedReader_p.h>
+#include <data/reading/VenueReader_p.h>
 
 #include <QEventLoop>
 #include <QJsonArray>

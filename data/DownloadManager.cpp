@@ -1,9 +1,9 @@
 #include <data/DownloadManager.h>
 
-#include <data/Logging_p.h>
-#include <data/RenewingNetworkManager_p.h>
-#include <data/RequestTracer_p.h>
-#include <data/RequestUrl_p.h>
+#include <data/network/Logging_p.h>
+#include <data/network/RenewingNetworkManager_p.h>
+#include <data/network/RequestTracer_p.h>
+#include <data/network/RequestUrl_p.h>
 
 #include <QNetworkReply>
 #include <QNetworkRequest>

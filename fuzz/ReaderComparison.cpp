@@ -1,8 +1,8 @@
 #include <fuzz/ReaderComparison.h>
 
 #include <data/CountryCodeTranslator.h>
-#include <data/QuickVenueReader_p.h>
-#include <data/VenueReader_p.h>
+#include <data/reading/QuickVenueReader_p.h>
+#include <data/reading/VenueReader_p.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -1,6 +1,6 @@
 #include <ui/TsFileOpener.h>
 
-#include <data/Logging_p.h>
+#include <data/network/Logging_p.h>
 #include <ui/CustomStyle_p.h>
 #include <ui/FocusKeeper_p.h>
 #include <ui/VenueDbSignalHandler.h>

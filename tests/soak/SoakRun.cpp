@@ -6,7 +6,7 @@
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbSignalHandler.h>
 
-#include <bench/HeapUse.h>
+#include <bench/support/HeapUse.h>
 #include <tests/support/GeneratedServer.h>
 #include <tests/support/PictureFixtures.h>
 #include <tests/support/Widgets.h>

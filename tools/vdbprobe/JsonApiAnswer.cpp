@@ -2,7 +2,7 @@
 
 #include <tools/vdbprobe/SafeText.h>
 
-#include <data/ServerDate_p.h>
+#include <data/reading/ServerDate_p.h>
 
 #include <QJsonDocument>
 #include <QRegularExpression>

@@ -1,9 +1,9 @@
 #include <tools/vdbprobe/Probe.h>
 
-#include <tools/vdbprobe/ConnectionCheck.h>
 #include <tools/vdbprobe/ProbeOptions.h>
 #include <tools/vdbprobe/SafeText.h>
-#include <tools/vdbprobe/ServerCheck.h>
+#include <tools/vdbprobe/checks/ConnectionCheck.h>
+#include <tools/vdbprobe/checks/ServerCheck.h>
 
 #include <QDateTime>
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 
 #include <tools/vdbprobe/SafeText.h>
 
-#include <data/Logging_p.h>
+#include <data/network/Logging_p.h>
 
 #include <QJsonArray>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <data/ServerQuery_p.h>
+#include <data/network/ServerQuery_p.h>
 
 #include <QList>
 #include <QNetworkProxy>

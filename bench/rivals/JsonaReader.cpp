@@ -1,4 +1,4 @@
-#include <bench/JsonaReader.h>
+#include <bench/rivals/JsonaReader.h>
 
 #include <QDir>
 

@@ -1,9 +1,9 @@
-#include <tools/vdbprobe/ConnectionCheck.h>
+#include <tools/vdbprobe/checks/ConnectionCheck.h>
 
-#include <tools/vdbprobe/CertificateReport.h>
 #include <tools/vdbprobe/ProbeOptions.h>
-#include <tools/vdbprobe/ProxyInquiry.h>
 #include <tools/vdbprobe/SafeText.h>
+#include <tools/vdbprobe/checks/CertificateReport.h>
+#include <tools/vdbprobe/checks/ProxyInquiry.h>
 
 #include <QEventLoop>
 #include <QHostAddress>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <data/JsonCursor_p.h>
-#include <data/TextPool_p.h>
 #include <data/Venue.h>
+#include <data/reading/JsonCursor_p.h>
+#include <data/reading/TextPool_p.h>
 
 #include <QByteArrayView>
 #include <QHash>

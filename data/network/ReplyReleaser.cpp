@@ -1,6 +1,6 @@
-#include <data/ReplyReleaser_p.h>
+#include <data/network/ReplyReleaser_p.h>
 
-#include <data/Logging_p.h>
+#include <data/network/Logging_p.h>
 
 using namespace Qt::StringLiterals;
 

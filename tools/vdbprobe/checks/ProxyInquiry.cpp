@@ -1,4 +1,4 @@
-#include <tools/vdbprobe/ProxyInquiry.h>
+#include <tools/vdbprobe/checks/ProxyInquiry.h>
 
 #include <tools/vdbprobe/SafeText.h>
 

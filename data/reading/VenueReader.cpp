@@ -1,11 +1,11 @@
-#include <data/VenueReader_p.h>
+#include <data/reading/VenueReader_p.h>
 
 #include <data/CountryCodeTranslator.h>
-#include <data/JsonPath_p.h>
-#include <data/QuickVenueReader_p.h>
-#include <data/ServerDate_p.h>
-#include <data/TextPool_p.h>
-#include <data/VenueFields_p.h>
+#include <data/reading/JsonPath_p.h>
+#include <data/reading/QuickVenueReader_p.h>
+#include <data/reading/ServerDate_p.h>
+#include <data/reading/TextPool_p.h>
+#include <data/reading/VenueFields_p.h>
 
 #include <QHash>
 #include <QJsonArray>

@@ -1,4 +1,4 @@
-#include <data/ServerDate_p.h>
+#include <data/reading/ServerDate_p.h>
 
 #include <QByteArrayView>
 #include <QCalendar>

@@ -1,4 +1,4 @@
-#include <bench/CurlClient.h>
+#include <bench/rivals/CurlClient.h>
 
 #include <server/VenueServer.h>
 

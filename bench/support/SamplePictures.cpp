@@ -1,4 +1,4 @@
-#include <bench/SamplePictures.h>
+#include <bench/support/SamplePictures.h>
 
 #include <QBuffer>
 #include <QImage>

@@ -1,4 +1,4 @@
-#include <data/JsonPath_p.h>
+#include <data/reading/JsonPath_p.h>
 
 #include <QJsonValue>
 

@@ -1,6 +1,6 @@
-#include <data/Logging_p.h>
+#include <data/network/Logging_p.h>
 
-#include <data/RequestUrl_p.h>
+#include <data/network/RequestUrl_p.h>
 
 #include <QNetworkReply>
 #include <QUrl>

@@ -1,7 +1,7 @@
-#include <data/RequestTracer_p.h>
+#include <data/network/RequestTracer_p.h>
 
-#include <data/Logging_p.h>
-#include <data/RequestUrl_p.h>
+#include <data/network/Logging_p.h>
+#include <data/network/RequestUrl_p.h>
 
 #include <QMetaEnum>
 #include <QNetworkReply>

@@ -1,4 +1,4 @@
-#include <bench/BareReader.h>
+#include <bench/rivals/BareReader.h>
 
 #include <simdjson.h>
 

@@ -1,4 +1,4 @@
-#include <data/RenewingNetworkManager_p.h>
+#include <data/network/RenewingNetworkManager_p.h>
 
 #include <QAbstractNetworkCache>
 #include <QDeadlineTimer>

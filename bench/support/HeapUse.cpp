@@ -1,4 +1,4 @@
-#include <bench/HeapUse.h>
+#include <bench/support/HeapUse.h>
 
 #include <malloc.h>
 

@@ -1,4 +1,4 @@
-#include <data/JsonCursor_p.h>
+#include <data/reading/JsonCursor_p.h>
 
 #include <QJsonValue>
 

@@ -1,4 +1,4 @@
-#include <bench/Documents.h>
+#include <bench/support/Documents.h>
 
 #include <data/ConnectorJsonRest.h>
 #include <server/catalogue/CatalogueGenerator.h>

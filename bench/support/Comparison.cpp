@@ -1,4 +1,4 @@
-#include <bench/Comparison.h>
+#include <bench/support/Comparison.h>
 
 #include <algorithm>
 #include <ctime>

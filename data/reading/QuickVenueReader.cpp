@@ -1,8 +1,8 @@
-#include <data/QuickVenueReader_p.h>
+#include <data/reading/QuickVenueReader_p.h>
 
 #include <data/CountryCodeTranslator.h>
-#include <data/ServerDate_p.h>
-#include <data/VenueFields_p.h>
+#include <data/reading/ServerDate_p.h>
+#include <data/reading/VenueFields_p.h>
 
 #include <utility>
 

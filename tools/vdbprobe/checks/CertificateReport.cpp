@@ -1,4 +1,4 @@
-#include <tools/vdbprobe/CertificateReport.h>
+#include <tools/vdbprobe/checks/CertificateReport.h>
 
 #include <tools/vdbprobe/SafeText.h>
 

@@ -4,8 +4,8 @@
 #include <tools/vdbprobe/Outcome.h>
 #include <tools/vdbprobe/ProbeConnector.h>
 
-#include <data/ServerQuery_p.h>
 #include <data/Venue.h>
+#include <data/network/ServerQuery_p.h>
 
 #include <QJsonArray>
 #include <QList>

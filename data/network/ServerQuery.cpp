@@ -1,6 +1,6 @@
-#include <data/ServerQuery_p.h>
+#include <data/network/ServerQuery_p.h>
 
-#include <data/RequestUrl_p.h>
+#include <data/network/RequestUrl_p.h>
 
 #include <QUrlQuery>
 

@@ -1,6 +1,6 @@
-#include <data/IncludedReader_p.h>
+#include <data/reading/IncludedReader_p.h>
 
-#include <data/JsonPath_p.h>
+#include <data/reading/JsonPath_p.h>
 
 #include <QJsonObject>
 #include <QJsonValue>

@@ -1,4 +1,4 @@
-#include <data/RequestUrl_p.h>
+#include <data/network/RequestUrl_p.h>
 
 using namespace Qt::StringLiterals;
 

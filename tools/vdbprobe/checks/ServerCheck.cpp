@@ -1,10 +1,10 @@
-#include <tools/vdbprobe/ServerCheck.h>
+#include <tools/vdbprobe/checks/ServerCheck.h>
 
 #include <tools/vdbprobe/JsonApiAnswer.h>
 #include <tools/vdbprobe/ProbeOptions.h>
 #include <tools/vdbprobe/SafeText.h>
 
-#include <data/IncludedReader_p.h>
+#include <data/reading/IncludedReader_p.h>
 
 #include <algorithm>
 
