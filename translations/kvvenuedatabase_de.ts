@@ -193,6 +193,10 @@ Bitte prüfen Sie Ihre Internetverbindung.</translation>
         <source>Loading...</source>
         <translation>Wird geladen...</translation>
     </message>
+    <message>
+        <source>Height of the venue table</source>
+        <translation>Höhe der Spielstättentabelle</translation>
+    </message>
 </context>
 <context>
     <name>korvel::Ui::VenueDatabase::VenueDbDialog</name>
@@ -253,6 +257,14 @@ Bitte prüfen Sie Ihre Internetverbindung.</translation>
     <message>
         <source>labelKorvelCaptionSmall</source>
         <translation>labelKorvelCaptionSmall</translation>
+    </message>
+    <message>
+        <source>Loading dock, %1</source>
+        <translation>Laderampe, %1</translation>
+    </message>
+    <message>
+        <source>Rigging, %1</source>
+        <translation>Rigging, %1</translation>
     </message>
 </context>
 </TS>

@@ -193,6 +193,10 @@ Please check your internet connection.</translation>
         <source>Loading...</source>
         <translation>Loading...</translation>
     </message>
+    <message>
+        <source>Height of the venue table</source>
+        <translation>Height of the venue table</translation>
+    </message>
 </context>
 <context>
     <name>korvel::Ui::VenueDatabase::VenueDbDialog</name>
@@ -253,6 +257,14 @@ Please check your internet connection.</translation>
     <message>
         <source>labelKorvelCaptionSmall</source>
         <translation>labelKorvelCaptionSmall</translation>
+    </message>
+    <message>
+        <source>Loading dock, %1</source>
+        <translation>Loading dock, %1</translation>
+    </message>
+    <message>
+        <source>Rigging, %1</source>
+        <translation>Rigging, %1</translation>
     </message>
 </context>
 </TS>

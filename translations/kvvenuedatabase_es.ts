@@ -193,6 +193,10 @@ Compruebe su conexión a Internet.</translation>
         <source>Loading...</source>
         <translation>Cargando...</translation>
     </message>
+    <message>
+        <source>Height of the venue table</source>
+        <translation>Altura de la tabla de recintos</translation>
+    </message>
 </context>
 <context>
     <name>korvel::Ui::VenueDatabase::VenueDbDialog</name>
@@ -253,6 +257,14 @@ Compruebe su conexión a Internet.</translation>
     <message>
         <source>labelKorvelCaptionSmall</source>
         <translation>labelKorvelCaptionSmall</translation>
+    </message>
+    <message>
+        <source>Loading dock, %1</source>
+        <translation>Muelle de carga, %1</translation>
+    </message>
+    <message>
+        <source>Rigging, %1</source>
+        <translation>Rigging, %1</translation>
     </message>
 </context>
 </TS>

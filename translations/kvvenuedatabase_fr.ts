@@ -193,6 +193,10 @@ Vérifiez votre connexion Internet.</translation>
         <source>Loading...</source>
         <translation>Chargement...</translation>
     </message>
+    <message>
+        <source>Height of the venue table</source>
+        <translation>Hauteur du tableau des lieux</translation>
+    </message>
 </context>
 <context>
     <name>korvel::Ui::VenueDatabase::VenueDbDialog</name>
@@ -253,6 +257,14 @@ Vérifiez votre connexion Internet.</translation>
     <message>
         <source>labelKorvelCaptionSmall</source>
         <translation>labelKorvelCaptionSmall</translation>
+    </message>
+    <message>
+        <source>Loading dock, %1</source>
+        <translation>Quai de déchargement, %1</translation>
+    </message>
+    <message>
+        <source>Rigging, %1</source>
+        <translation>Accroche, %1</translation>
     </message>
 </context>
 </TS>

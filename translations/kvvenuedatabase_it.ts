@@ -193,6 +193,10 @@ Controllare la connessione a Internet.</translation>
         <source>Loading...</source>
         <translation>Caricamento...</translation>
     </message>
+    <message>
+        <source>Height of the venue table</source>
+        <translation>Altezza della tabella delle sedi</translation>
+    </message>
 </context>
 <context>
     <name>korvel::Ui::VenueDatabase::VenueDbDialog</name>
@@ -253,6 +257,14 @@ Controllare la connessione a Internet.</translation>
     <message>
         <source>labelKorvelCaptionSmall</source>
         <translation>labelKorvelCaptionSmall</translation>
+    </message>
+    <message>
+        <source>Loading dock, %1</source>
+        <translation>Banchina di carico, %1</translation>
+    </message>
+    <message>
+        <source>Rigging, %1</source>
+        <translation>Rigging, %1</translation>
     </message>
 </context>
 </TS>

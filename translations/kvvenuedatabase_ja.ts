@@ -193,6 +193,10 @@ Please check your internet connection.</source>
         <source>Loading...</source>
         <translation>読み込み中...</translation>
     </message>
+    <message>
+        <source>Height of the venue table</source>
+        <translation>会場の表の高さ</translation>
+    </message>
 </context>
 <context>
     <name>korvel::Ui::VenueDatabase::VenueDbDialog</name>
@@ -253,6 +257,14 @@ Please check your internet connection.</source>
     <message>
         <source>labelKorvelCaptionSmall</source>
         <translation>labelKorvelCaptionSmall</translation>
+    </message>
+    <message>
+        <source>Loading dock, %1</source>
+        <translation>搬入口、%1</translation>
+    </message>
+    <message>
+        <source>Rigging, %1</source>
+        <translation>リギング、%1</translation>
     </message>
 </context>
 </TS>

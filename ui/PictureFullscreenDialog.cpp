@@ -5,12 +5,14 @@
 #include <ui/ModalWindow_p.h>
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureView.h>
+#include <ui/accessible/ScreenReader_p.h>
 #include <ui/pictures/DownloadCursors_p.h>
 #include <ui/pictures/PictureCaption_p.h>
 #include <ui/pictures/PictureDecoder_p.h>
 #include <ui/pictures/PictureItem_p.h>
 #include <ui/pictures/PictureSaver_p.h>
 #include <ui/text/PlainLabel_p.h>
+#include <ui/text/ShownText_p.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -116,7 +118,10 @@ void PictureFullscreenDialog::ShowPixmap(const QPixmap& pixmap)
 void PictureFullscreenDialog::SetDescriptionLabelText()
 {
     const QString description = m_currentPicture ? m_currentPicture->GetAlternativeDescription() : QString();
-    m_descriptionLabel->setText(PictureCaption(m_index, m_pictures.size(), description));
+    const QString caption = PictureCaption(m_index, m_pictures.size(), description);
+    m_descriptionLabel->setText(caption);
+    m_view->setAccessibleName(m_pictures.isEmpty() ? tr("Picture") : WithinScreen(caption));
+    DescribeSteps(m_leftButton, m_rightButton, caption);
     PlaceOverlays();
 }
 
@@ -323,6 +328,7 @@ void PictureFullscreenDialog::ShowPicture(const Picture& picture, qsizetype row)
     m_currentRow = row;
     ShowPixmap(DecodeRendition(m_currentPicture->GetLargestPictureData(), *m_currentPicture));
     SetDescriptionLabelText();
+    Announce(m_view);
     if (!m_currentPicture->GetPictureDataLarge().isEmpty())
         return;
 

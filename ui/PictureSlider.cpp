@@ -3,6 +3,7 @@
 #include <ui/CustomStyle_p.h>
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureNavigationButton.h>
+#include <ui/accessible/ScreenReader_p.h>
 #include <ui/pictures/FocusRing_p.h>
 #include <ui/pictures/PictureCaption_p.h>
 #include <ui/pictures/PictureDecoder_p.h>
@@ -49,6 +50,7 @@ PictureSlider::PictureSlider(QWidget* parent)
     , m_seenPixmaps(c_seenPixmapsLimit)
     , m_fullscreenDialog(new PictureFullscreenDialog(this))
 {
+    ServeScreenReaders();
     SetupUi();
     ConnectSignals();
 }
@@ -124,6 +126,7 @@ void PictureSlider::SetVenuePicButtonsStatus()
     const QString description
         = m_pictures.isEmpty() ? QString() : m_pictures.at(m_index).GetAlternativeDescription();
     m_captionLabel->setText(PictureCaption(m_index, m_pictures.size(), description));
+    DescribeSteps(m_leftButton, m_rightButton, m_captionLabel->text());
 }
 
 void PictureSlider::SetFullscreenIconStyle()
@@ -138,6 +141,7 @@ void PictureSlider::SetFullscreenIconStyle()
 void PictureSlider::OnPictureNavigationRequested(int direction)
 {
     ShowVenuePic(static_cast<short>(direction));
+    Announce(m_captionLabel);
 }
 
 void PictureSlider::ShowFullScreen()

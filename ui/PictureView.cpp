@@ -1,5 +1,7 @@
 #include <ui/PictureView.h>
 
+#include <ui/accessible/ScreenReader_p.h>
+
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -25,6 +27,7 @@ double LargerSide(const QRectF& rectangle)
 PictureView::PictureView(QWidget* parent)
     : QGraphicsView(parent)
 {
+    ServeScreenReaders();
     SetDayMode(false);
     setCacheMode(QGraphicsView::CacheBackground);
     setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);

@@ -7,6 +7,7 @@
 #include <ui/ModalWindow_p.h>
 #include <ui/SearchRow_p.h>
 #include <ui/VenueDetailsWidget.h>
+#include <ui/accessible/ScreenReader_p.h>
 #include <ui/table/VenueTableView_p.h>
 
 #include <QComboBox>
@@ -31,6 +32,7 @@ VenueDbCentralWidget::VenueDbCentralWidget(QWidget* parent, QLabel* statusLabel)
     , m_detailsLoader(std::make_unique<DetailsLoader>())
     , m_focusKeeper(std::make_unique<FocusKeeper>())
 {
+    ServeScreenReaders();
     SetupUi();
     PopulateUi();
     m_searchRow->KeepListWide();
@@ -100,6 +102,8 @@ void VenueDbCentralWidget::SetupUi()
     splitter->setContentsMargins(0, 0, 0, 0);
     // Details that were dragged away would never come back.
     splitter->setChildrenCollapsible(false);
+    // The splitter has put the details before the table, and so they would be read.
+    m_tableView->lower();
     m_mainLayout->addWidget(splitter);
 
     m_mainLayout->setContentsMargins(0, 0, 0, 0);
@@ -109,6 +113,8 @@ void VenueDbCentralWidget::SetupUi()
     setLayout(m_mainLayout);
     // The headers stand above the rows. Qt keeps the order only of widgets that have come to their window.
     setTabOrder(m_tableView->horizontalHeader(), m_tableView);
+    // Not earlier: a handle with a name is known to screen readers, and it must be known as ours.
+    splitter->handle(1)->setAccessibleName(tr("Height of the venue table"));
 }
 
 QHBoxLayout* VenueDbCentralWidget::SetupSearchUi()

@@ -7,6 +7,7 @@
 #include <ui/NameToolTips_p.h>
 #include <ui/PictureSlider.h>
 #include <ui/TsFileOpener.h>
+#include <ui/accessible/ScreenReader_p.h>
 #include <ui/text/ReadOnlyText_p.h>
 
 #include <QEvent>
@@ -65,7 +66,9 @@ QVBoxLayout* CreateBottomColumnLayout(QWidget* column)
 VenueDetailsWidget::VenueDetailsWidget(QWidget* parent)
     : QWidget(parent)
 {
+    ServeScreenReaders();
     SetupUi();
+    SetupSpokenNames();
 }
 
 VenueDetailsWidget::~VenueDetailsWidget() = default;
@@ -323,6 +326,18 @@ void VenueDetailsWidget::SetupTooltips()
     m_riggingCommentTextEdit->setToolTip(tr(
         "Any specialties or unusual restrictions, such as \"all points have to be bridled\" or \"no access "
         "to catwalk, all points have to be set via cherry picker\"."));
+}
+
+void VenueDetailsWidget::SetupSpokenNames()
+{
+    setAccessibleName(tr("Venue details"));
+    // Who sees the panel knows by the captions which address and which comment are meant.
+    const auto spoken
+        = [](int labelIndex) { return Venue::GetLabelAt(labelIndex, false) + QLatin1Char(':'); };
+    m_loadDockStreetAddressLineEdit->setAccessibleName(tr("Loading dock, %1").arg(spoken(6)));
+    m_loadDockCommentTextEdit->setAccessibleName(tr("Loading dock, %1").arg(spoken(7)));
+    m_clearingOfHouseGridLineEdit->setAccessibleName(tr("Rigging, %1").arg(spoken(8)));
+    m_riggingCommentTextEdit->setAccessibleName(tr("Rigging, %1").arg(spoken(9)));
 }
 
 void VenueDetailsWidget::SetupReadonlyLineEditWithLabel(QBoxLayout* layout, int labelIndex,

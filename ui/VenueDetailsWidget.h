@@ -75,6 +75,7 @@ private:
     void SetupTopUi(QBoxLayout* layout);
     void SetupBottomUi(QBoxLayout* layout);
     void SetupTooltips();
+    void SetupSpokenNames();
     /// Adds a row of label and field to \p layout and stores the field in \p lineEdit. The label is that of
     /// column \p labelIndex of the venue's full set; without \p visible both are hidden.
     void SetupReadonlyLineEditWithLabel(QBoxLayout* layout, int labelIndex, QLineEdit** lineEdit,

@@ -1,6 +1,9 @@
 #include <ui/pictures/PictureCaption_p.h>
 
+#include <ui/text/ShownText_p.h>
+
 #include <QString>
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +19,13 @@ QString PictureCaption(qsizetype index, qsizetype count, const QString& descript
 QString CaptionWithoutPictures()
 {
     return u"-/0"_s;
+}
+
+void DescribeSteps(QWidget* leftButton, QWidget* rightButton, const QString& caption)
+{
+    const QString spoken = WithinScreen(caption);
+    leftButton->setAccessibleDescription(spoken);
+    rightButton->setAccessibleDescription(spoken);
 }
 
 } // namespace korvel::Ui::VenueDatabase

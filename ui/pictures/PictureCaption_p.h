@@ -3,6 +3,7 @@
 #include <QtGlobal>
 
 class QString;
+class QWidget;
 
 namespace korvel::Ui::VenueDatabase {
 
@@ -12,5 +13,9 @@ QString PictureCaption(qsizetype index, qsizetype count, const QString& descript
 
 /// The caption where there is no picture: "-/0".
 QString CaptionWithoutPictures();
+
+/// Lets a screen reader say \p caption with the two buttons that step through the pictures: when one of them
+/// gets the focus, and when a press of it has changed the picture.
+void DescribeSteps(QWidget* leftButton, QWidget* rightButton, const QString& caption);
 
 } // namespace korvel::Ui::VenueDatabase

@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QTableView>
 #include <QTextEdit>
 
@@ -51,6 +52,12 @@ QString NameOf(QObject* object)
 QString DescriptionOf(QObject* object)
 {
     return Accessible(object)->text(QAccessible::Description);
+}
+
+/// What one object calls itself, whatever its label says.
+QString OwnNameOf(QObject* object)
+{
+    return Accessible(object)->text(QAccessible::Name);
 }
 
 void Press(QObject* object)
@@ -171,6 +178,112 @@ private Q_SLOTS:
         QCOMPARE(DescriptionOf(&slider), u"Image failure"_s);
     }
 
+    void TheSliderIsAnnouncedWhenTheFocusEntersIt()
+    {
+        PictureSlider slider;
+        QCOMPARE(Accessible(&slider)->role(), QAccessible::Grouping);
+        QVERIFY(!Accessible(&slider)->state().busy);
+    }
+
+    void TheViewListsItsCaptionAndItsButtons()
+    {
+        PictureFullscreenDialog viewer;
+        QAccessibleInterface* view = Accessible(viewer.findChild<PictureView*>());
+        QCOMPARE(view->role(), QAccessible::Graphic);
+        for (QWidget* overlay : std::initializer_list<QWidget*>{Caption(viewer), NavigationButton(viewer, 0),
+                                                                NavigationButton(viewer, 1)}) {
+            const int index = view->indexOfChild(Accessible(overlay));
+            QVERIFY2(index >= 0, overlay->metaObject()->className());
+            QCOMPARE(view->child(index)->object(), overlay);
+            QCOMPARE(Accessible(overlay)->parent()->object(), view->object());
+        }
+    }
+
+    void TheViewIsCalledByThePictureThatItShows()
+    {
+        PictureFullscreenDialog viewer;
+        auto* view = viewer.findChild<PictureView*>();
+        QCOMPARE(OwnNameOf(view), u"Picture"_s);
+        QList<Picture> pictures = TwoPictures();
+        viewer.SetPictures(&pictures);
+        viewer.SetPicturesIndex(0);
+        QCOMPARE(OwnNameOf(view), u"1/2 Stage"_s);
+        viewer.ModifyPicturesIndex(1);
+        QCOMPARE(OwnNameOf(view), u"2/2 Stage"_s);
+        pictures.clear();
+        viewer.SetPictures(&pictures);
+        QCOMPARE(OwnNameOf(view), u"Picture"_s);
+    }
+
+    void ThePressedButtonTellsThePictureAsItsDescription()
+    {
+        // Where alerts are not passed on, a change of the focused button is.
+        PictureSlider slider;
+        QList<Picture> pictures = TwoPictures();
+        slider.UpdateUi(&pictures);
+        QCOMPARE(DescriptionOf(NavigationButton(slider, 1)), u"1/2 Stage"_s);
+        slider.ShowVenuePic(1);
+        for (const int which : {0, 1})
+            QCOMPARE(DescriptionOf(NavigationButton(slider, which)), u"2/2 Stage"_s);
+
+        PictureFullscreenDialog viewer;
+        viewer.SetPictures(&pictures);
+        viewer.SetPicturesIndex(1);
+        for (const int which : {0, 1})
+            QCOMPARE(DescriptionOf(NavigationButton(viewer, which)), u"2/2 Stage"_s);
+    }
+
+    void NoTwoFieldsOfTheDetailsHaveOneName()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        QStringList names;
+        for (QLineEdit* field : shown.details->findChildren<QLineEdit*>())
+            names.append(OwnNameOf(field));
+        for (QTextEdit* field : shown.details->findChildren<QTextEdit*>())
+            names.append(OwnNameOf(field));
+        QCOMPARE(names.size(), 13);
+        for (const QString& section : {u"Loading dock, Address:"_s, u"Loading dock, Comment:"_s,
+                                       u"Rigging, Clearance of house grid (m):"_s, u"Rigging, Comment:"_s})
+            QVERIFY2(names.contains(section), qPrintable(section + u" of "_s + names.join(u" | "_s)));
+        QCOMPARE(names.removeDuplicates(), 0);
+        // And the panel tells them from the search fields of the same names.
+        QCOMPARE(Accessible(shown.details)->role(), QAccessible::Grouping);
+        QCOMPARE(OwnNameOf(shown.details), u"Venue details"_s);
+    }
+
+    void TheTableIsReadBeforeTheDetails()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        QAccessibleInterface* splitter = Accessible(shown.dialog.findChild<QSplitter*>());
+        const int table = splitter->indexOfChild(Accessible(shown.table));
+        const int details = splitter->indexOfChild(Accessible(shown.details));
+        QVERIFY2(table >= 0 && table < details, qPrintable(u"%1, %2"_s.arg(table).arg(details)));
+    }
+
+    void TheSplitterCanBeMovedWithoutAMouse()
+    {
+        const ShownDialog shown;
+        QVERIFY(shown.isShown);
+        auto* splitter = shown.dialog.findChild<QSplitter*>();
+        QSplitterHandle* handle = splitter->handle(1);
+        QCOMPARE(Accessible(handle)->role(), QAccessible::Separator);
+        QCOMPARE(OwnNameOf(handle), u"Height of the venue table"_s);
+        QAccessibleValueInterface* value = Accessible(handle)->valueInterface();
+        QVERIFY(value);
+        // The details get their height when the layouts have settled.
+        QTRY_VERIFY(splitter->sizes().constLast() > 0);
+        const int height = shown.table->height();
+        QCOMPARE(value->currentValue().toInt(), height);
+        QVERIFY(value->minimumValue().toInt() <= height);
+        QVERIFY(value->maximumValue().toInt() > height + 100);
+        value->setCurrentValue(height + 100);
+        QTRY_COMPARE(shown.table->height(), height + 100);
+        QCOMPARE(value->currentValue().toInt(), height + 100);
+        QVERIFY(value->minimumStepSize().toInt() > 0);
+    }
+
     void TabLeadsThroughTheDialogAsItIsRead()
     {
         const ShownDialog shown;
@@ -270,7 +383,7 @@ private Q_SLOTS:
         Press(FullscreenButton(*shown.slider));
         QTRY_VERIFY(viewer->isVisible());
         // Tab leads from the picture to its buttons, which the mouse leaves without the focus.
-        QCOMPARE(FocusedName(), u"Picture"_s);
+        QCOMPARE(FocusedName(), u"1/2 Stage"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(FocusedName(), u"Previous picture"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);

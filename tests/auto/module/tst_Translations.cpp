@@ -310,7 +310,7 @@ private Q_SLOTS:
             // In a label with a buddy, or on a button, it would underline a letter.
             QVERIFY2(!text.translation.contains(QLatin1Char('&')), qPrintable(text.translation));
         }
-        QCOMPARE(textsWithPlaceholder, 4);
+        QCOMPARE(textsWithPlaceholder, 6);
     }
 
     void TheStyleValueStaysItself_data()
