@@ -8,6 +8,7 @@
 #include <ui/SearchRow_p.h>
 #include <ui/VenueDetailsWidget.h>
 #include <ui/accessible/ScreenReader_p.h>
+#include <ui/table/SpokenProxyModel_p.h>
 #include <ui/table/VenueTableView_p.h>
 
 #include <QComboBox>
@@ -29,6 +30,7 @@ using namespace Data::VenueDatabase;
 VenueDbCentralWidget::VenueDbCentralWidget(QWidget* parent, QLabel* statusLabel)
     : QWidget(parent)
     , m_statusLabel(statusLabel)
+    , m_proxyModel(std::make_unique<SpokenProxyModel>())
     , m_detailsLoader(std::make_unique<DetailsLoader>())
     , m_focusKeeper(std::make_unique<FocusKeeper>())
 {
@@ -216,8 +218,8 @@ void VenueDbCentralWidget::ShowResults(const QList<Venue>& venues)
                    &VenueDbCentralWidget::OnTableSelectionChanged);
     }
     m_tableModel.SetVenueData(venues);
-    m_proxyModel.setSourceModel(&m_tableModel);
-    m_tableView->setModel(&m_proxyModel);
+    m_proxyModel->setSourceModel(&m_tableModel);
+    m_tableView->setModel(m_proxyModel.get());
     m_tableView->horizontalHeader()->setStretchLastSection(true);
     connect(m_tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &VenueDbCentralWidget::OnTableSelectionChanged);
@@ -277,7 +279,7 @@ void VenueDbCentralWidget::LoadSelectedDetails()
     }
 
     Venue venue;
-    m_tableModel.GetSingleVenueData(m_proxyModel.mapToSource(selectedIndexes.first()), &venue);
+    m_tableModel.GetSingleVenueData(m_proxyModel->mapToSource(selectedIndexes.first()), &venue);
 
     QList<Picture> pictures;
     if (Connector_Interface* connector = LivingConnector())

@@ -22,6 +22,7 @@ namespace korvel::Ui::VenueDatabase {
 class DetailsLoader;
 class FocusKeeper;
 class SearchRow;
+class SpokenProxyModel;
 class VenueDetailsWidget;
 
 /// The content of the venue database dialog: search row, venue table and details panel.
@@ -124,7 +125,7 @@ private:
     QComboBox* m_countryComboBox = nullptr;
     QPointer<QLabel> m_statusLabel;
     std::unique_ptr<SearchRow> m_searchRow;
-    VenueSortFilterProxyModel m_proxyModel;
+    std::unique_ptr<SpokenProxyModel> m_proxyModel;
     QTableView* m_tableView = nullptr;
     QVBoxLayout* m_mainLayout = nullptr;
     VenueDetailsWidget* m_detailsWidget = nullptr;

@@ -24,6 +24,7 @@
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTextEdit>
 
@@ -231,6 +232,23 @@ private Q_SLOTS:
         viewer.SetPicturesIndex(1);
         for (const int which : {0, 1})
             QCOMPARE(DescriptionOf(NavigationButton(viewer, which)), u"2/2 Stage"_s);
+    }
+
+    void DatesAreReadAsTheTableShowsThem()
+    {
+        ShownDialog shown;
+        QVERIFY(shown.isShown);
+        shown.connector.venues = {FilledVenue()};
+        shown.dialog.findChild<VenueDbCentralWidget*>()->PerformQuery();
+        constexpr int c_dateColumn = 5;
+        const QVariant date = shown.table->model()->index(0, c_dateColumn).data();
+        QVERIFY(date.toDateTime().isValid());
+        const auto* delegate = qobject_cast<QStyledItemDelegate*>(shown.table->itemDelegate());
+        const auto* cell = Accessible(shown.table)->tableInterface()->cellAt(0, c_dateColumn);
+        QCOMPARE(cell->text(QAccessible::Name), delegate->displayText(date, shown.table->locale()));
+        // Texts are read as they are.
+        QCOMPARE(Accessible(shown.table)->tableInterface()->cellAt(0, 1)->text(QAccessible::Name),
+                 u"complex"_s);
     }
 
     void NoTwoFieldsOfTheDetailsHaveOneName()
