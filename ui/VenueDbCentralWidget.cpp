@@ -19,7 +19,10 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
+#include <QTimer>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -145,7 +148,8 @@ void VenueDbCentralWidget::ConnectSignals()
 
 void VenueDbCentralWidget::OnQueryButtonClicked()
 {
-    PerformQuery();
+    if (!IsPutOff(m_searchRow->SearchButton()))
+        PerformQuery();
 }
 
 void VenueDbCentralWidget::OnWindowOpened()
@@ -156,9 +160,22 @@ void VenueDbCentralWidget::OnWindowOpened()
 
 void VenueDbCentralWidget::OnResetFilterButtonClicked()
 {
+    if (IsPutOff(m_searchRow->ResetButton()))
+        return;
     m_searchRow->Clear();
     PopulateUi();
     PerformQuery();
+}
+
+bool VenueDbCentralWidget::IsPutOff(QPushButton* button)
+{
+    // Not while the user is asked: then a click would find the panel blocked.
+    if (!m_isSearching || !m_isBusy)
+        return false;
+    // Reset searches too, so that whatever else was pressed does not matter.
+    if (m_pressedMeanwhile != m_searchRow->ResetButton())
+        m_pressedMeanwhile = button;
+    return true;
 }
 
 void VenueDbCentralWidget::PerformQuery()
@@ -191,6 +208,7 @@ void VenueDbCentralWidget::PerformQuery()
         if (!self)
             return;
         if (!retry) {
+            m_pressedMeanwhile = nullptr;
             Q_EMIT CloseWindowRequested();
             if (!self)
                 return;
@@ -199,6 +217,8 @@ void VenueDbCentralWidget::PerformQuery()
     }
     m_isSearching = false;
     ShowResults(venues);
+    if (QPushButton* button = std::exchange(m_pressedMeanwhile, nullptr))
+        QTimer::singleShot(0, button, &QPushButton::click);
 }
 
 bool VenueDbCentralWidget::AskForRetry()
@@ -310,7 +330,9 @@ void VenueDbCentralWidget::HideDetails()
 
 void VenueDbCentralWidget::SetBusyState(bool busy)
 {
+    m_isBusy = busy;
     setCursor(busy ? Qt::WaitCursor : Qt::ArrowCursor);
+    TellBusyChange(this);
     if (m_statusLabel) {
         m_statusLabel->setText(busy ? tr("Loading...") : QString());
         // The wait may begin before the event loop paints again.

@@ -14,6 +14,7 @@
 class QComboBox;
 class QHBoxLayout;
 class QLabel;
+class QPushButton;
 class QTableView;
 class QVBoxLayout;
 
@@ -116,6 +117,9 @@ private:
     Data::VenueDatabase::Connector_Interface* LivingConnector() const;
     void FillCountryComboBox(const QList<Data::VenueDatabase::Venue>& venues, const QString& chosenCountry);
     bool AskForRetry();
+    /// True while a search waits for the server: \p button will be pressed again when it has ended. The event
+    /// loop holds the user's clicks back by itself, but not the presses of a screen reader.
+    bool IsPutOff(QPushButton* button);
     void ShowResults(const QList<Data::VenueDatabase::Venue>& venues);
     void LoadSelectedDetails();
     void HideDetails();
@@ -138,6 +142,8 @@ private:
     bool m_isConnectorObject = false;
 
     bool m_isSearching = false;
+    bool m_isBusy = false;
+    QPushButton* m_pressedMeanwhile = nullptr;
     std::unique_ptr<DetailsLoader> m_detailsLoader;
     std::unique_ptr<FocusKeeper> m_focusKeeper;
 };

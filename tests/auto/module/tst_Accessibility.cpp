@@ -302,6 +302,53 @@ private Q_SLOTS:
         QVERIFY(value->minimumStepSize().toInt() > 0);
     }
 
+    void ThePanelIsBusyWhileItLoads()
+    {
+        ShownDialog shown;
+        QVERIFY(shown.isShown);
+        auto* panel = shown.dialog.findChild<VenueDbCentralWidget*>();
+        QVERIFY(!Accessible(panel)->state().busy);
+        bool wasBusy = false;
+        shown.connector.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
+            wasBusy = Accessible(panel)->state().busy;
+            return Ok;
+        };
+        panel->PerformQuery();
+        QVERIFY(wasBusy);
+        QVERIFY(!Accessible(panel)->state().busy);
+    }
+
+    void APressDuringTheWaitCountsAfterIt_data()
+    {
+        const Rows<QString, int> row("button", "filters");
+        row("Search", u"Search"_s, 1);
+        row("Reset", u"Reset"_s, 0);
+    }
+    void APressDuringTheWaitCountsAfterIt()
+    {
+        QFETCH(QString, button);
+        QFETCH(int, filters);
+        ShownDialog shown;
+        QVERIFY(shown.isShown);
+        auto* panel = shown.dialog.findChild<VenueDbCentralWidget*>();
+        panel->findChild<QLineEdit*>()->setText(u"hall"_s);
+        shown.connector.searches.clear();
+        shown.connector.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
+            if (shown.connector.searches.size() == 1) {
+                // The press takes effect in the event loop of the wait.
+                Press(Button(*panel, button));
+                QSignalSpy clicks(Button(*panel, button), &QPushButton::clicked);
+                clicks.wait();
+            }
+            return Ok;
+        };
+        panel->PerformQuery();
+        QCOMPARE(shown.connector.searches.size(), 2);
+        // A search, and the country list after it.
+        QTRY_COMPARE(shown.connector.searches.size(), 4);
+        QCOMPARE(shown.connector.searches.at(2).size(), filters);
+    }
+
     void TabLeadsThroughTheDialogAsItIsRead()
     {
         const ShownDialog shown;
