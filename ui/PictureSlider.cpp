@@ -7,7 +7,7 @@
 #include <ui/pictures/FocusRing_p.h>
 #include <ui/pictures/PictureCaption_p.h>
 #include <ui/pictures/PictureDecoder_p.h>
-#include <ui/text/PlainLabel_p.h>
+#include <ui/text/ElidedLabel_p.h>
 
 #include <QFocusEvent>
 #include <QIcon>
@@ -213,7 +213,7 @@ void PictureSlider::SetupUi()
 
     auto* layout = new QVBoxLayout;
     layout->addSpacing(c_size.height());
-    m_captionLabel = new PlainLabel(CaptionWithoutPictures(), this);
+    m_captionLabel = new ElidedLabel(CaptionWithoutPictures(), this);
     SetCustomStyle(m_captionLabel, "labelKorvelCaptionSmall"_L1);
     layout->addWidget(m_captionLabel);
     setLayout(layout);

@@ -20,11 +20,16 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 
-private:
+    /// What is drawn of text(). The label leaves the drawing to QLabel where that is all of it.
+    virtual QString ShownText() const;
     bool IsShownWhole() const;
+    /// Where the text is drawn.
+    QRect TextArea() const;
+    /// The size of the label for \p shown, in lines of at most \p width pixels where it wraps.
+    QSize SizeFor(const QString& shown, int width) const;
+
+private:
     int TextFlags() const;
-    /// The size of the label for what is shown of a text that is too long, \p width pixels wide.
-    QSize SizeOfLongText(int width) const;
 };
 
 } // namespace korvel::Ui::VenueDatabase

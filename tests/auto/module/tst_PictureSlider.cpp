@@ -11,12 +11,15 @@
 #include <tests/support/Widgets.h>
 
 #include <QFile>
+#include <QHelpEvent>
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 #include <memory>
 
@@ -167,6 +170,54 @@ private Q_SLOTS:
         slider.UpdateUi(&pictures);
         QCOMPARE(Caption(slider)->text(), u"1/1 "_s + markup);
         QCOMPARE(Caption(slider)->textFormat(), Qt::PlainText);
+    }
+
+    void CaptionThatDoesNotFitEndsInDotsAndStandsInTheToolTip_data()
+    {
+        const Rows<QString, bool> row("description", "fits");
+        const QString long_ = u"Seen from the last row of the balcony, "_s.repeated(10) + u"end"_s;
+        row("short", u"Hall"_s, true);
+        row("long", long_, false);
+        row("long markup", u"<b>bold</b> & <img src='/etc/x.png'> "_s + long_, false);
+        row("two lines", u"Hall\nwith its balcony"_s, false);
+        row("right to left",
+            u"\u05d0\u05d5\u05dc\u05dd \u05d4\u05de\u05d5\u05e4\u05e2\u05d9\u05dd "_s.repeated(20) + u"x"_s,
+            false);
+    }
+    void CaptionThatDoesNotFitEndsInDotsAndStandsInTheToolTip()
+    {
+        QFETCH(QString, description);
+        QFETCH(bool, fits);
+        FilledSlider slider({SmallPicture(description, c_green)});
+        slider.show();
+        QLabel* caption = Caption(slider);
+        const QString whole = u"1/1 "_s + description;
+        QCOMPARE(caption->text(), whole);
+
+        // The same place, filled by Qt with what is expected.
+        const QImage shown = caption->grab().toImage();
+        const QString line = QString(whole).replace(u'\n', u' ');
+        const QString expected
+            = caption->fontMetrics().elidedText(line, Qt::ElideRight, caption->contentsRect().width());
+        QCOMPARE(expected.endsWith(QChar(0x2026)), !fits && !description.contains(u'\n'));
+        QLabel reference(&slider);
+        reference.setTextFormat(Qt::PlainText);
+        reference.setText(expected);
+        reference.setGeometry(caption->geometry());
+        caption->hide();
+        reference.show();
+        QCOMPARE(shown, reference.grab().toImage());
+        reference.hide();
+        caption->show();
+
+        const QPoint position = caption->rect().center();
+        QHelpEvent ask(QEvent::ToolTip, position, caption->mapToGlobal(position));
+        QCoreApplication::sendEvent(caption, &ask);
+        QCOMPARE(QToolTip::isVisible(), !fits);
+        if (!fits)
+            QCOMPARE(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(), whole);
+        QToolTip::hideText();
+        QTRY_VERIFY(!QToolTip::isVisible());
     }
 
     void StepsGoRoundTheEnds_data()
