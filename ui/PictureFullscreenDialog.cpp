@@ -277,6 +277,13 @@ void PictureFullscreenDialog::hideEvent(QHideEvent* event)
     m_downloadCursors->EndAll();
 }
 
+void PictureFullscreenDialog::changeEvent(QEvent* event)
+{
+    VenueDbDialogBase::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        PlaceOverlays();
+}
+
 void PictureFullscreenDialog::closeEvent(QCloseEvent* event)
 {
     HideInsteadOfClosing(event);
@@ -341,15 +348,18 @@ void PictureFullscreenDialog::ShowPicture(const Picture& picture, qsizetype row)
 void PictureFullscreenDialog::PlaceOverlays()
 {
     const int scrollBarExtent = QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    m_leftButton->AdjustToParent(0);
-    m_rightButton->AdjustToParent(-scrollBarExtent);
+    // From right to left the scroll bar stands on the left, before the viewport.
+    const bool isRightToLeft = m_view->isRightToLeft();
+    const int viewportStart = m_view->viewport()->x();
+    m_leftButton->AdjustToParent(isRightToLeft ? viewportStart : 0);
+    m_rightButton->AdjustToParent(isRightToLeft ? 0 : -scrollBarExtent);
 
     const int bottom = m_view->height() - scrollBarExtent;
     m_descriptionLabel->ensurePolished();
     m_descriptionLabel->setFixedWidth(std::max(0, m_view->width() - scrollBarExtent - 1));
     const int textHeight = m_descriptionLabel->heightForWidth(m_descriptionLabel->width());
     m_descriptionLabel->resize(m_descriptionLabel->width(), std::clamp(textHeight, 0, std::max(0, bottom)));
-    m_descriptionLabel->move(2, bottom - m_descriptionLabel->height());
+    m_descriptionLabel->move(isRightToLeft ? viewportStart : 2, bottom - m_descriptionLabel->height());
 }
 
 } // namespace korvel::Ui::VenueDatabase

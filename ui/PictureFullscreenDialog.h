@@ -112,6 +112,8 @@ protected:
     void showEvent(QShowEvent* event) override;
     /// Takes back the wait cursors of running downloads.
     void hideEvent(QHideEvent* event) override;
+    /// Places the buttons and the caption where the layout turns to the other side.
+    void changeEvent(QEvent* event) override;
     /// Hides the viewer and ignores the event.
     void closeEvent(QCloseEvent* event) override;
 

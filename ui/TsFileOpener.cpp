@@ -8,6 +8,7 @@
 #include <ui/text/PlainLabel_p.h>
 #include <ui/text/ShownText_p.h>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSizePolicy>
@@ -102,6 +103,21 @@ void TsFileOpener::paintEvent(QPaintEvent* /*event*/)
     PaintStyledBackground(this);
 }
 
+void TsFileOpener::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    // From left to right the label stays where the host may have put it.
+    if (isRightToLeft())
+        PlaceVersionLabel();
+}
+
+void TsFileOpener::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        PlaceVersionLabel();
+}
+
 void TsFileOpener::SetupUi()
 {
     auto* layout = new QVBoxLayout;
@@ -127,10 +143,17 @@ void TsFileOpener::SetupUi()
     row->addWidget(m_importButton);
 
     // Deliberate: in no layout. It stays where a new child stands, at the top left; hosts place and style it
-    // by its object name.
+    // by its object name. From right to left the row begins on the right, and so does the label.
     m_versionLabel = new PlainLabel(QString(), this);
     m_versionLabel->setObjectName(u"tsFileVersionLabel"_s);
     SetCustomStyle(m_versionLabel, "labelKorvelLight"_L1);
+}
+
+void TsFileOpener::PlaceVersionLabel()
+{
+    // Its width is the style sheet's.
+    m_versionLabel->ensurePolished();
+    m_versionLabel->move(isRightToLeft() ? width() - m_versionLabel->width() : 0, 0);
 }
 
 void TsFileOpener::SelectFile(const TsFile& file)

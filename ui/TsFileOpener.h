@@ -68,9 +68,14 @@ Q_SIGNALS:
 protected:
     /// Draws the background of the style sheet.
     void paintEvent(QPaintEvent* event) override;
+    /// Keeps the version at the beginning of a row that runs right to left.
+    void resizeEvent(QResizeEvent* event) override;
+    /// Takes the version to the beginning of the row where the layout turns to the other side.
+    void changeEvent(QEvent* event) override;
 
 private:
     void SetupUi();
+    void PlaceVersionLabel();
     void SelectFile(const Data::VenueDatabase::TsFile& file);
 
     QPushButton* m_importButton = nullptr;

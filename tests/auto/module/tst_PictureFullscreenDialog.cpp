@@ -389,6 +389,37 @@ private Q_SLOTS:
         QVERIFY(Caption(dialog)->height() > 2 * Caption(dialog)->fontMetrics().height());
     }
 
+    void OverlaysLeaveTheScrollBarFreeFromRightToLeft_data()
+    {
+        const Rows<bool> row("turnsLate");
+        row("turned before it is shown", false);
+        row("turned while it is shown", true);
+    }
+    void OverlaysLeaveTheScrollBarFreeFromRightToLeft()
+    {
+        QFETCH(bool, turnsLate);
+        PictureFullscreenDialog dialog;
+        QList<Picture> pictures = CompletePictures(2);
+        dialog.SetPictures(&pictures);
+        if (!turnsLate)
+            dialog.setLayoutDirection(Qt::RightToLeft);
+        dialog.resize(900, 600);
+        dialog.show();
+        dialog.setLayoutDirection(Qt::RightToLeft);
+        const PictureView* view = View(dialog);
+        const int barEnd = view->viewport()->x();
+        QVERIFY(view->verticalScrollBar()->mapTo(view, QPoint(0, 0)).x() < barEnd);
+        for (const int width : {900, 700}) {
+            dialog.resize(width, 600);
+            QCOMPARE(Caption(dialog)->x(), barEnd);
+            QCOMPARE(NavigationButton(dialog, 0)->x(), barEnd);
+            QCOMPARE(NavigationButton(dialog, 1)->geometry().right(), view->rect().right());
+        }
+        dialog.setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(Caption(dialog)->x(), 2);
+        QCOMPARE(NavigationButton(dialog, 0)->x(), 0);
+    }
+
     void MaximisedResizeFitsAgain()
     {
         ShownViewer dialog(CompletePictures(1));

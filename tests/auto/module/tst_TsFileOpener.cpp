@@ -157,6 +157,38 @@ private Q_SLOTS:
         QVERIFY(VersionLabel(opener)->isVisible());
     }
 
+    void VersionLiesOverNoButtonFromRightToLeft_data()
+    {
+        const Rows<QString, bool> row("styleSheet", "turnsLate");
+        const QString sheet = u"QLabel#tsFileVersionLabel { min-width: 136px; max-width: 136px; }"_s;
+        row("bare", {}, false);
+        row("bare, turned while it is shown", {}, true);
+        row("of a width that the host chose", sheet, false);
+    }
+    void VersionLiesOverNoButtonFromRightToLeft()
+    {
+        QFETCH(QString, styleSheet);
+        QFETCH(bool, turnsLate);
+        FilledOpener opener;
+        opener.setStyleSheet(styleSheet);
+        if (!turnsLate)
+            opener.setLayoutDirection(Qt::RightToLeft);
+        opener.resize(500, 40);
+        opener.show();
+        opener.setLayoutDirection(Qt::RightToLeft);
+        const auto verifyPlace = [&opener] {
+            const QRect version = VersionLabel(opener)->geometry();
+            QCOMPARE(version.right(), opener.rect().right());
+            QCOMPARE(version.top(), 0);
+            QTRY_VERIFY(!version.intersects(ImportButton(opener)->geometry()));
+        };
+        verifyPlace();
+        opener.resize(700, 40);
+        verifyPlace();
+        opener.setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(VersionLabel(opener)->pos(), QPoint(0, 0));
+    }
+
     void ListsFileNamesAndSelectsTheFirst()
     {
         FilledOpener opener;
