@@ -3,6 +3,7 @@
 #include <ui/PictureView.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbDialog.h>
+#include <ui/VenueDbSignalHandler.h>
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
@@ -15,9 +16,11 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
+#include <QSplitter>
 #include <QTableView>
 #include <QTimer>
 
@@ -144,6 +147,63 @@ private Q_SLOTS:
             QTRY_COMPARE(m_stub.searches.size(), 2);
             QCOMPARE(m_stub.searches.first().size(), field + 1);
         }
+    }
+
+    void RefusedImportGivesTheFocusBack()
+    {
+        m_stub.venues = {MakeVenue(7, u"Hall"_s)};
+        m_stub.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(u"hall.tessra"_s)}; };
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        // As a host answers that could not read the file.
+        QPointer<QMessageBox> box;
+        int requests = 0;
+        connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::ImportVenueFromTempFileRequest,
+                &dialog, [&] {
+                    ++requests;
+                    dialog.SetVenueLoaded(false);
+                    box = new QMessageBox(QMessageBox::Warning, u"Import"_s, u"Cannot read it."_s,
+                                          QMessageBox::Ok, &dialog);
+                    box->setAttribute(Qt::WA_DeleteOnClose);
+                    connect(box, &QDialog::finished, &dialog, [&] { dialog.SetVenueLoaded(true); });
+                    box->open();
+                });
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(m_stub.searches.size(), 2);
+        dialog.findChild<QTableView*>()->selectRow(0);
+        QPushButton* import = Button(dialog, u"Import to Tessra"_s);
+        import->setFocus(Qt::TabFocusReason);
+        // Twice: one Return too many asks again, and closes nothing.
+        for (int round = 1; round <= 2; ++round) {
+            QVERIFY(XdoTool({u"key"_s, u"Return"_s}));
+            QTRY_COMPARE(requests, round);
+            QTRY_VERIFY(box && box->isActiveWindow());
+            QVERIFY(XdoTool({u"key"_s, u"Return"_s}));
+            QTRY_VERIFY(!box);
+            QTRY_VERIFY(import->hasFocus());
+            QVERIFY(dialog.isVisible());
+        }
+    }
+
+    void SplitterDraggedToTheBottomKeepsTheDetails()
+    {
+        m_stub.venues = {MakeVenue(7, u"Hall"_s)};
+        VenueDbDialog dialog;
+        PanelOf(dialog)->SetConnector(&m_stub);
+        dialog.Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(m_stub.searches.size(), 2);
+        dialog.findChild<QTableView*>()->selectRow(0);
+        auto* splitter = dialog.findChild<QSplitter*>();
+        QTRY_VERIFY(splitter->sizes().value(1) > 300);
+        const QPoint grip = splitter->handle(1)->mapToGlobal(splitter->handle(1)->rect().center());
+        const QPoint bottom = dialog.mapToGlobal(dialog.rect().bottomLeft());
+        QVERIFY(XdoTool({u"mousemove"_s, QString::number(grip.x()), QString::number(grip.y()), u"mousedown"_s,
+                         u"1"_s, u"mousemove"_s, QString::number(grip.x()), QString::number(bottom.y()),
+                         u"mouseup"_s, u"1"_s}));
+        QTRY_VERIFY(splitter->sizes().value(1) < 300);
+        QVERIFY(splitter->sizes().value(1) > 100);
     }
 
     void OpenCentresTheDialogAgain_data()
