@@ -7,6 +7,7 @@
 #include <QFocusEvent>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPen>
 #include <QPixmap>
@@ -100,6 +101,15 @@ void FoldingIcon::ShowIcon(const QString& path, bool collapsed, bool dayMode)
 bool FoldingIcon::HasIcon() const
 {
     return !pixmap(Qt::ReturnByValue).isNull();
+}
+
+bool FoldingIcon::IsMeantBy(const QObject* watched, const QMouseEvent& release) const
+{
+    if (watched == this)
+        return true;
+    // Without the host's icon there is only a small arrow, so the whole bar serves. What the arrow was told
+    // comes to the bar a second time.
+    return watched == parentWidget() && !HasIcon() && !geometry().contains(release.position().toPoint());
 }
 
 bool FoldingIcon::IsCollapsed() const

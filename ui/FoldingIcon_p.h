@@ -21,8 +21,9 @@ public:
     /// Shows the icon in the resource \p path, as sharp as the screen can. \p collapsed and \p dayMode are
     /// the panel's: they decide what the icon is called and how its focus looks.
     void ShowIcon(const QString& path, bool collapsed, bool dayMode);
-    /// The host has the icon for the present state.
-    bool HasIcon() const;
+    /// Whether \p release, which came to \p watched, the icon or the bar that it stands in, is to fold the
+    /// panel.
+    bool IsMeantBy(const QObject* watched, const QMouseEvent& release) const;
     /// The panel is folded up.
     bool IsCollapsed() const;
 
@@ -37,6 +38,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// The host has the icon for the present state.
+    bool HasIcon() const;
     void UpdatePixmap();
     void PaintArrow();
     QColor CaptionColor() const;

@@ -150,7 +150,8 @@ void VenueDetailsWidget::UpdateCollapseIcon()
 
 bool VenueDetailsWidget::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonRelease && IsFoldedBy(watched, *static_cast<QMouseEvent*>(event)))
+    if (event->type() == QEvent::MouseButtonRelease
+        && m_foldIcon->IsMeantBy(watched, *static_cast<QMouseEvent*>(event)))
         SetCollapsed(!m_isCollapsed);
     if (auto* textEdit = qobject_cast<QTextEdit*>(watched)) {
         if (event->type() == QEvent::FocusIn)
@@ -159,16 +160,6 @@ bool VenueDetailsWidget::eventFilter(QObject* watched, QEvent* event)
             ClearSelection(textEdit);
     }
     return QWidget::eventFilter(watched, event);
-}
-
-bool VenueDetailsWidget::IsFoldedBy(const QObject* watched, const QMouseEvent& release) const
-{
-    if (watched == m_foldIcon)
-        return true;
-    // Without the host's icon there is only a small arrow, so the whole bar serves. What the arrow was told
-    // comes here a second time.
-    return watched == m_captionBar && !m_foldIcon->HasIcon()
-        && !m_foldIcon->geometry().contains(release.position().toPoint());
 }
 
 void VenueDetailsWidget::paintEvent(QPaintEvent* /*event*/)

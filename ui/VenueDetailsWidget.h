@@ -11,7 +11,6 @@ class QBoxLayout;
 class QEvent;
 class QLabel;
 class QLineEdit;
-class QMouseEvent;
 class QPaintEvent;
 class QScrollArea;
 class QTextEdit;
@@ -83,7 +82,6 @@ private:
     /// The same with a text field, \p height pixels high.
     void SetupReadonlyTextEditWithLabel(QBoxLayout* layout, int labelIndex, QTextEdit** textEdit,
                                         bool visible, int height);
-    bool IsFoldedBy(const QObject* watched, const QMouseEvent& release) const;
     QWidget* CreateCaptionBar();
     QLabel* CreateFieldLabel(int labelIndex);
     void AddFieldRow(QBoxLayout* layout, QLabel* label, QWidget* field, bool visible);
