@@ -59,8 +59,8 @@ Reading Read(const QByteArray& data)
 
     const QSize size = reader.size();
     const bool isAllowed = IsAllowed(size, BitsPerPixel(reader, size));
-    // JPEG and most of PNG are scaled while they are decoded, Qt refuses the other formats. Halved once and
-    // no more: some files take memory for all of their pixels on the way. The decoder may round sides up.
+    // JPEG is scaled while it is decoded, most other formats are refused by Qt. Halved once and no more: some
+    // files take memory for all of their pixels on the way. The decoder may round sides up.
     if (!isAllowed && IsAllowed(QSize((size.width() + 1) / 2, (size.height() + 1) / 2)))
         reader.setScaledSize(QSize(size.width() / 2, size.height() / 2).expandedTo(QSize(1, 1)));
     Reading reading;
