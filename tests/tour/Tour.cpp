@@ -9,9 +9,12 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
+#include <QPainter>
 #include <QScreen>
 
+#include <algorithm>
 #include <cstdio>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +24,34 @@ namespace {
 
 /// How long a step may take, in milliseconds.
 constexpr int c_stepLimit = 120'000;
+
+/// There a program may neither look at the screen nor move the mouse.
+bool IsUnderWayland()
+{
+    return QGuiApplication::platformName().startsWith("wayland"_L1);
+}
+
+int Depth(const QWidget* widget)
+{
+    return widget->parentWidget() ? 1 + Depth(widget->parentWidget()) : 0;
+}
+
+/// The windows without their frames, where they believe to be, as they lie on one another.
+QPixmap WindowsAlone()
+{
+    QWidgetList windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget* window) { return !window->isVisible(); });
+    std::stable_sort(windows.begin(), windows.end(),
+                     [](const QWidget* a, const QWidget* b) { return Depth(a) < Depth(b); });
+    const QScreen* screen = QApplication::primaryScreen();
+    QPixmap picture(screen->size() * screen->devicePixelRatio());
+    picture.setDevicePixelRatio(screen->devicePixelRatio());
+    picture.fill(Qt::darkGray);
+    QPainter painter(&picture);
+    for (QWidget* window : std::as_const(windows))
+        painter.drawPixmap(window->geometry().topLeft(), window->grab());
+    return picture;
+}
 
 void PrintLine(const QString& line)
 {
@@ -48,7 +79,8 @@ bool Tour::Run()
         return false;
     }
     // Away from everything that changes its look under the mouse.
-    QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
+    if (!IsUnderWayland())
+        QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
     for (const bool dayMode : m_dayModes)
         if (!RunInTheme(dayMode))
             return false;
@@ -105,7 +137,7 @@ bool Tour::RunStep(const TourStep& step, TourContext& context)
 bool Tour::TakePicture(const QString& name)
 {
     // From the screen, with frames, menus and everything that other windows cover.
-    const QPixmap picture = QApplication::primaryScreen()->grabWindow(0);
+    const QPixmap picture = IsUnderWayland() ? WindowsAlone() : QApplication::primaryScreen()->grabWindow(0);
     return picture.save(QDir(m_folder).filePath(name + u".png"_s));
 }
 
