@@ -8,6 +8,7 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
+#include <tests/support/ModalDriver.h>
 #include <tests/support/PictureFixtures.h>
 #include <tests/support/Records.h>
 #include <tests/support/Rows.h>
@@ -20,6 +21,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalSpy>
@@ -347,6 +349,25 @@ private Q_SLOTS:
         // A search, and the country list after it.
         QTRY_COMPARE(shown.connector.searches.size(), 4);
         QCOMPARE(shown.connector.searches.at(2).size(), filters);
+    }
+
+    void APressIsForgottenWhenTheUserGivesUp()
+    {
+        ShownDialog shown;
+        QVERIFY(shown.isShown);
+        auto* panel = shown.dialog.findChild<VenueDbCentralWidget*>();
+        shown.connector.searches.clear();
+        shown.connector.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
+            if (shown.connector.searches.size() > 1)
+                return Ok;
+            Button(*panel, u"Search"_s)->click();
+            return Timeout;
+        };
+        const auto driver = AnswerBox(QMessageBox::Close);
+        panel->PerformQuery();
+        QVERIFY(!shown.dialog.isVisible());
+        QCoreApplication::processEvents();
+        QCOMPARE(shown.connector.searches.size(), 1);
     }
 
     void TabLeadsThroughTheDialogAsItIsRead()
