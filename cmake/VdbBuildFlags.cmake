@@ -35,8 +35,9 @@ function(vdb_configure_target target)
   if(arg_PRECOMPILED)
     target_precompile_headers(${target} REUSE_FROM vdbPrecompiled${arg_PRECOMPILED})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
-      # Lets a compiler cache know what a source takes from them.
-      target_compile_options(${target} PRIVATE -fpch-preprocess)
+      # One code model for libraries and programs, which the headers are compiled for; a compiler cache is told what a
+      # source takes from them.
+      target_compile_options(${target} PRIVATE -fPIC -fpch-preprocess)
     endif()
   endif()
 endfunction()
