@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace korvel::Test {
+
+// What Qt does differs between its versions; measured with Qt 6.4 and Qt 6.8.
+constexpr bool c_isQt68 = QT_VERSION >= QT_VERSION_CHECK(6, 8, 0);
+
+/// A proxy that refuses NTLM ends the request. Qt 6.4 asks it again without end.
+constexpr bool c_noticesRefusedNtlm = c_isQt68;
+
+} // namespace korvel::Test
