@@ -46,8 +46,9 @@ Q_SIGNALS:
     void PictureBinaryDataFinished(QUrl url, QByteArray buffer);
     /// The request for \p url failed. A failing request normally reports twice: "Request failed!" and then
     /// "Cannot convert reply. Reply is not an image."; an error page that is an image reports "Request
-    /// failed!" and then PictureBinaryDataFinished(). A provisional answer (status below 200) is a failure
-    /// too, as are the downloads beside it, whose bytes may be another one's. The texts are not translated.
+    /// failed!" and then PictureBinaryDataFinished(). A provisional answer (status below 200) that
+    /// Qt takes for the real one, as Qt 6.4 does, is a failure too, as are the downloads beside it, whose
+    /// bytes may be another one's. The texts are not translated.
     void RequestFailed(QUrl url, QString errorMessage);
 
 private Q_SLOTS:

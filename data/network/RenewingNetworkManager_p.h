@@ -9,9 +9,10 @@ namespace korvel::Data::VenueDatabase {
 ///
 /// Qt keeps connections for later requests, also these:
 /// - A proxy dropped it before it answered CONNECT: every later request waits there for ever.
-/// - The server sent a provisional answer (status 1xx) first: Qt takes that for the answer, and the real
+/// - The server sent a provisional answer (status 1xx) first: Qt 6.4 takes that for the answer, and the real
 ///   one for that to the next request.
-/// - The proxy refuses NTLM: Qt repeats CONNECT without end, even when nobody waits for the reply any more.
+/// - The proxy refuses NTLM: Qt 6.4 repeats CONNECT without end, even when nobody waits for the reply any
+///   more.
 ///
 /// So a reply that ends without an answer, also because it was aborted or deleted, is the last one of its
 /// connections: the next request goes out on new ones. Replies that still wait go on with the old ones, which

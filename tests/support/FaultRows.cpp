@@ -1,4 +1,5 @@
 #include <tests/support/FaultRows.h>
+#include <tests/support/QtVersion.h>
 
 #include <QNetworkAccessManager>
 #include <QTest>
@@ -329,14 +330,17 @@ QList<FaultRow> BrokenBodyRows()
     };
 }
 
-/// The answer comes, but behind \p early, which Qt takes for it.
+/// The answer comes behind another one of \p status, which Qt 6.4 takes for it.
 FaultRow EarlyAnswer(int status, const QByteArray& header = {})
 {
+    const QByteArray name = "status " + QByteArray::number(status) + " first";
     const QByteArray early = "HTTP/1.1 " + QByteArray::number(status) + " Early\r\n" + header + "\r\n";
-    FaultRow row = Unanswered("status " + QByteArray::number(status) + " first", {});
-    row.make = [early](ScriptedServer& server, const FaultTarget& target) {
-        server.AddFault(Honest(target).WithEarlyAnswer(QByteArray(early).replace("TYPE", target.mediaType)));
+    const Change change = [early](Fault& fault, const FaultTarget& target) {
+        fault.WithEarlyAnswer(QByteArray(early).replace("TYPE", target.mediaType));
     };
+    if (c_skipsEarlyAnswers)
+        return Harmless(name, change);
+    FaultRow row = Unanswered(name, change);
     row.status = status;
     return row;
 }
@@ -346,8 +350,8 @@ QList<FaultRow> EarlyAnswerRows()
     FaultRow typed = EarlyAnswer(103, "Content-Type: TYPE\r\n");
     typed.name += ", with the right media type";
     FaultRow alone = Raw("status 103 and nothing else", "HTTP/1.1 103 Early Hints\r\nLink: </a.css>\r\n\r\n");
-    alone.status = 103;
-    // Qt knows that this one is no answer.
+    alone.status = c_skipsEarlyAnswers ? 0 : 103;
+    // Every Qt knows that this one is no answer.
     FaultRow harmless = Harmless("status 100 first", [](Fault& fault, const FaultTarget&) {
         fault.WithEarlyAnswer("HTTP/1.1 100 Continue\r\n\r\n");
     });

@@ -7,6 +7,9 @@ namespace korvel::Test {
 // What Qt does differs between its versions; measured with Qt 6.4 and Qt 6.8.
 constexpr bool c_isQt68 = QT_VERSION >= QT_VERSION_CHECK(6, 8, 0);
 
+/// A provisional answer (status 1xx) is skipped and the real one read. Qt 6.4 knows that of status 100 alone
+/// and takes every other one for the answer.
+constexpr bool c_skipsEarlyAnswers = c_isQt68;
 /// A proxy that refuses NTLM ends the request. Qt 6.4 asks it again without end.
 constexpr bool c_noticesRefusedNtlm = c_isQt68;
 
