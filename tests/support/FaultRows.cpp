@@ -73,6 +73,14 @@ FaultRow OtherType(const QByteArray& name, const Change& change, bool isImage)
     return row;
 }
 
+/// An answer of the right media type, followed by the one of \p second.
+FaultRow SecondType(const QByteArray& name, const std::function<QByteArray(const FaultTarget&)>& second)
+{
+    const Change change
+        = [second](Fault& fault, const FaultTarget& target) { fault.WithSecondMediaType(second(target)); };
+    return c_tellsFirstMediaType ? Harmless(name, change) : OtherType(name, change, true);
+}
+
 /// An error page.
 FaultRow Page(int status, const char* mediaType, const QByteArray& page, const char* name)
 {
@@ -432,12 +440,8 @@ QList<FaultRow> MediaTypeRows()
         "media type in capitals",
         [](Fault& fault, const FaultTarget& target) { fault.WithMediaType(target.mediaType.toUpper()); },
         false));
-    rows.append(OtherType(
-        "media type twice",
-        [](Fault& fault, const FaultTarget& target) { fault.WithSecondMediaType(target.mediaType); }, true));
-    rows.append(OtherType(
-        "right media type, then another",
-        [](Fault& fault, const FaultTarget&) { fault.WithSecondMediaType("text/html"); }, true));
+    rows.append(SecondType("media type twice", [](const FaultTarget& target) { return target.mediaType; }));
+    rows.append(SecondType("right media type, then another", [](const FaultTarget&) { return "text/html"; }));
     rows.append(OtherType(
         "no media type", [](Fault& fault, const FaultTarget&) { fault.WithoutMediaType(); }, false));
     return rows;

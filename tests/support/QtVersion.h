@@ -12,5 +12,9 @@ constexpr bool c_isQt68 = QT_VERSION >= QT_VERSION_CHECK(6, 8, 0);
 constexpr bool c_skipsEarlyAnswers = c_isQt68;
 /// A proxy that refuses NTLM ends the request. Qt 6.4 asks it again without end.
 constexpr bool c_noticesRefusedNtlm = c_isQt68;
+/// Of a media type that came twice QNetworkReply::header() tells the first one. Qt 6.4 joins them.
+constexpr bool c_tellsFirstMediaType = c_isQt68;
+/// Names of headers are sent in small letters.
+constexpr bool c_sendsHeaderNamesInSmallLetters = c_isQt68;
 
 } // namespace korvel::Test
