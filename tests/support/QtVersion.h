@@ -14,6 +14,8 @@ constexpr bool c_skipsEarlyAnswers = c_isQt68;
 constexpr bool c_noticesRefusedNtlm = c_isQt68;
 /// Of a media type that came twice QNetworkReply::header() tells the first one. Qt 6.4 joins them.
 constexpr bool c_tellsFirstMediaType = c_isQt68;
+/// Several slashes at the start of a path are sent as they are. Qt 6.4 makes one of them.
+constexpr bool c_keepsLeadingSlashes = c_isQt68;
 /// Names of headers are sent in small letters.
 constexpr bool c_sendsHeaderNamesInSmallLetters = c_isQt68;
 

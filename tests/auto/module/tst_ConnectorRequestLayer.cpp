@@ -1,6 +1,7 @@
 #include <data/CountryCodeTranslator.h>
 
 #include <tests/support/ConnectorTest.h>
+#include <tests/support/QtVersion.h>
 #include <tests/support/Rows.h>
 
 #include <QElapsedTimer>
@@ -261,8 +262,9 @@ private Q_SLOTS:
         row("empty path", {}, {{u"a"_s, u"1"_s}}, "/?a=1");
         row("path with a question mark and a hash", u"/a?b#c"_s, {{u"a"_s, u"1"_s}}, "/a%3Fb%23c?a=1");
         row("path with a blank, an accent and a triplet", u"/a b/\u00fc%2Fc"_s, {}, "/a%20b/%C3%BC%2Fc");
-        // Qt folds the slashes; what counts is that it remains a path.
-        row("path that looks like a host", u"//second.example/a"_s, {}, "/second.example/a");
+        // What counts is that it remains a path.
+        row("path that looks like a host", u"//second.example/a"_s, {},
+            c_keepsLeadingSlashes ? "//second.example/a" : "/second.example/a");
     }
     void JsonRequestOnTheWire()
     {
