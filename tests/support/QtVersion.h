@@ -16,6 +16,10 @@ constexpr bool c_noticesRefusedNtlm = c_isQt68;
 constexpr bool c_tellsFirstMediaType = c_isQt68;
 /// Several slashes at the start of a path are sent as they are. Qt 6.4 makes one of them.
 constexpr bool c_keepsLeadingSlashes = c_isQt68;
+/// How many megabytes a picture may take, where nobody sets it otherwise.
+constexpr int c_allocationLimit = c_isQt68 ? 256 : 128;
+/// How often Qt warns of what makes the JPEG library give up.
+constexpr int c_warningsOfJpegError = c_isQt68 ? 2 : 1;
 /// Names of headers are sent in small letters.
 constexpr bool c_sendsHeaderNamesInSmallLetters = c_isQt68;
 
