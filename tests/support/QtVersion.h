@@ -20,6 +20,9 @@ constexpr bool c_keepsLeadingSlashes = c_isQt68;
 constexpr int c_allocationLimit = c_isQt68 ? 256 : 128;
 /// How often Qt warns of what makes the JPEG library give up.
 constexpr int c_warningsOfJpegError = c_isQt68 ? 2 : 1;
+/// An answer whose header has a line break in a value, as that of a "data" URL can have, gets a warning and
+/// no such header.
+constexpr bool c_refusesLineBreakInHeader = c_isQt68;
 /// Names of headers are sent in small letters.
 constexpr bool c_sendsHeaderNamesInSmallLetters = c_isQt68;
 
