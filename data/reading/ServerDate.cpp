@@ -69,8 +69,8 @@ template <typename View> QDateTime PlainDateTime(View text)
     if (!HasShape(text, c_dateTimeShape, c_dateTimeDigits))
         return {};
     const QTime time(Number(text, 11, 2), Number(text, 14, 2), Number(text, 17, 2));
-    // A date-time without a valid time would be one at midnight. A time in the hour that the local time zone
-    // skips is not valid either.
+    // A date-time without a valid time would be one at midnight. With Qt 6.4 a time in the hour that the
+    // local time zone skips is not valid either; later Qt moves it, here and in its parser.
     return time.isValid() ? QDateTime(DateOf(text), time) : QDateTime();
 }
 

@@ -25,5 +25,7 @@ constexpr int c_warningsOfJpegError = c_isQt68 ? 2 : 1;
 constexpr bool c_refusesLineBreakInHeader = c_isQt68;
 /// Names of headers are sent in small letters.
 constexpr bool c_sendsHeaderNamesInSmallLetters = c_isQt68;
+/// A time that the local time zone skips is read as the one an hour later; with Qt 6.4 it is invalid.
+constexpr bool c_movesSkippedTimes = c_isQt68;
 
 } // namespace korvel::Test
