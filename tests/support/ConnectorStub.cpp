@@ -19,19 +19,29 @@ void ConnectorStub::Reset()
     onGetPictures = nullptr;
     onGetFiles = nullptr;
     venues.clear();
+    result = Ok;
+    duringCall = nullptr;
     searches.clear();
     calls.clear();
+}
+
+void ConnectorStub::Note(const QString& call)
+{
+    calls.append(call);
+    if (const auto script = duringCall)
+        script();
 }
 
 ResultStatus ConnectorStub::FindVenueEntries(Filters filters, QList<Venue>& found)
 {
     searches.append(filters);
-    calls.append(u"find"_s);
+    Note(u"find"_s);
     // A copy: the script may delete the stub.
     if (const auto script = onFindVenues)
         return script(filters, found);
-    found = venues;
-    return Ok;
+    if (result == Ok)
+        found = venues;
+    return result;
 }
 
 QList<User> ConnectorStub::FindUserEntries(Filters /*filters*/)
@@ -41,7 +51,7 @@ QList<User> ConnectorStub::FindUserEntries(Filters /*filters*/)
 
 QList<Picture> ConnectorStub::GetPictureEntries(qint64 venueId)
 {
-    calls.append(u"pictures %1"_s.arg(venueId));
+    Note(u"pictures %1"_s.arg(venueId));
     if (const auto script = onGetPictures)
         return script(venueId);
     return {};
@@ -49,7 +59,7 @@ QList<Picture> ConnectorStub::GetPictureEntries(qint64 venueId)
 
 QList<TsFile> ConnectorStub::GetTSFileEntries(qint64 venueId)
 {
-    calls.append(u"files %1"_s.arg(venueId));
+    Note(u"files %1"_s.arg(venueId));
     if (const auto script = onGetFiles)
         return script(venueId);
     return {};

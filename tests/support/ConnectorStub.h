@@ -31,8 +31,11 @@ public:
     std::function<QList<Data::VenueDatabase::Picture>(qint64)> onGetPictures;
     std::function<QList<Data::VenueDatabase::TsFile>(qint64)> onGetFiles;
 
-    /// What a search finds as long as onFindVenues is not set.
+    /// What a search finds, when its result is Ok, as long as onFindVenues is not set.
     QList<Data::VenueDatabase::Venue> venues;
+    Data::VenueDatabase::ResultStatus result = Data::VenueDatabase::Ok;
+    /// Run in every call, when it is noted and not yet answered. It may not delete this.
+    std::function<void()> duringCall;
 
     /// The filters of every search so far.
     QList<Filters> searches;
@@ -47,6 +50,7 @@ public:
     QByteArray GetPictureBinaryData(const QString& url) override;
 
 private:
+    void Note(const QString& call);
     QList<Data::VenueDatabase::Venue> GetAllVenueEntries() override;
     QList<Data::VenueDatabase::Venue> GetVenueEntries() override;
     QList<Data::VenueDatabase::User> GetAllUserEntries() override;

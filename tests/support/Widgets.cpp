@@ -5,11 +5,15 @@
 #include <ui/PictureSlider.h>
 #include <ui/PictureView.h>
 #include <ui/TsFileOpener.h>
+#include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDbDialog.h>
 
 #include <QComboBox>
+#include <QFileDialog>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -96,6 +100,17 @@ void MoveMouse(QWidget* widget, const QPoint& position, Qt::MouseButtons buttons
     QCoreApplication::sendEvent(widget, &event);
 }
 
+void SaveAs(QFileDialog* fileDialog, const QString& path)
+{
+    fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
+    static_cast<QDialog*>(fileDialog)->accept();
+}
+
+VenueDbCentralWidget* SearchPanel(const VenueDbDialog& dialog)
+{
+    return dialog.findChild<VenueDbCentralWidget*>();
+}
+
 QLabel* Caption(const PictureSlider& slider)
 {
     return slider.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
@@ -160,6 +175,12 @@ QImage PaintedText(const QString& text)
     painter.setFont(QFont(u"Verdana"_s, 40));
     painter.drawText(QRect(0, 0, 800, 300), Qt::AlignCenter, text);
     return image;
+}
+
+void Show(PictureFullscreenDialog& viewer, QList<Picture> pictures, int index)
+{
+    viewer.SetPictures(&pictures);
+    viewer.SetPicturesIndex(static_cast<short>(index));
 }
 
 void Show(PictureSlider& slider, QList<Picture> pictures)

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 class QComboBox;
+class QFileDialog;
 class QLabel;
 class QPoint;
 class QPushButton;
@@ -20,6 +21,8 @@ class PictureFullscreenDialog;
 class PictureNavigationButton;
 class PictureSlider;
 class TsFileOpener;
+class VenueDbCentralWidget;
+class VenueDbDialog;
 } // namespace korvel::Ui::VenueDatabase
 
 namespace korvel::Test {
@@ -41,6 +44,10 @@ void ClickRow(const QTableView* table, int row);
 /// Moves the mouse without a platform that would do it.
 void MoveMouse(QWidget* widget, const QPoint& position, Qt::MouseButtons buttons = Qt::NoButton);
 
+/// Answers the save dialog as a user who types \p path and presses "Save".
+void SaveAs(QFileDialog* fileDialog, const QString& path);
+
+Ui::VenueDatabase::VenueDbCentralWidget* SearchPanel(const Ui::VenueDatabase::VenueDbDialog& dialog);
 /// The caption of the slider's picture, and of the viewer's.
 QLabel* Caption(const Ui::VenueDatabase::PictureSlider& slider);
 QLabel* Caption(const Ui::VenueDatabase::PictureFullscreenDialog& viewer);
@@ -63,6 +70,9 @@ QImage Painted(Ui::VenueDatabase::PictureSlider& slider);
 /// What a dark slider paints that has \p text instead of a picture; nothing but its background for none.
 QImage PaintedText(const QString& text);
 
+/// Hands on a list that the caller need not keep.
+void Show(Ui::VenueDatabase::PictureFullscreenDialog& viewer, QList<Data::VenueDatabase::Picture> pictures,
+          int index = 0);
 void Show(Ui::VenueDatabase::PictureSlider& slider, QList<Data::VenueDatabase::Picture> pictures);
 void Show(Ui::VenueDatabase::TsFileOpener& opener, QList<Data::VenueDatabase::TsFile> files);
 
