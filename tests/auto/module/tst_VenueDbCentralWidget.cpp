@@ -4,6 +4,8 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
+#include <tests/support/ErrorBoxes.h>
+#include <tests/support/EventCounter.h>
 #include <tests/support/ModalDriver.h>
 #include <tests/support/Records.h>
 #include <tests/support/Rows.h>
@@ -13,18 +15,17 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
-#include <QEventLoop>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QTableView>
 #include <QTextEdit>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -70,6 +71,13 @@ struct Panel
         return ColumnTexts(table, 1);
     }
 
+    void VerifyLoading() const
+    {
+        QCOMPARE(statusLabel.text(), u"Loading..."_s);
+        QCOMPARE(widget->cursor().shape(), Qt::WaitCursor);
+        QVERIFY(!details->isEnabled());
+    }
+
     QLabel* Label(const QString& text) const
     {
         auto labels = widget->findChildren<QLabel*>();
@@ -98,6 +106,18 @@ struct FilledPanel : Panel
         widget->PerformQuery();
         connector->searches.clear();
         connector->calls.clear();
+    }
+};
+
+/// The same on the screen, with a row selected or none.
+struct ShownPanel : FilledPanel
+{
+    explicit ShownPanel(ConnectorStub* connector, int row = -1)
+        : FilledPanel(connector)
+    {
+        Show();
+        if (row >= 0)
+            table->selectRow(row);
     }
 };
 
@@ -192,16 +212,11 @@ private Q_SLOTS:
     {
         Panel panel;
         panel.Show();
-        const QList<QWidget*> row{panel.Label(u"Complex name:"_s),
-                                  panel.fields.at(0),
-                                  panel.Label(u"Venue/room name:"_s),
-                                  panel.fields.at(1),
-                                  panel.Label(u"City:"_s),
-                                  panel.fields.at(2),
-                                  panel.Label(u"Country:"_s),
-                                  panel.country,
-                                  panel.search,
-                                  panel.reset};
+        const QStringList captions{u"Complex name:"_s, u"Venue/room name:"_s, u"City:"_s};
+        QWidgetList row;
+        for (int field = 0; field < 3; ++field)
+            row << panel.Label(captions.at(field)) << panel.fields.at(field);
+        row << panel.Label(u"Country:"_s) << panel.country << panel.search << panel.reset;
         for (qsizetype index = 1; index < row.size(); ++index)
             QVERIFY(row.at(index - 1)->geometry().right() < row.at(index)->geometry().left());
         QCOMPARE(StyleOf(panel.country), u"comboBoxKorvelDefault"_s);
@@ -262,9 +277,7 @@ private Q_SLOTS:
 
     void DetailsCannotBeDraggedAway()
     {
-        FilledPanel panel(&m_stub);
-        panel.Show();
-        panel.table->selectRow(0);
+        ShownPanel panel(&m_stub, 0);
         auto* splitter = panel.widget->findChild<QSplitter*>();
         QTRY_COMPARE(panel.details->height(), 516);
         QWidget* handle = splitter->handle(1);
@@ -295,38 +308,22 @@ private Q_SLOTS:
         QCOMPARE(m_stub.calls.size(), 2);
     }
 
+    void WithoutConnectorNothingHappens_data()
+    {
+        const Rows<bool> row("isDead");
+        row("none was given", false);
+        row("the given one is dead", true);
+    }
     void WithoutConnectorNothingHappens()
     {
+        QFETCH(bool, isDead);
         const Panel panel;
+        if (isDead)
+            panel.widget->SetConnector(std::make_unique<ConnectorStub>().get());
         panel.widget->PerformQuery();
         QVERIFY(!panel.table->model());
         QCOMPARE(panel.widget->UpdateCountryComboBox(), WrongContentType);
         QCOMPARE(panel.country->count(), 246);
-    }
-
-    void DeadConnectorCountsAsNone()
-    {
-        const Panel panel;
-        {
-            ConnectorStub shortLived;
-            panel.widget->SetConnector(&shortLived);
-        }
-        panel.widget->PerformQuery();
-        QVERIFY(!panel.table->model());
-        QCOMPARE(panel.widget->UpdateCountryComboBox(), WrongContentType);
-    }
-
-    void SelectionWithDeadConnectorShowsTheVenueWithoutPictures()
-    {
-        const Panel panel;
-        auto shortLived = std::make_unique<ConnectorStub>();
-        shortLived->venues = m_stub.venues;
-        panel.widget->SetConnector(shortLived.get());
-        panel.widget->PerformQuery();
-        shortLived.reset();
-        panel.table->selectRow(1);
-        QVERIFY(!panel.details->isHidden());
-        QVERIFY(panel.details->isEnabled());
     }
 
     // Search.
@@ -350,8 +347,7 @@ private Q_SLOTS:
     }
     void FiltersFollowTheFields()
     {
-        QFETCH(QStringList, texts);
-        QFETCH(QString, country);
+        const auto [texts, country] = Fetch<QStringList, QString>();
         const Panel panel(&m_stub);
         for (qsizetype index = 0; index < texts.size(); ++index)
             panel.fields.at(index)->setText(texts.at(index));
@@ -386,18 +382,9 @@ private Q_SLOTS:
     void UserSeesThatTheSearchRuns()
     {
         const Panel panel(&m_stub);
-        int searches = 0;
-        m_stub.onFindVenues = [&](const Filters&, QList<Venue>&) {
-            ++searches;
-            [&]() {
-                QCOMPARE(panel.widget->cursor().shape(), Qt::WaitCursor);
-                QCOMPARE(panel.statusLabel.text(), u"Loading..."_s);
-                QVERIFY(!panel.details->isEnabled());
-            }();
-            return Ok;
-        };
+        m_stub.duringCall = [&] { panel.VerifyLoading(); };
         panel.widget->PerformQuery();
-        QCOMPARE(searches, 2);
+        QCOMPARE(m_stub.calls.size(), 2);
         QCOMPARE(panel.widget->cursor().shape(), Qt::ArrowCursor);
         QCOMPARE(panel.statusLabel.text(), QString());
         QVERIFY(panel.details->isEnabled());
@@ -405,31 +392,16 @@ private Q_SLOTS:
 
     void StatusLabelIsRepaintedAtOnce()
     {
-        class PaintCounter : public QLabel
-        {
-        public:
-            int paints = 0;
-
-        protected:
-            void paintEvent(QPaintEvent* event) override
-            {
-                ++paints;
-                QLabel::paintEvent(event);
-            }
-        };
-        PaintCounter label;
+        QLabel label;
         label.show();
         QVERIFY(QTest::qWaitForWindowExposed(&label));
         VenueDbCentralWidget widget(nullptr, &label);
         widget.SetConnector(&m_stub);
-        const int before = label.paints;
-        int duringSearch = before;
-        m_stub.onFindVenues = [&](const Filters&, QList<Venue>&) {
-            duringSearch = qMax(duringSearch, label.paints);
-            return Ok;
-        };
+        const EventCounter paints(&label, QEvent::Paint);
+        int duringSearch = 0;
+        m_stub.duringCall = [&] { duringSearch = paints.count; };
         widget.PerformQuery();
-        QVERIFY(duringSearch > before);
+        QVERIFY(duringSearch > 0);
     }
 
     void MissingStatusLabelIsNoProblem()
@@ -440,46 +412,33 @@ private Q_SLOTS:
         QCOMPARE(m_stub.calls.size(), 2);
     }
 
-    void CountriesAreReducedToThoseFound()
+    void CountriesAreReducedToThoseFound_data()
     {
-        const Panel panel(&m_stub);
-        m_stub.venues.append(MakeVenue(14, u"D"_s, u"Zambia"_s));
-        m_stub.venues.append(MakeVenue(15, u"E"_s, QString()));
-        m_stub.venues.append(MakeVenue(16, u"F"_s, ""_L1));
-        QCOMPARE(panel.widget->UpdateCountryComboBox(), Ok);
-        // A null country is left out, an empty one is not; upper and lower case sort alike.
-        QCOMPARE(ItemTexts(panel.country),
-                 (QStringList{u"--"_s, ""_L1, u"austria"_s, u"Germany"_s, u"Zambia"_s}));
-    }
-
-    void CountriesThatBeginInTheSameMemoryAreDifferent()
-    {
+        const Rows<QStringList, QStringList> row("found", "listed");
+        row("upper and lower case sort alike", {u"Germany"_s, u"austria"_s, u"Germany"_s, u"Zambia"_s},
+            {u"austria"_s, u"Germany"_s, u"Zambia"_s});
+        row("a null one is left out, an empty one is not", {u"Chad"_s, QString(), ""_L1}, {""_L1, u"Chad"_s});
         const QString longer = u"Guinea-Bissau"_s;
         const QString shorter = QString::fromRawData(longer.constData(), 6);
-        const Panel panel(&m_stub);
-        m_stub.venues = {MakeVenue(1, {}, shorter), MakeVenue(2, {}, longer), MakeVenue(3, {}, shorter)};
-        panel.widget->UpdateCountryComboBox();
-        QCOMPARE(ItemTexts(panel.country), (QStringList{u"--"_s, u"Guinea"_s, u"Guinea-Bissau"_s}));
-        m_stub.venues.clear();
-    }
-
-    void ManyCountriesAreListedOnceEach()
-    {
-        constexpr int c_count = 3000;
-        const Panel panel(&m_stub);
-        m_stub.venues.clear();
-        QStringList expected{u"--"_s};
-        for (int round = 0; round < 2; ++round) {
-            for (int i = 0; i < c_count; ++i) {
-                // The second time the same text lies elsewhere in memory.
-                const QString country = u"Country %1"_s.arg(i, 4, 10, QChar(u'0'));
-                m_stub.venues.append(MakeVenue(i, {}, country));
-                if (round == 0)
-                    expected.append(country);
-            }
+        row("beginning in the same memory", {shorter, longer, shorter}, {u"Guinea"_s, u"Guinea-Bissau"_s});
+        QStringList many;
+        QStringList again;
+        for (int i = 0; i < 3000; ++i) {
+            many.append(u"Country %1"_s.arg(i, 4, 10, QChar(u'0')));
+            // The same text elsewhere in memory.
+            again.append(u"Country %1"_s.arg(i, 4, 10, QChar(u'0')));
         }
-        panel.widget->UpdateCountryComboBox();
-        QCOMPARE(ItemTexts(panel.country), expected);
+        row("many, each twice", many + again, many);
+    }
+    void CountriesAreReducedToThoseFound()
+    {
+        const auto [found, listed] = Fetch<QStringList, QStringList>();
+        const Panel panel(&m_stub);
+        m_stub.venues.clear();
+        for (const QString& country : found)
+            m_stub.venues.append(MakeVenue(1, {}, country));
+        QCOMPARE(panel.widget->UpdateCountryComboBox(), Ok);
+        QCOMPARE(ItemTexts(panel.country), QStringList(u"--"_s) + listed);
     }
 
     void CountriesDifferingInCaseAreDifferent()
@@ -536,7 +495,7 @@ private Q_SLOTS:
     {
         const FilledPanel panel(&m_stub);
         QCOMPARE(panel.country->count(), 3);
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
+        m_stub.result = Timeout;
         const auto driver = AnswerBox(QMessageBox::Close);
         panel.reset->click();
         QCOMPARE(panel.country->count(), 246);
@@ -559,30 +518,18 @@ private Q_SLOTS:
         m_stub.onFindVenues = [&results](const Filters&, QList<Venue>&) {
             return static_cast<ResultStatus>(results.takeFirst());
         };
-        QString title;
-        QString text;
-        QMessageBox::StandardButtons buttons;
-        bool isRetryDefault = false;
-        bool isModal = false;
-        QWidget* parent = nullptr;
         const BoxDriver driver([&](QMessageBox* box) {
-            title = box->windowTitle();
-            text = box->text();
-            buttons = box->standardButtons();
-            isRetryDefault = box->defaultButton() == box->button(QMessageBox::Retry);
-            isModal = box->isModal();
-            parent = box->parentWidget();
-            QTest::mouseClick(box->button(QMessageBox::Close), Qt::LeftButton);
+            const auto close = qScopeGuard([box] { box->button(QMessageBox::Close)->click(); });
+            QCOMPARE(box->windowTitle(), u"Error"_s);
+            QCOMPARE(box->text(), u"Unable to connect to server. \nPlease check your internet connection."_s);
+            QCOMPARE(box->standardButtons(), QMessageBox::Retry | QMessageBox::Close);
+            QCOMPARE(box->defaultButton(), box->button(QMessageBox::Retry));
+            QVERIFY(box->isModal());
+            QCOMPARE(box->parentWidget(), panel.widget.data());
         });
         const QSignalSpy closeRequests(panel.widget, &VenueDbCentralWidget::CloseWindowRequested);
         panel.widget->PerformQuery();
         QCOMPARE(driver.Count(), 1);
-        QCOMPARE(title, u"Error"_s);
-        QCOMPARE(text, u"Unable to connect to server. \nPlease check your internet connection."_s);
-        QCOMPARE(buttons, QMessageBox::Retry | QMessageBox::Close);
-        QVERIFY(isRetryDefault);
-        QVERIFY(isModal);
-        QCOMPARE(parent, panel.widget.data());
         QCOMPARE(closeRequests.count(), 1);
         QVERIFY(results.isEmpty());
     }
@@ -590,7 +537,7 @@ private Q_SLOTS:
     void EscapeInTheErrorBoxGivesUp()
     {
         const Panel panel(&m_stub);
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
+        m_stub.result = Timeout;
         const BoxDriver driver([](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); });
         const QSignalSpy closeRequests(panel.widget, &VenueDbCentralWidget::CloseWindowRequested);
         panel.widget->PerformQuery();
@@ -601,7 +548,7 @@ private Q_SLOTS:
     {
         const FilledPanel panel(&m_stub);
         QCOMPARE(panel.ShownNames().size(), 3);
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
+        m_stub.result = Timeout;
         const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
         QVERIFY(panel.ShownNames().isEmpty());
@@ -620,19 +567,12 @@ private Q_SLOTS:
             venues = m_stub.venues;
             return Ok;
         };
-        const auto first = AnswerBox(QMessageBox::Retry);
-        std::unique_ptr<BoxDriver> second;
-        m_stub.onGetPictures = nullptr;
-        QTimer startSecond;
-        connect(&startSecond, &QTimer::timeout, &startSecond, [&]() {
-            if (first->Count() == 1 && !second)
-                second = AnswerBox(QMessageBox::Retry);
-        });
-        startSecond.start(1);
+        const ErrorBoxes user(QMessageBox::Retry);
         const QSignalSpy closeRequests(panel.widget, &VenueDbCentralWidget::CloseWindowRequested);
         panel.widget->PerformQuery();
         const Filters hall{{u"title"_s, u"Hall"_s}};
         QCOMPARE(m_stub.searches, (QList<Filters>{hall, hall, hall, Filters()}));
+        QCOMPARE(user.shown.size(), 2);
         QCOMPARE(panel.ShownNames().size(), 3);
         QCOMPARE(closeRequests.count(), 0);
     }
@@ -651,12 +591,12 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QCOMPARE(m_stub.calls.size(), 2);
 
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
+        m_stub.result = Timeout;
         const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
         QCOMPARE(m_stub.calls.size(), 3);
 
-        m_stub.onFindVenues = nullptr;
+        m_stub.result = Ok;
         Q_EMIT panel.widget->WindowOpened();
         QTRY_COMPARE(m_stub.calls.size(), 5);
         QCOMPARE(panel.ShownNames().size(), 3);
@@ -668,14 +608,7 @@ private Q_SLOTS:
     {
         m_stub.venues[2].SetRiggingComment(u"rigging of Gamma Theatre"_s);
         const FilledPanel panel(&m_stub);
-        m_stub.onGetPictures = [&](qint64) {
-            [&]() {
-                QCOMPARE(panel.statusLabel.text(), u"Loading..."_s);
-                QCOMPARE(panel.widget->cursor().shape(), Qt::WaitCursor);
-                QVERIFY(!panel.details->isEnabled());
-            }();
-            return QList<Picture>();
-        };
+        m_stub.duringCall = [&] { panel.VerifyLoading(); };
         m_stub.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(u"plan.tessra"_s)}; };
         panel.details->SetCollapsed(true);
         panel.table->selectRow(2);
@@ -729,14 +662,6 @@ private Q_SLOTS:
         QCOMPARE(panel.statusLabel.text(), QString());
     }
 
-    void NewSearchHidesTheDetails()
-    {
-        const FilledPanel panel(&m_stub);
-        panel.table->selectRow(0);
-        panel.widget->PerformQuery();
-        QVERIFY(panel.details->isHidden());
-    }
-
     void EachSelectionLoadsOnceAlsoAfterSeveralSearches()
     {
         const Panel panel(&m_stub);
@@ -752,22 +677,19 @@ private Q_SLOTS:
     void SearchDuringASearchReturnsAtOnce()
     {
         const Panel panel(&m_stub);
-        int searches = 0;
-        m_stub.onFindVenues = [&](const Filters&, QList<Venue>& venues) {
-            if (++searches < 10)
+        m_stub.duringCall = [&] {
+            if (m_stub.calls.size() < 10)
                 panel.widget->PerformQuery();
-            venues = m_stub.venues;
-            return Ok;
         };
         panel.widget->PerformQuery();
-        QCOMPARE(searches, 2);
+        QCOMPARE(m_stub.calls.size(), 2);
         QCOMPARE(panel.ShownNames().size(), 3);
     }
 
     void SearchWhileTheErrorBoxIsOpenReturnsAtOnce()
     {
         const Panel panel(&m_stub);
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
+        m_stub.result = Timeout;
         const BoxDriver driver([&](QMessageBox* box) {
             panel.widget->PerformQuery();
             QTest::mouseClick(box->button(QMessageBox::Close), Qt::LeftButton);
@@ -779,10 +701,9 @@ private Q_SLOTS:
     void SelectionChangedWhileLoadingIsLoadedAfterwards()
     {
         const FilledPanel panel(&m_stub);
-        m_stub.onGetPictures = [&](qint64 venueId) {
-            if (venueId == 11)
+        m_stub.duringCall = [&] {
+            if (m_stub.calls.last() == u"pictures 11"_s)
                 panel.table->selectRow(2);
-            return QList<Picture>();
         };
         panel.table->selectRow(0);
         // Not inside: the first load asks for its files before the second begins.
@@ -796,9 +717,9 @@ private Q_SLOTS:
     void DetailsThatArriveAfterAResetAreDropped()
     {
         const FilledPanel panel(&m_stub);
-        m_stub.onGetFiles = [&](qint64) {
-            panel.widget->PerformQuery();
-            return QList<TsFile>();
+        m_stub.duringCall = [&] {
+            if (m_stub.calls.last() == u"files 11"_s)
+                panel.widget->PerformQuery();
         };
         panel.table->selectRow(0);
         QVERIFY(panel.details->isHidden());
@@ -811,67 +732,60 @@ private Q_SLOTS:
     void SelectionDuringASearchIsLeftToItsResults()
     {
         const FilledPanel panel(&m_stub);
-        m_stub.onFindVenues = [&](const Filters&, QList<Venue>& venues) {
-            panel.table->selectRow(0);
-            venues = m_stub.venues;
-            return Ok;
-        };
-        m_stub.calls.clear();
+        m_stub.duringCall = [&] { panel.table->selectRow(0); };
         panel.widget->PerformQuery();
         QCOMPARE(m_stub.calls, (QStringList{u"find"_s, u"find"_s}));
         QVERIFY(panel.details->isHidden());
     }
 
-    void WidgetMayBeDeletedDuringTheSearch_data()
+    void WidgetMayBeDeleted_data()
     {
-        const Rows<int> row("atCall");
-        row("during the search", 1);
-        row("during the country refresh", 2);
+        const Rows<QString, ResultStatus, int> row("moment", "result", "calls");
+        row("during the search", u"call 1"_s, Ok, 1);
+        row("during the country refresh", u"call 2"_s, Ok, 2);
+        row("while the error box is open", u"box"_s, Timeout, 1);
+        row("by who hears that the user gave up", u"given up"_s, Timeout, 1);
     }
-    void WidgetMayBeDeletedDuringTheSearch()
+    void WidgetMayBeDeleted()
     {
-        QFETCH(int, atCall);
+        const auto [moment, result, calls] = Fetch<QString, ResultStatus, int>();
         const Panel panel(&m_stub);
-        int call = 0;
-        m_stub.onFindVenues = [&](const Filters&, QList<Venue>&) {
-            if (++call == atCall)
+        const auto comes = [&, when = moment](const QString& now) {
+            if (now == when)
                 delete panel.widget.data();
-            return Ok;
         };
+        m_stub.result = result;
+        m_stub.duringCall = [&] { comes(u"call %1"_s.arg(m_stub.calls.size())); };
+        connect(panel.widget, &VenueDbCentralWidget::CloseWindowRequested, this,
+                [&] { comes(u"given up"_s); });
+        const BoxDriver driver([&](QMessageBox* box) {
+            const QPointer<QMessageBox> guard(box);
+            comes(u"box"_s);
+            if (guard)
+                guard->button(QMessageBox::Close)->click();
+        });
         panel.search->click();
         QVERIFY(!panel.widget);
-        QCOMPARE(call, atCall);
+        QCOMPARE(m_stub.calls.size(), calls);
+        QCOMPARE(driver.Count(), result == Timeout ? 1 : 0);
     }
 
-    void WidgetMayBeDeletedWhileTheErrorBoxIsOpen()
+    void ConnectorMayDieDuringTheSearch_data()
     {
-        const Panel panel(&m_stub);
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const BoxDriver driver([&](QMessageBox*) { delete panel.widget.data(); });
-        panel.widget->PerformQuery();
-        QVERIFY(!panel.widget);
-        QCOMPARE(m_stub.calls.size(), 1);
+        const Rows<ResultStatus> row("result");
+        row("the search fails", Timeout);
+        row("nobody is left for the refresh", Ok);
     }
-
-    void WidgetMayBeDeletedByWhoHearsThatTheUserGaveUp()
-    {
-        const Panel panel(&m_stub);
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        connect(panel.widget, &VenueDbCentralWidget::CloseWindowRequested, this,
-                [&panel]() { delete panel.widget.data(); });
-        const auto driver = AnswerBox(QMessageBox::Close);
-        panel.widget->PerformQuery();
-        QVERIFY(!panel.widget);
-    }
-
     void ConnectorMayDieDuringTheSearch()
     {
+        QFETCH(ResultStatus, result);
         const Panel panel;
         QPointer<ConnectorStub> shortLived = new ConnectorStub;
         panel.widget->SetConnector(shortLived);
         shortLived->onFindVenues = [&](const Filters&, QList<Venue>&) {
+            const ResultStatus answer = result;
             delete shortLived.data();
-            return Timeout;
+            return answer;
         };
         const auto driver = AnswerBox(QMessageBox::Close);
         panel.widget->PerformQuery();
@@ -879,25 +793,11 @@ private Q_SLOTS:
         QVERIFY(panel.ShownNames().isEmpty());
     }
 
-    void ConnectorMayDieBetweenSearchAndRefresh()
-    {
-        const Panel panel;
-        QPointer<ConnectorStub> shortLived = new ConnectorStub;
-        panel.widget->SetConnector(shortLived);
-        shortLived->onFindVenues = [&](const Filters&, QList<Venue>&) {
-            delete shortLived.data();
-            return Ok;
-        };
-        const auto driver = AnswerBox(QMessageBox::Close);
-        panel.widget->PerformQuery();
-        QCOMPARE(driver->Count(), 1);
-    }
-
     void RetryUsesTheConnectorOfThatMoment()
     {
         const Panel panel;
         auto shortLived = std::make_unique<ConnectorStub>();
-        shortLived->onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
+        shortLived->result = Timeout;
         panel.widget->SetConnector(shortLived.get());
         const BoxDriver driver([&](QMessageBox* box) {
             shortLived.reset();
@@ -911,34 +811,36 @@ private Q_SLOTS:
 
     void LoadingStopsWhenTheWidgetIsDeleted_data()
     {
-        const Rows<bool> row("duringFiles");
-        row("while the pictures come", false);
-        row("while the model files come", true);
+        const Rows<int> row("atCall");
+        row("while the pictures come", 1);
+        row("while the model files come", 2);
     }
     void LoadingStopsWhenTheWidgetIsDeleted()
     {
-        QFETCH(bool, duringFiles);
+        QFETCH(int, atCall);
         const FilledPanel panel(&m_stub);
         panel.table->selectRow(0);
         m_stub.calls.clear();
-        m_stub.onGetPictures = [&](qint64) {
-            if (!duringFiles)
+        m_stub.duringCall = [&] {
+            if (m_stub.calls.size() == atCall)
                 delete panel.widget.data();
-            return QList<Picture>();
-        };
-        m_stub.onGetFiles = [&](qint64) {
-            delete panel.widget.data();
-            return QList<TsFile>();
         };
         // By its name: within a click the table itself would not survive, which is why hosts are told to
         // wait.
         QVERIFY(QMetaObject::invokeMethod(panel.widget, "OnTableSelectionChanged"));
         QVERIFY(!panel.widget);
-        QCOMPARE(m_stub.calls.size(), duringFiles ? 2 : 1);
+        QCOMPARE(m_stub.calls.size(), atCall);
     }
 
-    void ConnectorMayDieWhileDetailsLoad()
+    void VenueOfADeadConnectorIsShownWithoutPictures_data()
     {
+        const Rows<bool> row("diesWhileLoading");
+        row("dead before it is selected", false);
+        row("dying while its details load", true);
+    }
+    void VenueOfADeadConnectorIsShownWithoutPictures()
+    {
+        QFETCH(bool, diesWhileLoading);
         const Panel panel;
         QPointer<ConnectorStub> shortLived = new ConnectorStub;
         shortLived->venues = m_stub.venues;
@@ -948,7 +850,10 @@ private Q_SLOTS:
             delete shortLived.data();
             return QList<Picture>();
         };
-        panel.table->selectRow(0);
+        if (!diesWhileLoading)
+            delete shortLived.data();
+        panel.table->selectRow(1);
+        QVERIFY(!shortLived);
         QVERIFY(!panel.details->isHidden());
         QVERIFY(panel.details->isEnabled());
     }
@@ -978,8 +883,7 @@ private Q_SLOTS:
     }
     void SearchFieldsKeepTheirRoom()
     {
-        QFETCH(int, fontSize);
-        QFETCH(QString, text);
+        const auto [fontSize, text] = Fetch<int, QString>();
         Panel panel(&m_stub);
         if (fontSize > 0) {
             QFont font = panel.dialog.font();
@@ -1029,65 +933,45 @@ private Q_SLOTS:
 
     // Focus.
 
-    void SearchFromTheDetailsLeadsToTheTable()
+    void FocusIsWhereTheUserGoesOnWhenTheDetailsHide_data()
     {
-        FilledPanel panel(&m_stub);
-        panel.Show();
-        panel.table->selectRow(0);
-        auto* comment = panel.details->findChild<QTextEdit*>();
-        comment->setFocus();
-        panel.search->click();
+        using Finder = std::function<QWidget*(const Panel&)>;
+        const Rows<Finder, ResultStatus, bool, Finder> row("before", "result", "searches", "after");
+        const Finder comment = [](const Panel& panel) { return panel.details->findChild<QTextEdit*>(); };
+        const Finder line = [](const Panel& panel) { return panel.details->findChild<QLineEdit*>(); };
+        const Finder field = [](const Panel& panel) { return panel.fields.at(1); };
+        const Finder table = [](const Panel& panel) { return panel.table; };
+        row("search from the details leads to the table", comment, Ok, true, table);
+        row("failed search from there too", line, Timeout, true, table);
+        row("search from elsewhere leaves the focus", field, Ok, true, field);
+        row("cleared selection leads from the details to the table", line, Ok, false, table);
+    }
+    void FocusIsWhereTheUserGoesOnWhenTheDetailsHide()
+    {
+        using Finder = std::function<QWidget*(const Panel&)>;
+        const auto [before, result, searches, after] = Fetch<Finder, ResultStatus, bool, Finder>();
+        ShownPanel panel(&m_stub, 0);
+        before(panel)->setFocus();
+        m_stub.result = result;
+        const auto driver = AnswerBox(QMessageBox::Close);
+        if (searches)
+            panel.search->click();
+        else
+            panel.table->clearSelection();
         QVERIFY(panel.details->isHidden());
-        QCOMPARE(panel.dialog.focusWidget(), panel.table);
-    }
-
-    void SearchFromElsewhereLeavesTheFocus()
-    {
-        FilledPanel panel(&m_stub);
-        panel.Show();
-        panel.table->selectRow(0);
-        panel.fields.at(1)->setFocus();
-        panel.search->click();
-        QCOMPARE(panel.dialog.focusWidget(), panel.fields.at(1));
-    }
-
-    void ClearedSelectionLeadsFromTheDetailsToTheTable()
-    {
-        FilledPanel panel(&m_stub);
-        panel.Show();
-        panel.table->selectRow(0);
-        panel.details->findChild<QLineEdit*>()->setFocus();
-        panel.table->clearSelection();
-        QCOMPARE(panel.dialog.focusWidget(), panel.table);
+        QCOMPARE(panel.dialog.focusWidget(), after(panel));
     }
 
     void FocusInTheDetailsOutlastsALoad()
     {
-        FilledPanel panel(&m_stub);
-        panel.Show();
-        panel.table->selectRow(0);
+        ShownPanel panel(&m_stub, 0);
         auto* field = panel.details->findChild<QLineEdit*>();
         field->setFocus();
         QWidget* meanwhile = nullptr;
-        m_stub.onGetPictures = [&](qint64) {
-            meanwhile = panel.dialog.focusWidget();
-            return QList<Picture>();
-        };
+        m_stub.duringCall = [&] { meanwhile = panel.dialog.focusWidget(); };
         panel.table->selectRow(1);
         QVERIFY2(meanwhile, "whatever made the window active now would send the focus to its first button");
         QCOMPARE(panel.dialog.focusWidget(), field);
-    }
-
-    void FailedSearchFromTheDetailsLeadsToTheTableToo()
-    {
-        FilledPanel panel(&m_stub);
-        panel.Show();
-        panel.table->selectRow(0);
-        panel.details->findChild<QLineEdit*>()->setFocus();
-        m_stub.onFindVenues = [](const Filters&, QList<Venue>&) { return Timeout; };
-        const auto driver = AnswerBox(QMessageBox::Close);
-        panel.search->click();
-        QCOMPARE(panel.dialog.focusWidget(), panel.table);
     }
 
     // Keys in the table.
@@ -1103,11 +987,9 @@ private Q_SLOTS:
     }
     void FirstArrowKeySelectsTheCurrentRow()
     {
-        QFETCH(Qt::Key, key);
-        QFETCH(int, venueCount);
+        const auto [key, venueCount] = Fetch<Qt::Key, int>();
         m_stub.venues.resize(venueCount);
-        FilledPanel panel(&m_stub);
-        panel.Show();
+        ShownPanel panel(&m_stub);
         panel.table->setFocus(Qt::TabFocusReason);
         QTest::keyClick(panel.table, key);
         QCOMPARE(SelectedRow(panel), 0);
@@ -1128,8 +1010,7 @@ private Q_SLOTS:
         m_stub.venues.clear();
         for (int id = 0; id < 60; ++id)
             m_stub.venues.append(MakeVenue(id, u"Hall %1"_s.arg(id)));
-        FilledPanel panel(&m_stub);
-        panel.Show();
+        ShownPanel panel(&m_stub);
         panel.table->setFocus(Qt::TabFocusReason);
         if (byKey)
             QTest::keyClick(panel.table, Qt::Key_PageDown);
@@ -1159,13 +1040,11 @@ private Q_SLOTS:
     }
     void HeadersSortByKey()
     {
-        QFETCH(QList<Qt::Key>, keys);
-        QFETCH(QStringList, order);
+        const auto [keys, order] = Fetch<QList<Qt::Key>, QStringList>();
         m_stub.venues[0].SetEditDate(QDateTime(QDate(2020, 1, 1), QTime(0, 0)));
         m_stub.venues[1].SetEditDate(QDateTime(QDate(2024, 1, 1), QTime(0, 0)));
         m_stub.venues[2].SetEditDate(QDateTime(QDate(2022, 1, 1), QTime(0, 0)));
-        FilledPanel panel(&m_stub);
-        panel.Show();
+        ShownPanel panel(&m_stub);
         panel.reset->setFocus();
         QTest::keyClick(panel.reset, Qt::Key_Tab);
         QHeaderView* header = panel.table->horizontalHeader();
@@ -1190,8 +1069,7 @@ private Q_SLOTS:
 
     void DownLeadsFromTheHeadersToTheRows()
     {
-        FilledPanel panel(&m_stub);
-        panel.Show();
+        ShownPanel panel(&m_stub);
         QHeaderView* header = panel.table->horizontalHeader();
         header->setFocus(Qt::TabFocusReason);
         QTest::keyClick(header, Qt::Key_Down);
@@ -1202,8 +1080,7 @@ private Q_SLOTS:
 
     void FocusedHeaderIsSeenAndNamed()
     {
-        FilledPanel panel(&m_stub);
-        panel.Show();
+        ShownPanel panel(&m_stub);
         QHeaderView* header = panel.table->horizontalHeader();
         const auto shown = [header] { return header->grab().toImage(); };
         const QImage without = shown();
@@ -1221,17 +1098,15 @@ private Q_SLOTS:
 
     void ReturnInAFieldSearches_data()
     {
-        QTest::addColumn<int>("field");
-        QTest::addColumn<Qt::Key>("key");
+        const Rows<int, Qt::Key> row("field", "key");
         for (int field = 0; field < 3; ++field) {
-            QTest::addRow("Return in field %d", field) << field << Qt::Key_Return;
-            QTest::addRow("Enter in field %d", field) << field << Qt::Key_Enter;
+            row("Return in field " + QByteArray::number(field), field, Qt::Key_Return);
+            row("Enter in field " + QByteArray::number(field), field, Qt::Key_Enter);
         }
     }
     void ReturnInAFieldSearches()
     {
-        QFETCH(int, field);
-        QFETCH(Qt::Key, key);
+        const auto [field, key] = Fetch<int, Qt::Key>();
         Panel panel(&m_stub);
         panel.Show();
         panel.fields.at(field)->setFocus();
