@@ -7,6 +7,7 @@
 #include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
+#include <tests/support/Files.h>
 #include <tests/support/ModalDriver.h>
 #include <tests/support/PictureFixtures.h>
 #include <tests/support/Records.h>
@@ -106,12 +107,10 @@ struct ShownDialog
         dialog.Open(nullptr);
         dialog.resize(1062, 1000);
         table = dialog.findChild<QTableView*>();
-        const bool isFound
-            = QTest::qWaitFor([this] { return table->model() && table->model()->rowCount() == 2; });
-        if (isFound)
-            SelectRow(0);
-        isShown = isFound && QTest::qWaitForWindowActive(&dialog)
-            && QTest::qWaitFor([this] { return Details()->isVisible(); });
+        QTRY_COMPARE(RowCount(table), 2);
+        SelectRow(0);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(Details()->isVisible());
         dialog.findChildren<QLineEdit*>().constFirst()->setText(u"haus"_s);
     }
 
@@ -145,7 +144,6 @@ struct ShownDialog
     ConnectorStub connector;
     VenueDbDialog dialog{nullptr};
     QTableView* table = nullptr;
-    bool isShown = false;
 };
 
 /// What was looked at, and which texts of it cannot be read.
@@ -310,11 +308,7 @@ void LookAtSaveDialog(ShownDialog& shown, Findings& findings)
 {
     const QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkdir(u"Halls"_s));
-    QVERIFY(EncodedPicture({4, 4}, Qt::red).size() > 0);
-    QFile picture(folder.filePath(u"hall.jpg"_s));
-    QVERIFY(picture.open(QIODevice::WriteOnly));
-    picture.close();
-
+    WriteFile(folder.filePath(u"hall.jpg"_s));
     auto* viewer = shown.dialog.findChild<PictureFullscreenDialog*>();
     shown.Slider()->ShowFullScreen();
     QVERIFY(QTest::qWaitForWindowActive(viewer));
@@ -339,13 +333,16 @@ void LookAtSaveDialog(ShownDialog& shown, Findings& findings)
 
 void LookAtErrorBox(ShownDialog& shown, Findings& findings)
 {
-    shown.connector.onFindVenues = [](const ConnectorStub::Filters&, QList<Venue>&) { return Timeout; };
+    shown.connector.result = Timeout;
     const ModalDriver<QMessageBox> driver([&](QMessageBox* box) {
         findings.Look(box);
         box->button(QMessageBox::Close)->click();
     });
     Button(shown.dialog, u"Search"_s)->click();
 }
+
+constexpr const char* c_foldingIcons[] = {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day",
+                                          "korvelFoldingWidgetClosed", "korvelFoldingWidgetClosed_day"};
 
 struct Scene
 {
@@ -364,10 +361,10 @@ constexpr Scene c_scenes[] = {
     {"save dialog", LookAtSaveDialog, 20}, {"error box", LookAtErrorBox, 3},
 };
 
-const Scene* SceneCalled(const QString& name)
+const Scene* SceneCalled(const QByteArray& name)
 {
     return std::find_if(std::begin(c_scenes), std::end(c_scenes),
-                        [&](const Scene& scene) { return name == QLatin1String(scene.name); });
+                        [&](const Scene& scene) { return name == scene.name; });
 }
 
 /// The selectors of a sheet in their order, without the blanks that mean nothing.
@@ -386,12 +383,11 @@ QStringList Selectors(QString sheet)
 /// Whether one of \p selectors is for \p widget in its plain state, by its value of "customStyle".
 bool HasRule(const QWidget* widget, const QStringList& selectors)
 {
-    const QString ending = u"[customStyle=\"%1\"]"_s.arg(widget->property("customStyle").toString());
+    const QString ending = u"[customStyle=\"%1\"]"_s.arg(StyleOf(widget));
     return std::any_of(selectors.begin(), selectors.end(), [&](const QString& selector) {
         if (!selector.endsWith(ending))
             return false;
-        QString type = selector.section(QLatin1Char(' '), -1).chopped(ending.size());
-        type = selector.chopped(ending.size()).section(QLatin1Char(' '), -1);
+        QString type = selector.chopped(ending.size()).section(QLatin1Char(' '), -1);
         return widget->inherits(type.replace(u"--"_s, u"::"_s).toLatin1());
     });
 }
@@ -404,7 +400,7 @@ QStringList ValuesWithoutRule(const QWidget* root, const QString& sheet)
     QWidgetList widgets = root->findChildren<QWidget*>();
     widgets.append(const_cast<QWidget*>(root));
     for (const QWidget* widget : std::as_const(widgets)) {
-        const QString value = widget->property("customStyle").toString();
+        const QString value = StyleOf(widget);
         if (!value.isEmpty() && !HasRule(widget, selectors) && !values.contains(value))
             values.append(value);
     }
@@ -434,349 +430,298 @@ private Q_SLOTS:
         font.setPixelSize(12);
         QApplication::setFont(font);
     }
-    void EveryTextCanBeRead_data();
-    void EveryTextCanBeRead();
+    void EveryTextCanBeRead_data()
+    {
+        const Rows<QByteArray, bool> row("scene", "dayMode");
+        for (const Scene& scene : c_scenes) {
+            row(scene.name + QByteArray(", light"), scene.name, true);
+            row(scene.name + QByteArray(", dark"), scene.name, false);
+        }
+    }
+    void EveryTextCanBeRead()
+    {
+        const auto [scene, dayMode] = Fetch<QByteArray, bool>();
+        const InstalledSheet sheet(dayMode);
+        ShownDialog shown(dayMode);
+        Findings findings;
+        SceneCalled(scene)->look(shown, findings);
+        QVERIFY2(findings.unreadable.isEmpty(), qPrintable(findings.unreadable.join(QLatin1Char('\n'))));
+        QVERIFY2(findings.texts >= SceneCalled(scene)->texts, qPrintable(QString::number(findings.texts)));
+    }
+
     void DialogsOfTheHostStayReadable_data()
     {
         AddThemeRows();
     }
-    void DialogsOfTheHostStayReadable();
-    void ABadRuleIsFound_data();
-    void ABadRuleIsFound();
+    void DialogsOfTheHostStayReadable()
+    {
+        QFETCH(bool, dayMode);
+        const InstalledSheet sheet(dayMode);
+        // Nothing in it is ours: the host's own palette is what counts.
+        QDialog dialog;
+        auto* layout = new QVBoxLayout(&dialog);
+        layout->addWidget(new QLabel(u"Name of the plan"_s));
+        layout->addWidget(new QLineEdit(u"Untitled"_s));
+        layout->addWidget(new QCheckBox(u"With all layers"_s));
+        layout->addWidget(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel));
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+
+        const QList<TextPlace> texts = VisibleTexts(&dialog);
+        QVERIFY2(texts.size() >= 4, qPrintable(QString::number(texts.size())));
+        for (const TextPlace& text : texts)
+            QVERIFY2(DrawnContrast(text) >= NecessaryContrast(text), qPrintable(text.name));
+        const QColor ground = dialog.grab().toImage().pixelColor(2, 2);
+        QCOMPARE(ground.name(), QApplication::palette().color(QPalette::Window).name());
+    }
+
+    void ABadRuleIsFound_data()
+    {
+        const Rows<QByteArray, QByteArray, QByteArray> row("scene", "rule", "found");
+        row("pale label", "at rest", "QLabel[customStyle=\"labelKorvelLight\"] { color: #8f9aab; }",
+            "QLabel labelKorvelLight");
+        row("pale header", "at rest", "QHeaderView::section { color: #8f9aab; }", "header \"Complex name\"");
+        row("pale field of the details", "at rest",
+            "QLineEdit[customStyle=\"lineEditKorvelDisplayOnly\"] { color: #8f9aab; }",
+            "QLineEdit lineEditKorvelDisplayOnly");
+        row("pale comment", "at rest",
+            "QTextEdit[customStyle=\"textEditKorvelDisplayOnly\"] { color: #8f9aab; }",
+            "textEditKorvelDisplayOnly");
+        row("pale selected row", "at rest",
+            "QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item:selected { color: #8f9aab; "
+            "}",
+            "row \"Festspielhaus\"");
+        row("grey caption on a black picture", "at rest",
+            "korvel--Ui--VenueDatabase--PictureSlider > QLabel[customStyle=\"labelKorvelCaptionSmall\"] "
+            "{ color: #777777; }",
+            "QLabel labelKorvelCaptionSmall \"1/2 The stage\"");
+        row("pale button under the mouse", "under the mouse",
+            "QPushButton[customStyle=\"buttonKorvelDefault\"]:hover { color: #8f9aab; }",
+            "QPushButton buttonKorvelDefault");
+        row("pale row under the mouse", "under the mouse",
+            "QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item:hover { color: #8f9aab; }",
+            "row \"Prinzregententheater\"");
+        row("pale header under the mouse", "under the mouse",
+            "QHeaderView::section:hover { color: #8f9aab; }", "header \"Venue/room name\"");
+        row("pale pressed button", "pressed",
+            "QPushButton[customStyle=\"buttonKorvelDefault\"]:pressed { color: #8f9aab; }",
+            "QPushButton buttonKorvelDefault");
+        row("pale pressed header", "pressed", "QHeaderView::section:pressed { color: #8f9aab; }",
+            "header \"Venue/room name\"");
+        row("pale chooser with the focus", "with the keyboard focus",
+            "QComboBox[customStyle=\"comboBoxKorvelDefault\"]:focus { color: #8f9aab; }",
+            "QComboBox comboBoxKorvelDefault");
+        row("pale selection", "selected texts",
+            "QLineEdit[customStyle=\"lineEditKorvelDefault\"] { selection-color: #8fb4ee; }",
+            "QLineEdit lineEditKorvelDefault");
+        row("pale entry of a list", "open lists",
+            "QComboBox[customStyle=\"comboBoxKorvelDefault\"] QAbstractItemView { color: #8f9aab; }", "row ");
+        row("pale tool tip", "tool tip", "QToolTip { color: #5d6672; }", "QTipLabel");
+        row("pale status line of the viewer", "picture viewer",
+            "QLabel[customStyle=\"labelKorvelDefault\"] { color: #8f9aab; }",
+            "QLabel labelKorvelDefault \"Saved\"");
+        row("pale menu", "context menu", "QMenu { color: #8f9aab; }", "entry \"Save Image As...\"");
+        row("pale chosen entry of the menu", "context menu", "QMenu::item:selected { color: #8f9aab; }",
+            "entry \"Save Image As...\"");
+        row("pale label of the save dialog", "save dialog", "QFileDialog QLabel { color: #8f9aab; }",
+            "QLabel");
+        row("pale text of the box", "error box", "QMessageBox QLabel { color: #8f9aab; }", "QLabel");
+    }
+    void ABadRuleIsFound()
+    {
+        const auto [scene, rule, found] = Fetch<QByteArray, QByteArray, QByteArray>();
+        const InstalledSheet sheet(true, QString::fromLatin1(rule));
+        ShownDialog shown(true);
+        Findings findings;
+        SceneCalled(scene)->look(shown, findings);
+        const QString unreadable = findings.unreadable.join(QLatin1Char('\n'));
+        QVERIFY2(unreadable.contains(QLatin1String(found)), qPrintable(unreadable));
+    }
+
     void KeyboardFocusCanBeSeen_data()
     {
         AddThemeRows();
     }
-    void KeyboardFocusCanBeSeen();
+    void KeyboardFocusCanBeSeen()
+    {
+        QFETCH(bool, dayMode);
+        const InstalledSheet sheet(dayMode);
+        ShownDialog shown(dayMode);
+        QWidget* search = Button(shown.dialog, u"Search"_s);
+        QWidget* reset = Button(shown.dialog, u"Reset"_s);
+        int widgets = 0;
+        for (QWidget* widget : shown.dialog.findChildren<QWidget*>()) {
+            if (!widget->isVisible() || !widget->isEnabled() || widget->window() != &shown.dialog
+                || !(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy())
+                continue;
+            // Some are too small for a ring inside them.
+            const QRect place
+                = QRect(widget->mapTo(&shown.dialog, QPoint()), widget->size()).adjusted(-6, -6, 6, 6);
+            (widget == search ? reset : search)->setFocus(Qt::TabFocusReason);
+            const QImage without = shown.dialog.grab(place).toImage();
+            widget->setFocus(Qt::TabFocusReason);
+            QVERIFY(widget->hasFocus());
+            QVERIFY2(shown.dialog.grab(place).toImage() != without, widget->metaObject()->className());
+            ++widgets;
+        }
+        QVERIFY2(widgets > 20, qPrintable(QString::number(widgets)));
+    }
 
     void EveryStyleValueInUseHasARule_data()
     {
         AddThemeRows();
     }
-    void EveryStyleValueInUseHasARule();
-    void AMissingRuleIsFound();
-    void TheSheetsHaveTheSameSelectors();
-    void EveryStateHasARule_data();
-    void EveryStateHasARule();
+    void EveryStyleValueInUseHasARule()
+    {
+        QFETCH(bool, dayMode);
+        const ShownDialog shown(dayMode);
+        QCOMPARE(ValuesWithoutRule(&shown.dialog, SheetText(dayMode)), QStringList());
+        // A plain widget can carry a button's value: a rule for the bare value would catch it.
+        for (const QString& selector : Selectors(SheetText(dayMode)))
+            QVERIFY2(!selector.startsWith(QLatin1Char('[')) && !selector.contains(u" ["_s),
+                     qPrintable(selector));
+    }
+
+    void AMissingRuleIsFound()
+    {
+        const ShownDialog shown(true);
+        // A rule for another type of widget is none.
+        const QString sheet = SheetText(true)
+                                  .replace(u"labelKorvelLight"_s, u"labelKorvelOther"_s)
+                                  .replace(u"QScrollArea[customStyle"_s, u"QSplitter[customStyle"_s);
+        QStringList values = ValuesWithoutRule(&shown.dialog, sheet);
+        values.sort();
+        QCOMPARE(values, QStringList({u"labelKorvelLight"_s, u"scrollAreaKorvelDefault"_s}));
+    }
+
+    void TheSheetsHaveTheSameSelectors()
+    {
+        const QStringList light = Selectors(SheetText(true));
+        QVERIFY(light.size() > 80);
+        QCOMPARE(light, Selectors(SheetText(false)));
+        QVERIFY(SheetText(true) != SheetText(false));
+        for (const bool dayMode : {true, false}) {
+            QVERIFY(!SheetText(dayMode).contains(QLatin1Char('@')));
+            QVERIFY(!Theme(dayMode).WindowStyleSheet().contains(QLatin1Char('@')));
+        }
+    }
+
+    void EveryStateHasARule_data()
+    {
+        const Rows<QByteArray> row("states");
+        row("QPushButton[customStyle=\"buttonKorvelDefault\"]", "hover focus pressed default disabled");
+        row("QLineEdit[customStyle=\"lineEditKorvelDefault\"]", "hover focus disabled");
+        row("QLineEdit[customStyle=\"lineEditKorvelDisplayOnly\"]", "hover focus disabled");
+        row("QTextEdit[customStyle=\"textEditKorvelDisplayOnly\"]", "hover focus disabled");
+        row("QComboBox[customStyle=\"comboBoxKorvelDefault\"]", "hover on focus disabled");
+        row("QComboBox[customStyle=\"comboBoxKorvelDefault\"] QAbstractItemView::item", "hover selected");
+        row("QComboBox[customStyle=\"comboBoxKorvelDefault\"]::down-arrow", "disabled");
+        row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]", "focus disabled");
+        row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item", "hover selected");
+        row("QHeaderView::section", "hover pressed focus");
+        row("QSplitter[customStyle=\"splitterKorvelDefault\"]::handle", "hover pressed");
+        row("QScrollBar::handle", "hover pressed");
+        row("QLabel[customStyle]", "disabled");
+        row("QMenu::item", "selected disabled");
+    }
+    void EveryStateHasARule()
+    {
+        QFETCH(QByteArray, states);
+        const QByteArray part = QTest::currentDataTag();
+        const QStringList selectors = Selectors(SheetText(true));
+        for (const QByteArray& state : states.split(' '))
+            QVERIFY2(selectors.contains(QLatin1String(part + ':' + state)), state.constData());
+    }
 
     void EveryPictureOfTheSheetsCanBeLoaded_data()
     {
         AddThemeRows();
     }
-    void EveryPictureOfTheSheetsCanBeLoaded();
+    void EveryPictureOfTheSheetsCanBeLoaded()
+    {
+        QFETCH(bool, dayMode);
+        static const QRegularExpression reference(u"url\\(\"([^\"]+)\"\\)"_s);
+        const QString folder = Theme(dayMode).VenueDatabaseSheetPath().section(QLatin1Char('/'), 0, -2);
+        int pictures = 0;
+        for (const auto& match : reference.globalMatch(SheetText(dayMode))) {
+            const QString path = folder + QLatin1Char('/') + match.captured(1);
+            QVERIFY2(!QPixmap(path).isNull(), qPrintable(path));
+            ++pictures;
+        }
+        QVERIFY(pictures > 10);
+    }
+
     void ASheetServesFromItsFolder_data()
     {
         AddThemeRows();
     }
-    void ASheetServesFromItsFolder();
-    void FoldingIconsAreWhereTheModuleLooks_data();
-    void FoldingIconsAreWhereTheModuleLooks();
-    void TextsOfThePlanAreReadable_data();
-    void TextsOfThePlanAreReadable();
-};
-
-void tst_Theme::EveryTextCanBeRead_data()
-{
-    QTest::addColumn<QString>("scene");
-    QTest::addColumn<bool>("dayMode");
-    for (const Scene& scene : c_scenes) {
-        QTest::addRow("%s, light", scene.name) << QString::fromLatin1(scene.name) << true;
-        QTest::addRow("%s, dark", scene.name) << QString::fromLatin1(scene.name) << false;
-    }
-}
-
-void tst_Theme::EveryTextCanBeRead()
-{
-    QFETCH(QString, scene);
-    QFETCH(bool, dayMode);
-    const InstalledSheet sheet(dayMode);
-    ShownDialog shown(dayMode);
-    QVERIFY(shown.isShown);
-    Findings findings;
-    SceneCalled(scene)->look(shown, findings);
-    QVERIFY2(findings.unreadable.isEmpty(), qPrintable(findings.unreadable.join(QLatin1Char('\n'))));
-    QVERIFY2(findings.texts >= SceneCalled(scene)->texts, qPrintable(QString::number(findings.texts)));
-}
-
-void tst_Theme::DialogsOfTheHostStayReadable()
-{
-    QFETCH(bool, dayMode);
-    const InstalledSheet sheet(dayMode);
-    // Nothing in it is ours: the host's own palette is what counts.
-    QDialog dialog;
-    auto* layout = new QVBoxLayout(&dialog);
-    layout->addWidget(new QLabel(u"Name of the plan"_s));
-    layout->addWidget(new QLineEdit(u"Untitled"_s));
-    layout->addWidget(new QCheckBox(u"With all layers"_s));
-    layout->addWidget(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel));
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-
-    const QList<TextPlace> texts = VisibleTexts(&dialog);
-    QVERIFY2(texts.size() >= 4, qPrintable(QString::number(texts.size())));
-    for (const TextPlace& text : texts)
-        QVERIFY2(DrawnContrast(text) >= NecessaryContrast(text), qPrintable(text.name));
-    const QColor ground = dialog.grab().toImage().pixelColor(2, 2);
-    QCOMPARE(ground.name(), QApplication::palette().color(QPalette::Window).name());
-}
-
-void tst_Theme::ABadRuleIsFound_data()
-{
-    QTest::addColumn<QString>("scene");
-    QTest::addColumn<QString>("rule");
-    QTest::addColumn<QString>("found");
-    const auto row = [](const char* name, const char* scene, const char* rule, const char* found) {
-        QTest::newRow(name) << QString::fromLatin1(scene) << QString::fromLatin1(rule)
-                            << QString::fromLatin1(found);
-    };
-    row("pale label", "at rest", "QLabel[customStyle=\"labelKorvelLight\"] { color: #8f9aab; }",
-        "QLabel labelKorvelLight");
-    row("pale header", "at rest", "QHeaderView::section { color: #8f9aab; }", "header \"Complex name\"");
-    row("pale field of the details", "at rest",
-        "QLineEdit[customStyle=\"lineEditKorvelDisplayOnly\"] { color: #8f9aab; }",
-        "QLineEdit lineEditKorvelDisplayOnly");
-    row("pale comment", "at rest", "QTextEdit[customStyle=\"textEditKorvelDisplayOnly\"] { color: #8f9aab; }",
-        "textEditKorvelDisplayOnly");
-    row("pale selected row", "at rest",
-        "QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item:selected { color: #8f9aab; }",
-        "row \"Festspielhaus\"");
-    row("grey caption on a black picture", "at rest",
-        "korvel--Ui--VenueDatabase--PictureSlider > QLabel[customStyle=\"labelKorvelCaptionSmall\"] "
-        "{ color: #777777; }",
-        "QLabel labelKorvelCaptionSmall \"1/2 The stage\"");
-    row("pale button under the mouse", "under the mouse",
-        "QPushButton[customStyle=\"buttonKorvelDefault\"]:hover { color: #8f9aab; }",
-        "QPushButton buttonKorvelDefault");
-    row("pale row under the mouse", "under the mouse",
-        "QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item:hover { color: #8f9aab; }",
-        "row \"Prinzregententheater\"");
-    row("pale header under the mouse", "under the mouse", "QHeaderView::section:hover { color: #8f9aab; }",
-        "header \"Venue/room name\"");
-    row("pale pressed button", "pressed",
-        "QPushButton[customStyle=\"buttonKorvelDefault\"]:pressed { color: #8f9aab; }",
-        "QPushButton buttonKorvelDefault");
-    row("pale pressed header", "pressed", "QHeaderView::section:pressed { color: #8f9aab; }",
-        "header \"Venue/room name\"");
-    row("pale chooser with the focus", "with the keyboard focus",
-        "QComboBox[customStyle=\"comboBoxKorvelDefault\"]:focus { color: #8f9aab; }",
-        "QComboBox comboBoxKorvelDefault");
-    row("pale selection", "selected texts",
-        "QLineEdit[customStyle=\"lineEditKorvelDefault\"] { selection-color: #8fb4ee; }",
-        "QLineEdit lineEditKorvelDefault");
-    row("pale entry of a list", "open lists",
-        "QComboBox[customStyle=\"comboBoxKorvelDefault\"] QAbstractItemView { color: #8f9aab; }", "row ");
-    row("pale tool tip", "tool tip", "QToolTip { color: #5d6672; }", "QTipLabel");
-    row("pale status line of the viewer", "picture viewer",
-        "QLabel[customStyle=\"labelKorvelDefault\"] { color: #8f9aab; }",
-        "QLabel labelKorvelDefault \"Saved\"");
-    row("pale menu", "context menu", "QMenu { color: #8f9aab; }", "entry \"Save Image As...\"");
-    row("pale chosen entry of the menu", "context menu", "QMenu::item:selected { color: #8f9aab; }",
-        "entry \"Save Image As...\"");
-    row("pale label of the save dialog", "save dialog", "QFileDialog QLabel { color: #8f9aab; }", "QLabel");
-    row("pale text of the box", "error box", "QMessageBox QLabel { color: #8f9aab; }", "QLabel");
-}
-
-void tst_Theme::ABadRuleIsFound()
-{
-    QFETCH(QString, scene);
-    QFETCH(QString, rule);
-    QFETCH(QString, found);
-    const InstalledSheet sheet(true, rule);
-    ShownDialog shown(true);
-    QVERIFY(shown.isShown);
-    Findings findings;
-    SceneCalled(scene)->look(shown, findings);
-    const QString unreadable = findings.unreadable.join(QLatin1Char('\n'));
-    QVERIFY2(unreadable.contains(found), qPrintable(unreadable));
-}
-
-void tst_Theme::KeyboardFocusCanBeSeen()
-{
-    QFETCH(bool, dayMode);
-    const InstalledSheet sheet(dayMode);
-    ShownDialog shown(dayMode);
-    QVERIFY(shown.isShown);
-    QWidget* search = Button(shown.dialog, u"Search"_s);
-    QWidget* reset = Button(shown.dialog, u"Reset"_s);
-    int widgets = 0;
-    for (QWidget* widget : shown.dialog.findChildren<QWidget*>()) {
-        if (!widget->isVisible() || !widget->isEnabled() || widget->window() != &shown.dialog
-            || !(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy())
-            continue;
-        // Some are too small for a ring inside them.
-        const QRect place
-            = QRect(widget->mapTo(&shown.dialog, QPoint()), widget->size()).adjusted(-6, -6, 6, 6);
-        (widget == search ? reset : search)->setFocus(Qt::TabFocusReason);
-        const QImage without = shown.dialog.grab(place).toImage();
-        widget->setFocus(Qt::TabFocusReason);
-        QVERIFY(widget->hasFocus());
-        QVERIFY2(shown.dialog.grab(place).toImage() != without, widget->metaObject()->className());
-        ++widgets;
-    }
-    QVERIFY2(widgets > 20, qPrintable(QString::number(widgets)));
-}
-
-void tst_Theme::EveryStyleValueInUseHasARule()
-{
-    QFETCH(bool, dayMode);
-    const ShownDialog shown(dayMode);
-    QVERIFY(shown.isShown);
-    QCOMPARE(ValuesWithoutRule(&shown.dialog, SheetText(dayMode)), QStringList());
-    // A plain widget can carry a button's value: a rule for the bare value would catch it.
-    for (const QString& selector : Selectors(SheetText(dayMode)))
-        QVERIFY2(!selector.startsWith(QLatin1Char('[')) && !selector.contains(u" ["_s), qPrintable(selector));
-}
-
-void tst_Theme::AMissingRuleIsFound()
-{
-    const ShownDialog shown(true);
-    QVERIFY(shown.isShown);
-    // A rule for another type of widget is none.
-    const QString sheet = SheetText(true)
-                              .replace(u"labelKorvelLight"_s, u"labelKorvelOther"_s)
-                              .replace(u"QScrollArea[customStyle"_s, u"QSplitter[customStyle"_s);
-    QStringList values = ValuesWithoutRule(&shown.dialog, sheet);
-    values.sort();
-    QCOMPARE(values, QStringList({u"labelKorvelLight"_s, u"scrollAreaKorvelDefault"_s}));
-}
-
-void tst_Theme::TheSheetsHaveTheSameSelectors()
-{
-    const QStringList light = Selectors(SheetText(true));
-    QVERIFY(light.size() > 80);
-    QCOMPARE(light, Selectors(SheetText(false)));
-    QVERIFY(SheetText(true) != SheetText(false));
-    for (const bool dayMode : {true, false}) {
-        QVERIFY(!SheetText(dayMode).contains(QLatin1Char('@')));
-        QVERIFY(!Theme(dayMode).WindowStyleSheet().contains(QLatin1Char('@')));
-    }
-}
-
-void tst_Theme::EveryStateHasARule_data()
-{
-    QTest::addColumn<QString>("part");
-    QTest::addColumn<QStringList>("states");
-    const auto row = [](const char* part, const char* states) {
-        QTest::newRow(part) << QString::fromLatin1(part)
-                            << QString::fromLatin1(states).split(QLatin1Char(' '));
-    };
-    row("QPushButton[customStyle=\"buttonKorvelDefault\"]", "hover focus pressed default disabled");
-    row("QLineEdit[customStyle=\"lineEditKorvelDefault\"]", "hover focus disabled");
-    row("QLineEdit[customStyle=\"lineEditKorvelDisplayOnly\"]", "hover focus disabled");
-    row("QTextEdit[customStyle=\"textEditKorvelDisplayOnly\"]", "hover focus disabled");
-    row("QComboBox[customStyle=\"comboBoxKorvelDefault\"]", "hover on focus disabled");
-    row("QComboBox[customStyle=\"comboBoxKorvelDefault\"] QAbstractItemView::item", "hover selected");
-    row("QComboBox[customStyle=\"comboBoxKorvelDefault\"]::down-arrow", "disabled");
-    row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]", "focus disabled");
-    row("QTableView[customStyle=\"tableViewKorvelAudioNetworkDevices\"]::item", "hover selected");
-    row("QHeaderView::section", "hover pressed focus");
-    row("QSplitter[customStyle=\"splitterKorvelDefault\"]::handle", "hover pressed");
-    row("QScrollBar::handle", "hover pressed");
-    row("QLabel[customStyle]", "disabled");
-    row("QMenu::item", "selected disabled");
-}
-
-void tst_Theme::EveryStateHasARule()
-{
-    QFETCH(QString, part);
-    QFETCH(QStringList, states);
-    const QStringList selectors = Selectors(SheetText(true));
-    for (const QString& state : std::as_const(states))
-        QVERIFY2(selectors.contains(part + QLatin1Char(':') + state), qPrintable(state));
-}
-
-void tst_Theme::EveryPictureOfTheSheetsCanBeLoaded()
-{
-    QFETCH(bool, dayMode);
-    static const QRegularExpression reference(u"url\\(\"([^\"]+)\"\\)"_s);
-    const QString folder = Theme(dayMode).VenueDatabaseSheetPath().section(QLatin1Char('/'), 0, -2);
-    int pictures = 0;
-    for (const auto& match : reference.globalMatch(SheetText(dayMode))) {
-        const QString path = folder + QLatin1Char('/') + match.captured(1);
-        QVERIFY2(!QPixmap(path).isNull(), qPrintable(path));
-        ++pictures;
-    }
-    QVERIFY(pictures > 10);
-}
-
-void tst_Theme::ASheetServesFromItsFolder()
-{
-    QFETCH(bool, dayMode);
-    // As it is installed: a host loads the file, and the pictures are found beside it.
-    const QString folder = QStringLiteral(VDB_STYLES_DIR) + (dayMode ? u"/light"_s : u"/dark"_s);
-    qApp->setStyleSheet(u"file:///"_s + folder + u"/venue-database.qss"_s);
+    void ASheetServesFromItsFolder()
     {
-        QMessageBox box(QMessageBox::Warning, u"Error"_s, u"Text"_s);
-        box.show();
-        const QImage drawn = box.iconPixmap().toImage();
-        const QImage expected = QIcon(folder + u"/warning.svg"_s).pixmap(drawn.size()).toImage();
-        QVERIFY(!drawn.isNull());
-        QCOMPARE(drawn.convertToFormat(QImage::Format_ARGB32),
-                 expected.convertToFormat(QImage::Format_ARGB32));
+        QFETCH(bool, dayMode);
+        // As it is installed: a host loads the file, and the pictures are found beside it.
+        const QString folder = QStringLiteral(VDB_STYLES_DIR) + (dayMode ? u"/light"_s : u"/dark"_s);
+        qApp->setStyleSheet(u"file:///"_s + folder + u"/venue-database.qss"_s);
+        {
+            QMessageBox box(QMessageBox::Warning, u"Error"_s, u"Text"_s);
+            box.show();
+            const QImage drawn = box.iconPixmap().toImage();
+            const QImage expected = QIcon(folder + u"/warning.svg"_s).pixmap(drawn.size()).toImage();
+            QVERIFY(!drawn.isNull());
+            QCOMPARE(drawn.convertToFormat(QImage::Format_ARGB32),
+                     expected.convertToFormat(QImage::Format_ARGB32));
+        }
+        qApp->setStyleSheet({});
+        for (const char* name : c_foldingIcons)
+            QVERIFY(!QPixmap(folder + u"/%1.svg"_s.arg(QLatin1String(name))).isNull());
     }
-    qApp->setStyleSheet({});
-    for (const char* name : {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day",
-                             "korvelFoldingWidgetClosed", "korvelFoldingWidgetClosed_day"})
-        QVERIFY(!QPixmap(folder + u"/%1.svg"_s.arg(QLatin1String(name))).isNull());
-}
 
-void tst_Theme::FoldingIconsAreWhereTheModuleLooks_data()
-{
-    QTest::addColumn<QString>("name");
-    for (const char* name : {"korvelFoldingWidgetOpen", "korvelFoldingWidgetOpen_day",
-                             "korvelFoldingWidgetClosed", "korvelFoldingWidgetClosed_day"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-}
+    void FoldingIconsAreWhereTheModuleLooks_data()
+    {
+        const Rows<QString> row("name");
+        for (const char* name : c_foldingIcons)
+            row(name, QString::fromLatin1(name));
+    }
+    void FoldingIconsAreWhereTheModuleLooks()
+    {
+        QFETCH(QString, name);
+        const QImage icon = QPixmap(u":/Resources/%1.svg"_s.arg(name)).toImage();
+        QCOMPARE(icon.size(), QSize(16, 16));
+        // The day icons stand on a light bar, the others on a dark one.
+        const Theme theme(name.endsWith(u"_day"_s));
+        double strongest = 0;
+        for (int y = 0; y < icon.height(); ++y) {
+            for (int x = 0; x < icon.width(); ++x) {
+                const QColor pixel = icon.pixelColor(x, y);
+                if (pixel.alpha() > 200)
+                    strongest = std::max(strongest, Contrast(pixel, theme.Colour(u"caption-bar"_s)));
+            }
+        }
+        QVERIFY2(strongest >= 4.5, qPrintable(QString::number(strongest)));
+    }
 
-void tst_Theme::FoldingIconsAreWhereTheModuleLooks()
-{
-    QFETCH(QString, name);
-    const QImage icon = QPixmap(u":/Resources/%1.svg"_s.arg(name)).toImage();
-    QCOMPARE(icon.size(), QSize(16, 16));
-    // The day icons stand on a light bar, the others on a dark one.
-    const Theme theme(name.endsWith(u"_day"_s));
-    double strongest = 0;
-    for (int y = 0; y < icon.height(); ++y) {
-        for (int x = 0; x < icon.width(); ++x) {
-            const QColor pixel = icon.pixelColor(x, y);
-            if (pixel.alpha() > 200)
-                strongest = std::max(strongest, Contrast(pixel, theme.Colour(u"caption-bar"_s)));
+    void TextsOfThePlanAreReadable_data()
+    {
+        const Rows<QString, QString> row("text", "ground");
+        const auto rows = [&row](const QByteArray& text, const QByteArray& grounds) {
+            for (const QByteArray& ground : grounds.split(' '))
+                row(text + " on " + ground, QString::fromLatin1(text), QString::fromLatin1(ground));
+        };
+        rows("text", "window raised-hover raised-pressed");
+        rows("text-muted", "raised-off");
+        rows("accent-text", "accent accent-hover accent-pressed");
+        rows("plan-text", "plan-paper plan-stage plan-seats plan-floor");
+        rows("plan-text-muted", "plan-paper");
+    }
+    void TextsOfThePlanAreReadable()
+    {
+        const auto [text, ground] = Fetch<QString, QString>();
+        for (const bool dayMode : {true, false}) {
+            const Theme theme(dayMode);
+            const double contrast = Contrast(theme.Colour(text), theme.Colour(ground));
+            QVERIFY2(contrast >= 4.5, qPrintable(u"%1 : 1 in day mode %2"_s.arg(contrast).arg(dayMode)));
         }
     }
-    QVERIFY2(strongest >= 4.5, qPrintable(QString::number(strongest)));
-}
-
-void tst_Theme::TextsOfThePlanAreReadable_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("ground");
-    const struct
-    {
-        const char* text;
-        const char* grounds;
-    } pairs[] = {
-        {"text", "window raised-hover raised-pressed"},
-        {"text-muted", "raised-off"},
-        {"accent-text", "accent accent-hover accent-pressed"},
-        {"plan-text", "plan-paper plan-stage plan-seats plan-floor"},
-        {"plan-text-muted", "plan-paper"},
-    };
-    for (const auto& pair : pairs)
-        for (const QString& ground : QString::fromLatin1(pair.grounds).split(QLatin1Char(' ')))
-            QTest::addRow("%s on %s", pair.text, qPrintable(ground))
-                << QString::fromLatin1(pair.text) << ground;
-}
-
-void tst_Theme::TextsOfThePlanAreReadable()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, ground);
-    for (const bool dayMode : {true, false}) {
-        const Theme theme(dayMode);
-        const double contrast = Contrast(theme.Colour(text), theme.Colour(ground));
-        QVERIFY2(contrast >= 4.5, qPrintable(u"%1 : 1 in day mode %2"_s.arg(contrast).arg(dayMode)));
-    }
-}
+};
 
 QTEST_MAIN(tst_Theme)
 #include "tst_Theme.moc"
