@@ -2,7 +2,6 @@
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureSlider.h>
 #include <ui/PictureView.h>
-#include <ui/TsFileOpener.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbDialog.h>
 #include <ui/VenueDetailsWidget.h>
@@ -29,6 +28,8 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTextEdit>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -87,23 +88,19 @@ struct ShownDialog
         connector.venues = {MakeVenue(7, u"Festspielhaus"_s, u"Germany"_s)};
         connector.onGetPictures = [](qint64) { return TwoPictures(); };
         connector.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(u"stage.tessra"_s)}; };
-        dialog.findChild<VenueDbCentralWidget*>()->SetConnector(&connector);
+        panel->SetConnector(&connector);
         dialog.Open(nullptr);
-        table = dialog.findChild<QTableView*>();
-        details = dialog.findChild<VenueDetailsWidget*>();
-        slider = dialog.findChild<PictureSlider*>();
-        const auto isFound = [this] { return table->model() && table->model()->rowCount() == 1; };
-        if (QTest::qWaitFor(isFound))
-            table->selectRow(0);
-        isShown = QTest::qWaitFor([this] { return details->isVisible() && dialog.isActiveWindow(); });
+        QTRY_COMPARE(RowCount(table), 1);
+        table->selectRow(0);
+        QTRY_VERIFY(details->isVisible() && dialog.isActiveWindow());
     }
 
     ConnectorStub connector;
     VenueDbDialog dialog{nullptr};
-    QTableView* table = nullptr;
-    VenueDetailsWidget* details = nullptr;
-    PictureSlider* slider = nullptr;
-    bool isShown = false;
+    VenueDbCentralWidget* panel = SearchPanel(dialog);
+    QTableView* table = dialog.findChild<QTableView*>();
+    VenueDetailsWidget* details = dialog.findChild<VenueDetailsWidget*>();
+    PictureSlider* slider = dialog.findChild<PictureSlider*>();
 };
 
 /// What a user would call the focused widget: its kind and accessible name.
@@ -124,7 +121,6 @@ private Q_SLOTS:
     void EverythingThatTakesTheFocusHasAName()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         int count = 0;
         for (QWidget* widget : shown.dialog.findChildren<QWidget*>()) {
             if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
@@ -138,7 +134,6 @@ private Q_SLOTS:
     void WidgetsWithoutATextHaveNames()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         QCOMPARE(NameOf(NavigationButton(*shown.slider, 0)), u"Previous picture"_s);
         QCOMPARE(NameOf(NavigationButton(*shown.slider, 1)), u"Next picture"_s);
         QCOMPARE(NameOf(FullscreenButton(*shown.slider)), u"Show pictures full screen"_s);
@@ -155,7 +150,6 @@ private Q_SLOTS:
     void FieldsAreNamedByTheirLabels()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         int count = 0;
         for (const QLabel* label : shown.dialog.findChildren<QLabel*>()) {
             if (!label->buddy())
@@ -170,14 +164,11 @@ private Q_SLOTS:
     void ASliderWithoutAPictureSaysSo()
     {
         PictureSlider slider;
-        QList<Picture> pictures;
-        slider.UpdateUi(&pictures);
+        Show(slider, QList<Picture>());
         QCOMPARE(DescriptionOf(&slider), u"No Image"_s);
-        pictures = TwoPictures();
-        slider.UpdateUi(&pictures);
+        Show(slider, TwoPictures());
         QCOMPARE(DescriptionOf(&slider), QString());
-        pictures[0].SetPictureDataSmall("no picture");
-        slider.UpdateUi(&pictures);
+        Show(slider, {MakePicture("no picture")});
         QCOMPARE(DescriptionOf(&slider), u"Image failure"_s);
     }
 
@@ -207,14 +198,11 @@ private Q_SLOTS:
         PictureFullscreenDialog viewer;
         auto* view = viewer.findChild<PictureView*>();
         QCOMPARE(OwnNameOf(view), u"Picture"_s);
-        QList<Picture> pictures = TwoPictures();
-        viewer.SetPictures(&pictures);
-        viewer.SetPicturesIndex(0);
+        Show(viewer, TwoPictures());
         QCOMPARE(OwnNameOf(view), u"1/2 Stage"_s);
         viewer.ModifyPicturesIndex(1);
         QCOMPARE(OwnNameOf(view), u"2/2 Stage"_s);
-        pictures.clear();
-        viewer.SetPictures(&pictures);
+        Show(viewer, {});
         QCOMPARE(OwnNameOf(view), u"Picture"_s);
     }
 
@@ -222,16 +210,14 @@ private Q_SLOTS:
     {
         // Where alerts are not passed on, a change of the focused button is.
         PictureSlider slider;
-        QList<Picture> pictures = TwoPictures();
-        slider.UpdateUi(&pictures);
+        Show(slider, TwoPictures());
         QCOMPARE(DescriptionOf(NavigationButton(slider, 1)), u"1/2 Stage"_s);
         slider.ShowVenuePic(1);
         for (const int which : {0, 1})
             QCOMPARE(DescriptionOf(NavigationButton(slider, which)), u"2/2 Stage"_s);
 
         PictureFullscreenDialog viewer;
-        viewer.SetPictures(&pictures);
-        viewer.SetPicturesIndex(1);
+        Show(viewer, TwoPictures(), 1);
         for (const int which : {0, 1})
             QCOMPARE(DescriptionOf(NavigationButton(viewer, which)), u"2/2 Stage"_s);
     }
@@ -239,9 +225,8 @@ private Q_SLOTS:
     void DatesAreReadAsTheTableShowsThem()
     {
         ShownDialog shown;
-        QVERIFY(shown.isShown);
         shown.connector.venues = {FilledVenue()};
-        shown.dialog.findChild<VenueDbCentralWidget*>()->PerformQuery();
+        shown.panel->PerformQuery();
         constexpr int c_dateColumn = 5;
         const QVariant date = shown.table->model()->index(0, c_dateColumn).data();
         QVERIFY(date.toDateTime().isValid());
@@ -256,7 +241,6 @@ private Q_SLOTS:
     void NoTwoFieldsOfTheDetailsHaveOneName()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         QStringList names;
         for (QLineEdit* field : shown.details->findChildren<QLineEdit*>())
             names.append(OwnNameOf(field));
@@ -275,7 +259,6 @@ private Q_SLOTS:
     void TheTableIsReadBeforeTheDetails()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         QAccessibleInterface* splitter = Accessible(shown.dialog.findChild<QSplitter*>());
         const int table = splitter->indexOfChild(Accessible(shown.table));
         const int details = splitter->indexOfChild(Accessible(shown.details));
@@ -285,7 +268,6 @@ private Q_SLOTS:
     void TheSplitterCanBeMovedWithoutAMouse()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         auto* splitter = shown.dialog.findChild<QSplitter*>();
         QSplitterHandle* handle = splitter->handle(1);
         QCOMPARE(Accessible(handle)->role(), QAccessible::Separator);
@@ -307,17 +289,12 @@ private Q_SLOTS:
     void ThePanelIsBusyWhileItLoads()
     {
         ShownDialog shown;
-        QVERIFY(shown.isShown);
-        auto* panel = shown.dialog.findChild<VenueDbCentralWidget*>();
-        QVERIFY(!Accessible(panel)->state().busy);
+        QVERIFY(!Accessible(shown.panel)->state().busy);
         bool wasBusy = false;
-        shown.connector.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
-            wasBusy = Accessible(panel)->state().busy;
-            return Ok;
-        };
-        panel->PerformQuery();
+        shown.connector.duringCall = [&] { wasBusy = Accessible(shown.panel)->state().busy; };
+        shown.panel->PerformQuery();
         QVERIFY(wasBusy);
-        QVERIFY(!Accessible(panel)->state().busy);
+        QVERIFY(!Accessible(shown.panel)->state().busy);
     }
 
     void APressDuringTheWaitCountsAfterIt_data()
@@ -328,23 +305,19 @@ private Q_SLOTS:
     }
     void APressDuringTheWaitCountsAfterIt()
     {
-        QFETCH(QString, button);
-        QFETCH(int, filters);
+        const auto [button, filters] = Fetch<QString, int>();
         ShownDialog shown;
-        QVERIFY(shown.isShown);
-        auto* panel = shown.dialog.findChild<VenueDbCentralWidget*>();
-        panel->findChild<QLineEdit*>()->setText(u"hall"_s);
+        shown.panel->findChild<QLineEdit*>()->setText(u"hall"_s);
         shown.connector.searches.clear();
-        shown.connector.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
+        shown.connector.duringCall = [&] {
             if (shown.connector.searches.size() == 1) {
                 // The press takes effect in the event loop of the wait.
-                Press(Button(*panel, button));
-                QSignalSpy clicks(Button(*panel, button), &QPushButton::clicked);
+                Press(Button(*shown.panel, button));
+                QSignalSpy clicks(Button(*shown.panel, button), &QPushButton::clicked);
                 clicks.wait();
             }
-            return Ok;
         };
-        panel->PerformQuery();
+        shown.panel->PerformQuery();
         QCOMPARE(shown.connector.searches.size(), 2);
         // A search, and the country list after it.
         QTRY_COMPARE(shown.connector.searches.size(), 4);
@@ -354,17 +327,15 @@ private Q_SLOTS:
     void APressIsForgottenWhenTheUserGivesUp()
     {
         ShownDialog shown;
-        QVERIFY(shown.isShown);
-        auto* panel = shown.dialog.findChild<VenueDbCentralWidget*>();
         shown.connector.searches.clear();
-        shown.connector.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
-            if (shown.connector.searches.size() > 1)
-                return Ok;
-            Button(*panel, u"Search"_s)->click();
-            return Timeout;
+        shown.connector.duringCall = [&] {
+            const bool isFirst = shown.connector.searches.size() == 1;
+            shown.connector.result = isFirst ? Timeout : Ok;
+            if (isFirst)
+                Button(*shown.panel, u"Search"_s)->click();
         };
         const auto driver = AnswerBox(QMessageBox::Close);
-        panel->PerformQuery();
+        shown.panel->PerformQuery();
         QVERIFY(!shown.dialog.isVisible());
         QCoreApplication::processEvents();
         QCOMPARE(shown.connector.searches.size(), 1);
@@ -373,37 +344,13 @@ private Q_SLOTS:
     void TabLeadsThroughTheDialogAsItIsRead()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
-        const QStringList order = {u"Complex name:"_s,
-                                   u"Venue/room name:"_s,
-                                   u"City:"_s,
-                                   u"Country:"_s,
-                                   u"Search"_s,
-                                   u"Reset"_s,
-                                   u"Sort by Complex name"_s,
-                                   u"Venues"_s,
-                                   u"Collapse venue details"_s,
-                                   u"Previous picture"_s,
-                                   u"Next picture"_s,
-                                   u"Show pictures full screen"_s,
-                                   u"ID:"_s,
-                                   u"Editing date (UTC):"_s,
-                                   u"Upload date:"_s,
-                                   u"Complex name:"_s,
-                                   u"Venue/room name:"_s,
-                                   u"File selector: "_s,
-                                   u"Import to Tessra"_s,
-                                   u"General comment:"_s,
-                                   u"Address:"_s,
-                                   u"Location comment:"_s,
-                                   u"Address:"_s,
-                                   u"Comment:"_s,
-                                   u"Clearance of house grid (m):"_s,
-                                   u"Comment:"_s,
-                                   u"Close"_s,
-                                   u"Help"_s};
-        shown.dialog.findChild<VenueDbCentralWidget*>()->findChild<QLineEdit*>()->setFocus(
-            Qt::TabFocusReason);
+        const QStringList order
+            = u"Complex name:|Venue/room name:|City:|Country:|Search|Reset|Sort by Complex name|Venues|"
+              "Collapse venue details|Previous picture|Next picture|Show pictures full screen|ID:|"
+              "Editing date (UTC):|Upload date:|Complex name:|Venue/room name:|File selector: |"
+              "Import to Tessra|General comment:|Address:|Location comment:|Address:|Comment:|"
+              "Clearance of house grid (m):|Comment:|Close|Help"_s.split(u'|');
+        shown.panel->findChild<QLineEdit*>()->setFocus(Qt::TabFocusReason);
         QStringList found;
         for (qsizetype i = 0; i < order.size(); ++i) {
             found.append(FocusedName());
@@ -416,49 +363,35 @@ private Q_SLOTS:
         QCOMPARE(FocusedName(), order.last());
     }
 
-    void NavigationButtonsWorkWithoutAMouse_data()
+    void NavigationButtonsWorkAlsoWithoutAMouse_data()
     {
-        const Rows<bool> row("byKey");
-        row("Space", true);
-        row("a screen reader's press", false);
+        const Rows<std::function<void(QPushButton*)>, int> row("press", "clicks");
+        row("Space", [](QPushButton* button) { QTest::keyClick(button, Qt::Key_Space); }, 1);
+        row("a screen reader's press", &Press, 1);
+        row(
+            "a mouse press navigates once and does not click",
+            [](QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }, 0);
     }
-    void NavigationButtonsWorkWithoutAMouse()
+    void NavigationButtonsWorkAlsoWithoutAMouse()
     {
-        QFETCH(bool, byKey);
+        const auto [press, clicks] = Fetch<std::function<void(QPushButton*)>, int>();
         for (const int direction : {-1, 1}) {
             QWidget parent;
             parent.resize(500, 240);
             PictureNavigationButton button(direction, &parent);
             parent.show();
             QSignalSpy requests(&button, &PictureNavigationButton::PictureNavigationClicked);
-            QSignalSpy clicks(&button, &QPushButton::clicked);
-            if (byKey)
-                QTest::keyClick(&button, Qt::Key_Space);
-            else
-                Press(&button);
+            QSignalSpy clicked(&button, &QPushButton::clicked);
+            press(&button);
             QTRY_COMPARE(requests.size(), 1);
             QCOMPARE(requests.first().first().toInt(), direction);
-            QCOMPARE(clicks.size(), 1);
+            QCOMPARE(clicked.size(), clicks);
         }
-    }
-
-    void AMousePressNavigatesOnceAndDoesNotClick()
-    {
-        QWidget parent;
-        parent.resize(500, 240);
-        PictureNavigationButton button(1, &parent);
-        parent.show();
-        QSignalSpy requests(&button, &PictureNavigationButton::PictureNavigationClicked);
-        QSignalSpy clicks(&button, &QPushButton::clicked);
-        QTest::mouseClick(&button, Qt::LeftButton);
-        QCOMPARE(requests.size(), 1);
-        QCOMPARE(clicks.size(), 0);
     }
 
     void TheSliderStepsAndOpensWithoutAMouse()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         QCOMPARE(Caption(*shown.slider)->text(), u"1/2 Stage"_s);
         Press(NavigationButton(*shown.slider, 1));
         QTRY_COMPARE(Caption(*shown.slider)->text(), u"2/2 Stage"_s);
@@ -485,7 +418,6 @@ private Q_SLOTS:
     void TheFoldIconIsAButtonForKeyboardAndScreenReader()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         QLabel* icon = FoldIcon(*shown.details);
         QVERIFY(icon);
         const auto* body = shown.details->findChild<QScrollArea*>();
@@ -516,7 +448,6 @@ private Q_SLOTS:
     void ADisabledFoldIconCannotBePressed()
     {
         const ShownDialog shown;
-        QVERIFY(shown.isShown);
         shown.details->setEnabled(false);
         QLabel* icon = FoldIcon(*shown.details);
         QVERIFY(!Accessible(icon)->actionInterface()->actionNames().contains(
@@ -527,31 +458,29 @@ private Q_SLOTS:
 
     void FocusShowsWhenItCameByKeyboardOnly_data()
     {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<bool>("dayMode");
+        using Finder = std::function<QWidget*(const ShownDialog&)>;
+        const Rows<Finder, Finder, bool> row("target", "showsIt", "dayMode");
+        const Finder slider = [](const ShownDialog& shown) { return shown.slider; };
+        const Finder icon = [](const ShownDialog& shown) { return FoldIcon(*shown.details); };
         for (const bool dayMode : {false, true}) {
-            for (const char* target : {"navigation button", "full-screen button", "fold icon"}) {
-                QTest::addRow("%s, %s", target, dayMode ? "day" : "night")
-                    << QString::fromLatin1(target) << dayMode;
-            }
+            const QByteArray mode = dayMode ? "day" : "night";
+            row(
+                "navigation button, " + mode,
+                [](const ShownDialog& shown) { return NavigationButton(*shown.slider, 0); }, slider, dayMode);
+            row(
+                "full-screen button, " + mode,
+                [](const ShownDialog& shown) { return FullscreenButton(*shown.slider); }, slider, dayMode);
+            row("fold icon, " + mode, icon, icon, dayMode);
         }
     }
     void FocusShowsWhenItCameByKeyboardOnly()
     {
-        QFETCH(QString, target);
-        QFETCH(bool, dayMode);
+        using Finder = std::function<QWidget*(const ShownDialog&)>;
+        const auto [target, showsIt, dayMode] = Fetch<Finder, Finder, bool>();
         ShownDialog shown;
-        QVERIFY(shown.isShown);
         shown.dialog.SetDayMode(dayMode);
-        QWidget* widget = FoldIcon(*shown.details);
-        QWidget* shownIn = widget;
-        if (target == "navigation button"_L1) {
-            widget = NavigationButton(*shown.slider, 0);
-            shownIn = shown.slider;
-        } else if (target == "full-screen button"_L1) {
-            widget = FullscreenButton(*shown.slider);
-            shownIn = shown.slider;
-        }
+        QWidget* widget = target(shown);
+        QWidget* shownIn = showsIt(shown);
         // Not over the buttons, which would light up.
         shown.table->setFocus(Qt::MouseFocusReason);
         const QImage before = shownIn->grab().toImage();
