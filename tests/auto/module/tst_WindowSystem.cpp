@@ -1,12 +1,11 @@
 #include <ui/PictureFullscreenDialog.h>
-#include <ui/PictureSlider.h>
 #include <ui/PictureView.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbDialog.h>
 #include <ui/VenueDbSignalHandler.h>
-#include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
+#include <tests/support/EventCounter.h>
 #include <tests/support/GeneratedServer.h>
 #include <tests/support/PictureFixtures.h>
 #include <tests/support/Records.h>
@@ -14,7 +13,6 @@
 #include <tests/support/StrictTest.h>
 #include <tests/support/Widgets.h>
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProcess>
@@ -24,7 +22,6 @@
 #include <QTableView>
 #include <QTimer>
 
-#include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -51,29 +48,25 @@ QStringList ClickAt(const QWidget* widget)
     return {u"mousemove"_s, QString::number(center.x()), QString::number(center.y()), u"click"_s, u"1"_s};
 }
 
-/// Notes the mouse presses that reach a widget, each with what a function said at that moment.
-class PressRecorder : public QObject
+/// The dialog that asks the stub, opened and filled.
+struct FilledDialog : VenueDbDialog
 {
-public:
-    PressRecorder(QWidget* widget, std::function<bool()> question)
-        : m_question(std::move(question))
+    explicit FilledDialog(ConnectorStub& stub)
     {
-        widget->installEventFilter(this);
+        SearchPanel(*this)->SetConnector(&stub);
+        Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(this));
+        QTRY_COMPARE(stub.searches.size(), 2);
     }
-
-    QList<bool> answers;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::MouseButtonPress)
-            answers.append(m_question());
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    std::function<bool()> m_question;
 };
+
+/// Clicks and moves go by whole pixels, and the window manager may add its frame.
+void VerifyNear(const QPoint& shown, const QPoint& expected, int tolerance)
+{
+    const QPoint distance = shown - expected;
+    QVERIFY2(qAbs(distance.x()) <= tolerance && qAbs(distance.y()) <= tolerance,
+             qPrintable(u"%1, %2"_s.arg(distance.x()).arg(distance.y())));
+}
 
 } // namespace
 
@@ -84,11 +77,6 @@ class tst_WindowSystem : public StrictTest
 
 private:
     ConnectorStub m_stub;
-
-    static VenueDbCentralWidget* PanelOf(const VenueDbDialog& dialog)
-    {
-        return dialog.findChild<VenueDbCentralWidget*>();
-    }
 
 private Q_SLOTS:
     void initTestCase()
@@ -121,22 +109,20 @@ private Q_SLOTS:
             const auto requests = server->Log().Requests(u"filter[title]"_s);
             return !requests.isEmpty() && requests.first().status != 0;
         };
-        const PressRecorder presses(close, isAnswered);
+        QList<bool> pressesAfterTheAnswer;
+        const EventCounter presses(close, QEvent::MouseButtonPress,
+                                   [&] { pressesAfterTheAnswer.append(isAnswered()); });
         bool isClickMade = false;
         QTimer::singleShot(200, &dialog, [&]() { isClickMade = XdoTool(ClickAt(close)) && !isAnswered(); });
-        PanelOf(dialog)->PerformQuery();
+        SearchPanel(dialog)->PerformQuery();
         QVERIFY2(isClickMade, "the click came too late to show anything");
-        QTRY_COMPARE(presses.answers, QList<bool>{true});
+        QTRY_COMPARE(pressesAfterTheAnswer, QList<bool>{true});
         QTRY_VERIFY(dialog.isHidden());
     }
 
     void ReturnTypedInAFieldSearches()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
-        dialog.Open(nullptr);
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTRY_COMPARE(m_stub.searches.size(), 2);
+        FilledDialog dialog(m_stub);
         for (int field = 0; field < 3; ++field) {
             m_stub.searches.clear();
             QLineEdit* lineEdit = dialog.findChildren<QLineEdit*>().at(field);
@@ -153,8 +139,7 @@ private Q_SLOTS:
     {
         m_stub.venues = {MakeVenue(7, u"Hall"_s)};
         m_stub.onGetFiles = [](qint64) { return QList<TsFile>{MakeFile(u"hall.tessra"_s)}; };
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
+        FilledDialog dialog(m_stub);
         // As a host answers that could not read the file.
         QPointer<QMessageBox> box;
         int requests = 0;
@@ -168,9 +153,6 @@ private Q_SLOTS:
                     connect(box, &QDialog::finished, &dialog, [&] { dialog.SetVenueLoaded(true); });
                     box->open();
                 });
-        dialog.Open(nullptr);
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTRY_COMPARE(m_stub.searches.size(), 2);
         dialog.findChild<QTableView*>()->selectRow(0);
         QPushButton* import = Button(dialog, u"Import to Tessra"_s);
         import->setFocus(Qt::TabFocusReason);
@@ -189,11 +171,7 @@ private Q_SLOTS:
     void SplitterDraggedToTheBottomKeepsTheDetails()
     {
         m_stub.venues = {MakeVenue(7, u"Hall"_s)};
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
-        dialog.Open(nullptr);
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTRY_COMPARE(m_stub.searches.size(), 2);
+        FilledDialog dialog(m_stub);
         dialog.findChild<QTableView*>()->selectRow(0);
         auto* splitter = dialog.findChild<QSplitter*>();
         QTRY_VERIFY(splitter->sizes().value(1) > 300);
@@ -217,7 +195,7 @@ private Q_SLOTS:
     {
         QFETCH(Qt::WindowState, state);
         VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
+        SearchPanel(dialog)->SetConnector(&m_stub);
         dialog.Open(nullptr);
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         dialog.setGeometry(40, 60, 1200, 800);
@@ -229,19 +207,12 @@ private Q_SLOTS:
         const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
         QTRY_COMPARE(dialog.size(), QSize(1062, 768));
         QTRY_VERIFY(!dialog.isMaximized() && !dialog.isMinimized());
-        // The window manager may add its frame to the position.
-        const QPoint distance = dialog.geometry().center() - available.center();
-        QVERIFY2(qAbs(distance.x()) <= 30 && qAbs(distance.y()) <= 30,
-                 qPrintable(u"%1, %2"_s.arg(distance.x()).arg(distance.y())));
+        VerifyNear(dialog.geometry().center(), available.center(), 30);
     }
 
     void TitleBarCloseHidesTheDialog()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
-        dialog.Open(nullptr);
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTRY_COMPARE(m_stub.searches.size(), 2);
+        FilledDialog dialog(m_stub);
         QVERIFY(XdoTool({u"key"_s, u"alt+F4"_s}));
         QTRY_VERIFY(dialog.isHidden());
     }
@@ -286,9 +257,7 @@ private Q_SLOTS:
         const double fitted = view->transform().m11();
         QVERIFY(XdoTool(input));
         QTRY_COMPARE(view->transform().m11(), fitted * PictureView::c_zoomStep);
-        const QPoint distance = view->mapFromScene(pointed) - position;
-        QVERIFY2(qAbs(distance.x()) <= 2 && qAbs(distance.y()) <= 2,
-                 qPrintable(u"%1, %2"_s.arg(distance.x()).arg(distance.y())));
+        VerifyNear(view->mapFromScene(pointed), position, 2);
         viewer.hide();
     }
 
@@ -297,7 +266,7 @@ private Q_SLOTS:
         // Often enough to be sure: a refused close cancels a quit only now and then.
         for (int round = 0; round < 10; ++round) {
             VenueDbDialog dialog;
-            PanelOf(dialog)->SetConnector(&m_stub);
+            SearchPanel(dialog)->SetConnector(&m_stub);
             dialog.Open(nullptr);
             QVERIFY(QTest::qWaitForWindowExposed(&dialog));
             QTimer::singleShot(10000, &dialog, []() { QCoreApplication::exit(99); });
