@@ -4,7 +4,6 @@
 #include <ui/PictureSlider.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbSignalHandler.h>
-#include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
 #include <tests/support/ModalDriver.h>
@@ -13,7 +12,6 @@
 #include <tests/support/StrictTest.h>
 #include <tests/support/Widgets.h>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
@@ -34,28 +32,38 @@ using namespace korvel::Data::VenueDatabase;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 
+namespace {
+
+/// A dialog that asks \p stub.
+struct StubbedDialog : VenueDbDialog
+{
+    explicit StubbedDialog(ConnectorStub& stub)
+    {
+        SearchPanel(*this)->SetConnector(&stub);
+    }
+};
+
+/// The same, open and filled.
+struct FilledDialog : StubbedDialog
+{
+    explicit FilledDialog(ConnectorStub& stub)
+        : StubbedDialog(stub)
+    {
+        Open(nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(this));
+        QTRY_COMPARE(stub.calls.size(), 2);
+    }
+    QTableView* table = findChild<QTableView*>();
+};
+
+} // namespace
+
 class tst_VenueDbDialog : public StrictTest
 {
     Q_OBJECT
 
 private:
     ConnectorStub m_stub;
-
-    static VenueDbCentralWidget* PanelOf(const VenueDbDialog& dialog)
-    {
-        return dialog.findChild<VenueDbCentralWidget*>();
-    }
-
-    static void ExpectOpenedGeometry(const VenueDbDialog& dialog)
-    {
-        const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
-        QCOMPARE(dialog.size(), QSize(1062, 768));
-        QCOMPARE(dialog.geometry(),
-                 QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, QSize(1062, 768), available));
-        QVERIFY(dialog.isVisible());
-        QVERIFY(!dialog.isMaximized());
-        QVERIFY(!dialog.isMinimized());
-    }
 
 private Q_SLOTS:
     void init()
@@ -77,8 +85,8 @@ private Q_SLOTS:
         QCOMPARE(dialog.windowFlags(),
                  Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint | Qt::WindowTitleHint
                      | Qt::WindowSystemMenuHint);
-        QVERIFY(PanelOf(dialog));
-        QCOMPARE(dialog.layout()->itemAt(0)->widget(), PanelOf(dialog));
+        QVERIFY(SearchPanel(dialog));
+        QCOMPARE(dialog.layout()->itemAt(0)->widget(), SearchPanel(dialog));
         QCOMPARE(dialog.GetVdbConnectionInfo(), QString());
     }
 
@@ -123,46 +131,42 @@ private Q_SLOTS:
             dialog.DisconnectVdb();
         else
             dialog.ConnectVdb(u"OTHER"_s);
-        PanelOf(dialog)->PerformQuery();
+        SearchPanel(dialog)->PerformQuery();
         QVERIFY(!dialog.findChild<QTableView*>()->model());
     }
 
     void OpenCentresTheDialogOnTheScreen_data()
     {
-        const Rows<bool> row("givesScreen");
-        row("given screen", true);
-        row("primary screen for null", false);
+        const Rows<bool, bool, Qt::WindowState> row("givesScreen", "isReopened", "stateBefore");
+        row("given screen", true, false, Qt::WindowNoState);
+        row("primary screen for null", false, false, Qt::WindowNoState);
+        row("resized", false, true, Qt::WindowNoState);
+        row("maximised", false, true, Qt::WindowMaximized);
+        row("minimised", false, true, Qt::WindowMinimized);
     }
     void OpenCentresTheDialogOnTheScreen()
     {
-        QFETCH(bool, givesScreen);
+        const auto [givesScreen, isReopened, stateBefore] = Fetch<bool, bool, Qt::WindowState>();
         VenueDbDialog dialog;
-        dialog.Open(givesScreen ? QGuiApplication::primaryScreen() : nullptr);
-        ExpectOpenedGeometry(dialog);
-    }
-
-    void OpenRestoresSizeAndState_data()
-    {
-        const Rows<Qt::WindowState> row("state");
-        row("resized", Qt::WindowNoState);
-        row("maximised", Qt::WindowMaximized);
-        row("minimised", Qt::WindowMinimized);
-    }
-    void OpenRestoresSizeAndState()
-    {
-        QFETCH(Qt::WindowState, state);
-        VenueDbDialog dialog;
-        dialog.Open(nullptr);
-        dialog.setGeometry(10, 10, 1200, 790);
-        dialog.setWindowState(state);
-        dialog.Open(nullptr);
-        ExpectOpenedGeometry(dialog);
+        if (isReopened) {
+            dialog.Open(nullptr);
+            dialog.setGeometry(10, 10, 1200, 790);
+            dialog.setWindowState(stateBefore);
+        }
+        QScreen* primary = QGuiApplication::primaryScreen();
+        dialog.Open(givesScreen ? primary : nullptr);
+        QCOMPARE(dialog.size(), QSize(1062, 768));
+        QCOMPARE(dialog.geometry(),
+                 QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, QSize(1062, 768),
+                                     primary->availableGeometry()));
+        QVERIFY(dialog.isVisible());
+        QVERIFY(!dialog.isMaximized());
+        QVERIFY(!dialog.isMinimized());
     }
 
     void OpenSearchesWhenControlIsBackInTheEventLoop()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
+        StubbedDialog dialog(m_stub);
         dialog.Open(nullptr);
         QVERIFY(m_stub.calls.isEmpty());
         QTRY_COMPARE(m_stub.calls.size(), 2);
@@ -170,25 +174,16 @@ private Q_SLOTS:
 
     void ProgressIsShownInTheFrame()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
+        StubbedDialog dialog(m_stub);
         QString textMeanwhile;
-        m_stub.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
-            textMeanwhile = dialog.GetStatusLabel()->text();
-            return Ok;
-        };
-        PanelOf(dialog)->PerformQuery();
+        m_stub.duringCall = [&] { textMeanwhile = dialog.GetStatusLabel()->text(); };
+        SearchPanel(dialog)->PerformQuery();
         QCOMPARE(textMeanwhile, u"Loading..."_s);
     }
 
     void ClosingOnlyHides()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
-        dialog.Open(nullptr);
-        QTRY_COMPARE(m_stub.calls.size(), 2);
-        QTableView* table = dialog.findChild<QTableView*>();
-
+        FilledDialog dialog(m_stub);
         QCloseEvent event;
         QApplication::sendEvent(&dialog, &event);
         QVERIFY(!event.isAccepted());
@@ -196,17 +191,13 @@ private Q_SLOTS:
 
         dialog.Open(nullptr);
         QCoreApplication::processEvents();
-        QCOMPARE(table->model()->rowCount(), 2);
+        QCOMPARE(RowCount(dialog.table), 2);
         QCOMPARE(m_stub.calls.size(), 2);
     }
 
     void ReopenedDialogStartsInTheFirstField()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
-        dialog.Open(nullptr);
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTRY_COMPARE(m_stub.calls.size(), 2);
+        FilledDialog dialog(m_stub);
         QPushButton* close = Button(dialog, u"Close"_s);
         close->setFocus();
         QTest::keyClick(close, Qt::Key_Space);
@@ -222,22 +213,16 @@ private Q_SLOTS:
 
     void OpeningAnOpenDialogLeavesTheFocus()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
+        FilledDialog dialog(m_stub);
+        dialog.table->setFocus();
         dialog.Open(nullptr);
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTRY_COMPARE(m_stub.calls.size(), 2);
-        auto* table = dialog.findChild<QTableView*>();
-        table->setFocus();
-        dialog.Open(nullptr);
-        QCOMPARE(dialog.focusWidget(), table);
+        QCOMPARE(dialog.focusWidget(), dialog.table);
     }
 
     void GivingUpHidesTheDialog()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
-        m_stub.onFindVenues = [](const ConnectorStub::Filters&, QList<Venue>&) { return Timeout; };
+        StubbedDialog dialog(m_stub);
+        m_stub.result = Timeout;
         const auto driver = AnswerBox(QMessageBox::Close);
         dialog.Open(nullptr);
         QTRY_VERIFY(dialog.isHidden());
@@ -264,11 +249,8 @@ private Q_SLOTS:
 
     void DayModeReachesTheDetails()
     {
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
-        dialog.Open(nullptr);
-        QTRY_COMPARE(m_stub.calls.size(), 2);
-        dialog.findChild<QTableView*>()->selectRow(0);
+        FilledDialog dialog(m_stub);
+        dialog.table->selectRow(0);
         auto* slider = dialog.findChild<PictureSlider*>();
         const auto corner = [slider]() { return slider->grab().toImage().pixelColor(250, 2); };
         dialog.SetDayMode(true);
@@ -286,8 +268,7 @@ private Q_SLOTS:
     void QuittingIsNotStoppedByVisibleWindows()
     {
         QFETCH(bool, opensViewer);
-        VenueDbDialog dialog;
-        PanelOf(dialog)->SetConnector(&m_stub);
+        StubbedDialog dialog(m_stub);
         dialog.Open(nullptr);
         if (opensViewer)
             dialog.findChild<PictureFullscreenDialog*>()->Open();
@@ -308,8 +289,7 @@ private Q_SLOTS:
     void DialogMayBeDeletedDuringTheSearch()
     {
         QFETCH(bool, later);
-        const QPointer<VenueDbDialog> dialog = new VenueDbDialog;
-        PanelOf(*dialog)->SetConnector(&m_stub);
+        const QPointer<VenueDbDialog> dialog = new StubbedDialog(m_stub);
         m_stub.onFindVenues = [&](const ConnectorStub::Filters&, QList<Venue>&) {
             // As inside the connector's wait.
             QEventLoop loop;
@@ -330,11 +310,7 @@ private Q_SLOTS:
 
     void DeferredDeletionWaitsForTheDetails()
     {
-        const QPointer<VenueDbDialog> dialog = new VenueDbDialog;
-        VenueDbCentralWidget* panel = PanelOf(*dialog);
-        panel->SetConnector(&m_stub);
-        dialog->Open(nullptr);
-        QTRY_COMPARE(m_stub.calls.size(), 2);
+        const QPointer<FilledDialog> dialog = new FilledDialog(m_stub);
         bool wasAliveAfterTheEvent = false;
         m_stub.onGetPictures = [&](qint64) {
             QEventLoop loop;
@@ -350,7 +326,7 @@ private Q_SLOTS:
             return QList<Picture>();
         };
         // A real click: Qt's view code is on the stack while the details load.
-        ClickRow(dialog->findChild<QTableView*>(), 0);
+        ClickRow(dialog->table, 0);
         QVERIFY(wasAliveAfterTheEvent);
         QTRY_VERIFY(!dialog);
     }
@@ -360,15 +336,14 @@ private Q_SLOTS:
         const QPointer<VenueDbDialog> dialog = new VenueDbDialog;
         // Two connectors: the dialog's own, real one ends with the dialog's decision; the stub tells when.
         dialog->ConnectVdb(u"JSONREST"_s);
-        PanelOf(*dialog)->SetConnector(&m_stub);
+        SearchPanel(*dialog)->SetConnector(&m_stub);
         dialog->Open(nullptr);
         QTRY_COMPARE(m_stub.calls.size(), 2);
         bool wasVisibleAfterTheEvent = true;
-        m_stub.onGetPictures = [&](qint64) {
+        m_stub.duringCall = [&] {
             dialog->deleteLater();
             QCoreApplication::sendPostedEvents(dialog, QEvent::DeferredDelete);
             wasVisibleAfterTheEvent = dialog && dialog->isVisible();
-            return QList<Picture>();
         };
         dialog->findChild<QTableView*>()->selectRow(1);
         QTRY_VERIFY(!dialog);

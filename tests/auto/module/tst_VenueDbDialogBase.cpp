@@ -13,7 +13,6 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QVBoxLayout>
 
 #include <memory>
 
@@ -199,9 +198,7 @@ private Q_SLOTS:
     }
     void CtrlBAsksForTheOtherAppearance()
     {
-        QFETCH(int, key);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(int, requests);
+        const auto [key, modifiers, requests] = Fetch<int, Qt::KeyboardModifiers, int>();
         VenueDbDialogBase dialog;
         QSignalSpy own(&dialog, &VenueDbDialogBase::DayModeChangeRequested);
         QSignalSpy hub(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::DayModeChangeRequested);
