@@ -87,10 +87,7 @@ private Q_SLOTS:
     }
     void TooLargePictureIsShownAtHalfItsSize()
     {
-        QFETCH(QByteArray, format);
-        QFETCH(QSize, size);
-        QFETCH(QSize, shown);
-        QFETCH(int, refusals);
+        const auto [format, size, shown, refusals] = Fetch<QByteArray, QSize, QSize, int>();
         ExpectRefusals(refusals);
         PictureFullscreenDialog viewer;
         viewer.SetImage(EncodedPicture(size, Qt::blue, format));
@@ -124,18 +121,13 @@ private Q_SLOTS:
     }
     void TooLargePictureDoesNotReplaceAGoodOne()
     {
-        QFETCH(QByteArray, medium);
-        QFETCH(QByteArray, large);
-        QFETCH(QSize, shown);
-        QFETCH(int, refusals);
+        const auto [medium, large, shown, refusals] = Fetch<QByteArray, QByteArray, QSize, int>();
         ExpectRefusals(refusals);
         Picture picture = MakePicture(EncodedPicture(QSize(40, 30), Qt::green));
         picture.SetPictureDataMedium(medium);
         picture.SetPictureUrlLarge(c_largeUrl);
         PictureFullscreenDialog viewer;
-        QList<Picture> pictures = {picture};
-        viewer.SetPictures(&pictures);
-        viewer.SetPicturesIndex(0);
+        Show(viewer, {picture});
         viewer.OnPictureBinaryDataFinished(QUrl(c_largeUrl), large);
         QCOMPARE(ShownSize(viewer), shown);
         QCOMPARE(viewer.GetStatusLabel()->text(), QString());
@@ -161,12 +153,9 @@ private Q_SLOTS:
     }
     void TurnedPictureIsUpright()
     {
-        QFETCH(int, orientation);
-        QFETCH(QSize, size);
-        QFETCH(QColor, first);
-        QFETCH(QColor, last);
+        const auto [orientation, size, first, last] = Fetch<int, QSize, QColor, QColor>();
         const QByteArray bytes = TurnedPicture(orientation);
-        QList<Picture> pictures = {MakePicture(bytes, bytes)};
+        const QList<Picture> pictures = {MakePicture(bytes, bytes)};
         const auto verifyHalves = [&](const QImage& image, const QRect& place) {
             // Red and blue lie above each other or side by side.
             const QPoint step
@@ -176,14 +165,13 @@ private Q_SLOTS:
         };
 
         PictureSlider slider;
-        slider.UpdateUi(&pictures);
+        Show(slider, pictures);
         const int drawnWidth = 240 * size.width() / size.height();
         // Above the caption band.
         verifyHalves(Painted(slider), QRect((500 - drawnWidth) / 2, 0, drawnWidth, 240));
 
         PictureFullscreenDialog viewer;
-        viewer.SetPictures(&pictures);
-        viewer.SetPicturesIndex(0);
+        Show(viewer, pictures);
         QCOMPARE(ShownSize(viewer), size);
         verifyHalves(ShownPicture(viewer), QRect(QPoint(0, 0), size));
 

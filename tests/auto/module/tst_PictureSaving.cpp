@@ -6,6 +6,7 @@
 #include <tests/support/Records.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QDir>
 #include <QFileDialog>
@@ -13,7 +14,6 @@
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPointer>
 #include <QTemporaryDir>
 
@@ -36,12 +36,6 @@ std::unique_ptr<PictureFullscreenDialog> Viewer()
     return viewer;
 }
 
-void Save(QFileDialog* fileDialog, const QString& name)
-{
-    fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(name);
-    static_cast<QDialog*>(fileDialog)->accept();
-}
-
 /// Behaves as a dialog of the desktop's that adds the suffix only after it has looked for a file to ask
 /// about: it asks nothing, and \p existing, if any, is there.
 void SaveOnADesktop(QFileDialog* fileDialog, const QString& name, const QString& existing)
@@ -50,7 +44,7 @@ void SaveOnADesktop(QFileDialog* fileDialog, const QString& name, const QString&
     fileDialog->setAttribute(Qt::WA_DontShowOnScreen);
     if (!existing.isEmpty())
         QFile::remove(existing);
-    Save(fileDialog, name);
+    SaveAs(fileDialog, name);
     if (!existing.isEmpty())
         WriteFile(existing, "old");
 }
@@ -101,8 +95,7 @@ private Q_SLOTS:
     }
     void ReplacesAFileThatTheDesktopDidNotAskAboutOnlyAfterAQuestion()
     {
-        QFETCH(QMessageBox::StandardButton, answer);
-        QFETCH(bool, isReplaced);
+        const auto [answer, isReplaced] = Fetch<QMessageBox::StandardButton, bool>();
         const auto viewer = Viewer();
         const ModalDriver<QFileDialog> user(
             [this](QFileDialog* fileDialog) { SaveOnADesktop(fileDialog, m_path.chopped(4), m_path); });
@@ -138,8 +131,7 @@ private Q_SLOTS:
     }
     void AsksNoSecondTime()
     {
-        QFETCH(bool, exists);
-        QFETCH(QString, typed);
+        const auto [exists, typed] = Fetch<bool, QString>();
         QFile::remove(m_path);
         const auto viewer = Viewer();
         const ModalDriver<QFileDialog> user(
@@ -155,7 +147,7 @@ private Q_SLOTS:
         WriteFile(m_path, "old");
         const auto viewer = Viewer();
         const ModalDriver<QFileDialog> user(
-            [this](QFileDialog* fileDialog) { Save(fileDialog, m_path.chopped(4)); });
+            [this](QFileDialog* fileDialog) { SaveAs(fileDialog, m_path.chopped(4)); });
         std::unique_ptr<BoxDriver> secondQuestion;
         const BoxDriver question([&](QMessageBox* box) {
             secondQuestion = AnswerBox(QMessageBox::No);

@@ -4,6 +4,7 @@
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureView.h>
 
+#include <tests/support/EventCounter.h>
 #include <tests/support/PictureFixtures.h>
 #include <tests/support/Records.h>
 #include <tests/support/Rows.h>
@@ -17,7 +18,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
@@ -86,28 +86,6 @@ QRect Inked(const QImage& image, const QColor& background)
     return inked;
 }
 
-/// Counts the paint events and style changes of a widget.
-class EventCounter : public QObject
-{
-public:
-    EventCounter(QObject* watched, QEvent::Type type)
-        : m_type(type)
-    {
-        watched->installEventFilter(this);
-    }
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        count += event->type() == m_type ? 1 : 0;
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    QEvent::Type m_type;
-};
-
 } // namespace
 
 class tst_PictureSlider : public StrictTest
@@ -152,9 +130,7 @@ private Q_SLOTS:
     }
     void CaptionAndButtonsFollowTheList()
     {
-        QFETCH(int, count);
-        QFETCH(QString, caption);
-        QFETCH(bool, buttonsHidden);
+        const auto [count, caption, buttonsHidden] = Fetch<int, QString, bool>();
         FilledSlider slider(SmallPictures(count > 1 ? 1 : 3));
         Show(slider, SmallPictures(count));
         QCOMPARE(Caption(slider)->text(), caption);
@@ -164,10 +140,8 @@ private Q_SLOTS:
 
     void CaptionShowsMarkupLiterally()
     {
-        PictureSlider slider;
         const QString markup = u"<img src='/etc/x.png' width=30000> & %1"_s;
-        QList<Picture> pictures = {SmallPicture(markup, c_green)};
-        slider.UpdateUi(&pictures);
+        const FilledSlider slider({SmallPicture(markup, c_green)});
         QCOMPARE(Caption(slider)->text(), u"1/1 "_s + markup);
         QCOMPARE(Caption(slider)->textFormat(), Qt::PlainText);
     }
@@ -186,8 +160,7 @@ private Q_SLOTS:
     }
     void CaptionThatDoesNotFitEndsInDotsAndStandsInTheToolTip()
     {
-        QFETCH(QString, description);
-        QFETCH(bool, fits);
+        const auto [description, fits] = Fetch<QString, bool>();
         FilledSlider slider({SmallPicture(description, c_green)});
         slider.show();
         QLabel* caption = Caption(slider);
@@ -234,8 +207,7 @@ private Q_SLOTS:
     }
     void StepsGoRoundTheEnds()
     {
-        QFETCH(QList<int>, directions);
-        QFETCH(QString, caption);
+        const auto [directions, caption] = Fetch<QList<int>, QString>();
         FilledSlider slider(
             {SmallPicture(u"a"_s, Qt::red), SmallPicture(u"b"_s, Qt::green), SmallPicture(u"c"_s, Qt::blue)});
         for (const int direction : std::as_const(directions))
@@ -386,8 +358,7 @@ private Q_SLOTS:
     }
     void PictureIsDrawnInTheMiddle()
     {
-        QFETCH(QSize, size);
-        QFETCH(QRect, drawn);
+        const auto [size, drawn] = Fetch<QSize, QRect>();
         FilledSlider slider({SmallPicture(u"Hall"_s, c_green, size)});
         QImage image = Painted(slider);
         // Above the caption band; below it the same picture goes on, darker.
@@ -417,9 +388,7 @@ private Q_SLOTS:
     }
     void CaptionBandAndBackgroundTellTheTheme()
     {
-        QFETCH(bool, dayMode);
-        QFETCH(QColor, background);
-        QFETCH(QColor, band);
+        const auto [dayMode, background, band] = Fetch<bool, QColor, QColor>();
         FilledSlider slider({SmallPicture(u"Hall"_s, c_green, QSize(400, 240))});
         slider.SetDayMode(dayMode);
         const QImage image = Painted(slider);
@@ -451,9 +420,7 @@ private Q_SLOTS:
     }
     void MissingPictureIsSaidInGrey()
     {
-        QFETCH(QByteArray, small);
-        QFETCH(bool, isListed);
-        QFETCH(QString, text);
+        const auto [small, isListed, text] = Fetch<QByteArray, bool, QString>();
         FilledSlider slider(SmallPictures(1));
         QList<Picture> pictures;
         if (isListed) {
@@ -489,9 +456,7 @@ private Q_SLOTS:
     }
     void DiscChangesExactlyAtItsEdges()
     {
-        QFETCH(bool, dayMode);
-        QFETCH(QString, plain);
-        QFETCH(QString, hovered);
+        const auto [dayMode, plain, hovered] = Fetch<bool, QString, QString>();
         PictureSlider slider;
         slider.SetDayMode(dayMode);
         const QPushButton* button = FullscreenButton(slider);
@@ -550,8 +515,7 @@ private Q_SLOTS:
     }
     void DiscCarriesTheOppositeGlyph()
     {
-        QFETCH(bool, dayMode);
-        QFETCH(bool, isGlyphLight);
+        const auto [dayMode, isGlyphLight] = Fetch<bool, bool>();
         PictureSlider slider;
         slider.SetDayMode(dayMode);
         const QImage glyph = FullscreenButton(slider)->icon().pixmap(16, 16).toImage();
@@ -572,12 +536,11 @@ private Q_SLOTS:
 
     void IconsAreInTheModule_data()
     {
-        QTest::addColumn<QString>("name");
+        const Rows<QString> row("name");
         for (const char* name :
              {"korvelFullscreen.svg", "korvelFullscreen_day.svg", "korvelFullscreenCircle.svg",
-              "korvelFullscreenCircle_day.svg", "ic_EQ_scale_16x16.svg", "ic_EQ_scale_16x16_day.svg"}) {
-            QTest::newRow(name) << QString::fromLatin1(name);
-        }
+              "korvelFullscreenCircle_day.svg", "ic_EQ_scale_16x16.svg", "ic_EQ_scale_16x16_day.svg"})
+            row(name, QString::fromLatin1(name));
     }
     void IconsAreInTheModule()
     {

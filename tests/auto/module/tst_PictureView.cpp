@@ -3,6 +3,7 @@
 #include <tests/support/PictureFixtures.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QGraphicsScene>
 #include <QKeyEvent>
@@ -33,6 +34,12 @@ struct ShownView
         view.FitPictureInView();
     }
 
+    /// Shows the point in the middle, in its natural size.
+    void LookAt(double x, double y)
+    {
+        view.resetTransform();
+        view.centerOn(x, y);
+    }
     double Scale() const
     {
         return view.transform().m11();
@@ -60,24 +67,12 @@ protected:
     }
 };
 
-void TurnWheel(PictureView& view, const QPoint& angleDelta, Qt::KeyboardModifiers modifiers,
-               const QPointF& position)
+void TurnWheel(PictureView& view, const QPoint& angleDelta, Qt::KeyboardModifiers modifiers = {},
+               const QPointF& position = QRectF(QPointF(), c_viewportSize).center())
 {
     QWheelEvent event(position, view.viewport()->mapToGlobal(position), QPoint(), angleDelta, Qt::NoButton,
                       modifiers, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(view.viewport(), &event);
-}
-
-void TurnWheel(PictureView& view, const QPoint& angleDelta, Qt::KeyboardModifiers modifiers)
-{
-    TurnWheel(view, angleDelta, modifiers, QPointF(view.viewport()->rect().center()));
-}
-
-void MoveMouse(QWidget* widget, const QPoint& position, Qt::MouseButtons buttons)
-{
-    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, buttons,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(widget, &event);
 }
 
 /// The scale at which a picture is fitted: Qt leaves a margin of two pixels on every side.
@@ -133,8 +128,7 @@ private Q_SLOTS:
     }
     void FittingNeverEnlarges()
     {
-        QFETCH(QSizeF, picture);
-        QFETCH(double, scale);
+        const auto [picture, scale] = Fetch<QSizeF, double>();
         ShownView shown(picture);
         QCOMPARE(shown.view.viewport()->size(), c_viewportSize);
         QCOMPARE(shown.Scale(), scale);
@@ -167,10 +161,7 @@ private Q_SLOTS:
     }
     void ZoomingInStopsAtFiveTimesTheNaturalSize()
     {
-        QFETCH(QSizeF, picture);
-        QFETCH(double, startScale);
-        QFETCH(double, factor);
-        QFETCH(double, scale);
+        const auto [picture, startScale, factor, scale] = Fetch<QSizeF, double, double, double>();
         ShownView shown(picture);
         shown.view.scale(startScale, startScale);
         shown.view.ZoomBy(factor);
@@ -197,9 +188,7 @@ private Q_SLOTS:
     }
     void ZoomingOutStopsAtTheFittedSize()
     {
-        QFETCH(QSizeF, picture);
-        QFETCH(double, startFactor);
-        QFETCH(bool, isFittedAfterwards);
+        const auto [picture, startFactor, isFittedAfterwards] = Fetch<QSizeF, double, bool>();
         ShownView shown(picture);
         const double fitted = shown.Scale();
         shown.view.scale(startFactor, startFactor);
@@ -233,8 +222,7 @@ private Q_SLOTS:
     }
     void PlainWheelZooms()
     {
-        QFETCH(QPoint, angleDelta);
-        QFETCH(double, factor);
+        const auto [angleDelta, factor] = Fetch<QPoint, double>();
         ShownView shown(QSizeF(400, 300));
         shown.view.scale(2.0, 2.0);
         TurnWheel(shown.view, angleDelta, Qt::NoModifier);
@@ -250,11 +238,10 @@ private Q_SLOTS:
     }
     void WheelZoomsAroundTheMouse()
     {
-        QFETCH(QPoint, lastMove);
-        QFETCH(bool, isAnotherPicture);
+        const auto [lastMove, isAnotherPicture] = Fetch<QPoint, bool>();
         ShownView shown(QSizeF(3000, 2000));
         if (!lastMove.isNull())
-            MoveMouse(shown.view.viewport(), lastMove, Qt::NoButton);
+            MoveMouse(shown.view.viewport(), lastMove);
         if (isAnotherPicture) {
             shown.scene.setSceneRect(0, 0, 6000, 4000);
             shown.view.FitPictureInView();
@@ -287,13 +274,10 @@ private Q_SLOTS:
     }
     void WheelWithModifierScrolls()
     {
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(QPoint, angleDelta);
-        QFETCH(int, horizontal);
-        QFETCH(int, vertical);
+        const auto [modifiers, angleDelta, horizontal, vertical]
+            = Fetch<Qt::KeyboardModifiers, QPoint, int, int>();
         ShownView shown(QSizeF(3000, 2000));
-        shown.view.resetTransform();
-        shown.view.centerOn(1500, 1000);
+        shown.LookAt(1500, 1000);
         const QScrollBar* across = shown.view.horizontalScrollBar();
         const QScrollBar* down = shown.view.verticalScrollBar();
         const QPoint before(across->value(), down->value());
@@ -307,8 +291,7 @@ private Q_SLOTS:
     void ShiftScrollsAsFarAsControl()
     {
         ShownView shown(QSizeF(3000, 3000));
-        shown.view.resetTransform();
-        shown.view.centerOn(1500, 1500);
+        shown.LookAt(1500, 1500);
         QScrollBar* across = shown.view.horizontalScrollBar();
         QScrollBar* down = shown.view.verticalScrollBar();
         // Otherwise the scroll bar would take Shift for a page.
@@ -334,8 +317,7 @@ private Q_SLOTS:
     }
     void EveryKeyReachesTheParent()
     {
-        QFETCH(int, key);
-        QFETCH(bool, scrolls);
+        const auto [key, scrolls] = Fetch<int, bool>();
         NotingWidget parent;
         parent.resize(400, 400);
         QGraphicsScene scene(0, 0, 3000, 3000);
@@ -357,15 +339,14 @@ private Q_SLOTS:
         PictureView view(&parent);
         view.resize(200, 200);
         parent.show();
-        MoveMouse(view.viewport(), QPoint(50, 50), Qt::NoButton);
+        MoveMouse(view.viewport(), QPoint(50, 50));
         QCOMPARE(parent.mouseMoves, 1);
     }
 
     void DraggingPans()
     {
         ShownView shown(QSizeF(3000, 2000));
-        shown.view.resetTransform();
-        shown.view.centerOn(1500, 1000);
+        shown.LookAt(1500, 1000);
         const QPointF before = shown.view.mapToScene(QPoint(0, 0));
         QWidget* viewport = shown.view.viewport();
         QTest::mousePress(viewport, Qt::LeftButton, {}, QPoint(500, 300));
