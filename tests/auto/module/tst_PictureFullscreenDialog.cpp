@@ -32,7 +32,6 @@
 #include <QStyle>
 #include <QTcpServer>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <functional>
 #include <limits>
@@ -47,6 +46,7 @@ namespace {
 
 constexpr QSize c_mediumSize(120, 80);
 constexpr QSize c_largeSize(300, 200);
+const QString c_notSaved = u"Could not save file. Sorry."_s;
 const QString c_loading = u"Loading large image..."_s;
 
 /// Only a medium rendition is at hand; the large one is to be fetched from \p largeUrl.
@@ -71,6 +71,13 @@ Picture CompletePicture(const QString& description)
 QList<Picture> CompletePictures(qsizetype count)
 {
     return QList<Picture>(count, CompletePicture(u"Hall"_s));
+}
+
+Picture BrokenPicture()
+{
+    Picture picture = CompletePicture(u"Hall"_s);
+    picture.SetPictureDataLarge("no picture");
+    return picture;
 }
 
 PictureView* View(const PictureFullscreenDialog& dialog)
@@ -108,33 +115,53 @@ public:
     }
 };
 
-/// The viewer with \p pictures.
+/// The viewer with \p pictures, showing that at \p index.
 struct Viewer : PictureFullscreenDialog
 {
-    explicit Viewer(QList<Picture> pictures, int index = 0)
+    Viewer() = default;
+    explicit Viewer(const QList<Picture>& pictures, int index = 0)
+    {
+        Show(*this, pictures, index);
+    }
+    /// Another list, and none of its pictures shown.
+    void TakeList(QList<Picture> pictures)
     {
         SetPictures(&pictures);
-        SetPicturesIndex(static_cast<short>(index));
+    }
+    void Finish(const QUrl& url, const QByteArray& bytes = EncodedPicture(c_largeSize, Qt::blue))
+    {
+        OnPictureBinaryDataFinished(url, bytes);
+    }
+    /// As the downloader says it: twice for one request.
+    void FailTwice(const QUrl& url)
+    {
+        OnPictureBinaryDataRequestFailed(url, u"Request failed!"_s);
+        OnPictureBinaryDataRequestFailed(url, u"Cannot convert reply. Reply is not an image."_s);
     }
 };
 
-/// The same on the screen.
-struct ShownViewer : PictureFullscreenDialog
+/// The viewer while the large rendition of its only picture is on its way for ever.
+struct WaitingViewer : Viewer
 {
-    explicit ShownViewer(QList<Picture> pictures, int index = 0)
+    WaitingViewer()
     {
-        SetPictures(&pictures);
+        Show(*this, pictures);
+    }
+    SilentServer server;
+    const QUrl url{server.Url(u"hall"_s)};
+    const QList<Picture> pictures{PictureToFetch(u"Hall"_s, url.toString())};
+};
+
+/// The viewer on the screen.
+struct ShownViewer : Viewer
+{
+    explicit ShownViewer(const QList<Picture>& pictures, int index = 0)
+    {
+        TakeList(pictures);
         Open();
         SetPicturesIndex(static_cast<short>(index));
     }
 };
-
-/// Answers the save dialog with \p path, as a user who types it and presses "Save".
-void AnswerFileDialog(QFileDialog* fileDialog, const QString& path)
-{
-    fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
-    static_cast<QDialog*>(fileDialog)->accept();
-}
 
 } // namespace
 
@@ -222,9 +249,8 @@ private Q_SLOTS:
 
     void OpensMaximisedOverAPlacedNormalGeometry()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(2);
-        dialog.SetPictures(&pictures);
+        Viewer dialog;
+        dialog.TakeList(CompletePictures(2));
         QSignalSpy fits(&dialog, &PictureFullscreenDialog::FitViewAfterOpen);
         const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
         for (int run = 0; run < 2; ++run) {
@@ -253,31 +279,23 @@ private Q_SLOTS:
     }
     void CaptionCountsFromOne()
     {
-        QFETCH(int, count);
-        QFETCH(int, index);
-        QFETCH(QString, caption);
+        const auto [count, index, caption] = Fetch<int, int, QString>();
         Viewer dialog(CompletePictures(count), index);
         QCOMPARE(Caption(dialog)->text(), caption);
     }
 
     void CaptionShowsMarkupLiterally()
     {
-        PictureFullscreenDialog dialog;
         const QString markup = u"<img src='/etc/x.png' width=30000> & %1"_s;
-        QList<Picture> pictures = {CompletePicture(markup)};
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
+        const Viewer dialog({CompletePicture(markup)});
         QCOMPARE(Caption(dialog)->text(), u"1/1 "_s + markup);
         QCOMPARE(Caption(dialog)->textFormat(), Qt::PlainText);
     }
 
     void CaptionOfAReplacedListNamesNoPicture()
     {
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(3);
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(2);
-        dialog.SetPictures(&pictures);
+        Viewer dialog(CompletePictures(3), 2);
+        dialog.TakeList(CompletePictures(3));
         dialog.SetDescriptionLabelText();
         QCOMPARE(Caption(dialog)->text(), u"1/3 "_s);
     }
@@ -301,10 +319,7 @@ private Q_SLOTS:
     }
     void StepsGoRoundTheEnds()
     {
-        QFETCH(int, count);
-        QFETCH(int, start);
-        QFETCH(int, delta);
-        QFETCH(QString, position);
+        const auto [count, start, delta, position] = Fetch<int, int, int, QString>();
         Viewer dialog(CompletePictures(count));
         for (int left = start; left > 0; left -= std::numeric_limits<short>::max())
             dialog.ModifyPicturesIndex(
@@ -322,13 +337,10 @@ private Q_SLOTS:
     }
     void NavigationButtonsShowOnlyForSeveralPictures()
     {
-        QFETCH(int, count);
-        QFETCH(bool, hidden);
-        PictureFullscreenDialog dialog;
-        QList<Picture> others = CompletePictures(count == 2 ? 1 : 2);
-        dialog.SetPictures(&others);
-        QList<Picture> pictures = CompletePictures(count);
-        dialog.SetPictures(&pictures);
+        const auto [count, hidden] = Fetch<int, bool>();
+        Viewer dialog;
+        dialog.TakeList(CompletePictures(count == 2 ? 1 : 2));
+        dialog.TakeList(CompletePictures(count));
         dialog.SetPictures(nullptr);
         QCOMPARE(NavigationButton(dialog, 0)->isHidden(), hidden);
         QCOMPARE(NavigationButton(dialog, 1)->isHidden(), hidden);
@@ -355,14 +367,12 @@ private Q_SLOTS:
     void OverlaysStandOnTheEdges()
     {
         QFETCH(bool, listComesLate);
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(2);
-        QList<Picture> none;
-        dialog.SetPictures(listComesLate ? &none : &pictures);
+        Viewer dialog;
+        dialog.TakeList(CompletePictures(listComesLate ? 0 : 2));
         dialog.resize(900, 600);
         dialog.show();
         if (listComesLate)
-            dialog.SetPictures(&pictures);
+            dialog.TakeList(CompletePictures(2));
         const auto verifyPlaces = [&dialog] {
             const QSize view = View(dialog)->size();
             const int bar = QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
@@ -382,9 +392,7 @@ private Q_SLOTS:
         dialog.hide();
         dialog.show();
         verifyPlaces();
-        pictures[1].SetAlternativeDescription(u"A long description. "_s.repeated(30));
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(1);
+        Show(dialog, {Picture(), CompletePicture(u"A long description. "_s.repeated(30))}, 1);
         verifyPlaces();
         QVERIFY(Caption(dialog)->height() > 2 * Caption(dialog)->fontMetrics().height());
     }
@@ -398,9 +406,8 @@ private Q_SLOTS:
     void OverlaysLeaveTheScrollBarFreeFromRightToLeft()
     {
         QFETCH(bool, turnsLate);
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(2);
-        dialog.SetPictures(&pictures);
+        Viewer dialog;
+        dialog.TakeList(CompletePictures(2));
         if (!turnsLate)
             dialog.setLayoutDirection(Qt::RightToLeft);
         dialog.resize(900, 600);
@@ -448,12 +455,9 @@ private Q_SLOTS:
     }
     void ThemeReachesViewButtonsAndCaption()
     {
-        QFETCH(bool, dayMode);
-        QFETCH(QColor, background);
-        QFETCH(QString, captionStyle);
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = CompletePictures(2);
-        dialog.SetPictures(&pictures);
+        const auto [dayMode, background, captionStyle] = Fetch<bool, QColor, QString>();
+        Viewer dialog;
+        dialog.TakeList(CompletePictures(2));
         dialog.SetDayMode(!dayMode);
         dialog.SetDayMode(dayMode);
         dialog.resize(800, 600);
@@ -471,33 +475,28 @@ private Q_SLOTS:
 
     void ShowsTheBestRenditionAtHand_data()
     {
-        const Rows<bool, bool, QSize> row("hasMedium", "hasLarge", "size");
-        row("large", true, true, c_largeSize);
-        row("medium", true, false, c_mediumSize);
-        row("small", false, false, QSize(40, 30));
+        const Rows<QSize, QSize, QSize> row("medium", "large", "shown");
+        row("large", c_mediumSize, c_largeSize, c_largeSize);
+        row("medium", c_mediumSize, {}, c_mediumSize);
+        row("small", {}, {}, QSize(40, 30));
     }
     void ShowsTheBestRenditionAtHand()
     {
-        QFETCH(bool, hasMedium);
-        QFETCH(bool, hasLarge);
-        QFETCH(QSize, size);
+        const auto [medium, large, shown] = Fetch<QSize, QSize, QSize>();
         const SilentServer server;
-        Picture picture;
+        const auto encoded = [](const QSize& size) {
+            return size.isEmpty() ? QByteArray() : EncodedPicture(size, Qt::green);
+        };
+        Picture picture = MakePicture(encoded(QSize(40, 30)), encoded(large));
+        picture.SetPictureDataMedium(encoded(medium));
         picture.SetPictureUrlLarge(server.Url(u"large"_s));
-        picture.SetPictureDataSmall(EncodedPicture(QSize(40, 30), Qt::green));
-        if (hasMedium)
-            picture.SetPictureDataMedium(EncodedPicture(c_mediumSize, Qt::red));
-        if (hasLarge)
-            picture.SetPictureDataLarge(EncodedPicture(c_largeSize, Qt::blue));
-        PictureFullscreenDialog dialog;
-        QList<Picture> pictures = {picture};
-        dialog.SetPictures(&pictures);
+        Viewer dialog;
         dialog.SetStatusLabelText(u"before"_s);
-        dialog.SetPicturesIndex(0);
-        QCOMPARE(ShownSize(dialog), size);
+        Show(dialog, {picture});
+        QCOMPARE(ShownSize(dialog), shown);
         // Only a missing large rendition is fetched.
-        QCOMPARE(Status(dialog), hasLarge ? u"before"_s : c_loading);
-        QCOMPARE(OverrideShape(), hasLarge ? Qt::ArrowCursor : Qt::WaitCursor);
+        QCOMPARE(Status(dialog), large.isEmpty() ? c_loading : u"before"_s);
+        QCOMPARE(OverrideShape(), large.isEmpty() ? Qt::WaitCursor : Qt::ArrowCursor);
     }
 
     void PictureIsDrawnAtItsNaturalSize()
@@ -588,15 +587,12 @@ private Q_SLOTS:
     }
     void FailedDownloadKeepsTheSmallerRendition()
     {
-        QFETCH(QString, url);
-        QFETCH(int, failures);
+        const auto [url, failures] = Fetch<QString, int>();
         QGuiApplication::setOverrideCursor(Qt::CrossCursor);
         PictureFullscreenDialog dialog;
-        QList<Picture> pictures = {PictureToFetch(u"Hall"_s, url)};
-        dialog.SetPictures(&pictures);
         QSignalSpy failed(dialog.findChild<DownloadManager*>(), &DownloadManager::RequestFailed);
         IgnoreDownloadFailure();
-        dialog.SetPicturesIndex(0);
+        Show(dialog, {PictureToFetch(u"Hall"_s, url)});
         QCOMPARE(OverrideShape(), Qt::WaitCursor);
         QTRY_COMPARE(failed.count(), failures);
         QCOMPARE(ShownSize(dialog), c_mediumSize);
@@ -610,29 +606,26 @@ private Q_SLOTS:
     void OneFailureDoesNotEndTheWaitForAnotherDownload()
     {
         const SilentServer server;
+        const QString foyer = server.Url(u"foyer"_s);
         PictureFullscreenDialog dialog;
-        QList<Picture> pictures = {PictureToFetch(u"Hall"_s, u"https://127.0.0.1:1/large.jpg"_s),
-                                   PictureToFetch(u"Foyer"_s, server.Url(u"foyer"_s))};
-        dialog.SetPictures(&pictures);
         QSignalSpy failed(dialog.findChild<DownloadManager*>(), &DownloadManager::RequestFailed);
         IgnoreDownloadFailure();
-        dialog.SetPicturesIndex(0);
+        Show(dialog,
+             {PictureToFetch(u"Hall"_s, u"https://127.0.0.1:1/large.jpg"_s),
+              PictureToFetch(u"Foyer"_s, foyer)});
         dialog.ModifyPicturesIndex(1);
         QTRY_COMPARE(failed.count(), 2);
         QCOMPARE(OverrideShape(), Qt::WaitCursor);
-        dialog.OnPictureBinaryDataRequestFailed(QUrl(pictures.at(1).GetPictureUrlLarge()), QString());
+        dialog.OnPictureBinaryDataRequestFailed(QUrl(foyer), QString());
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
     }
 
     void OnlyItsOwnFailureEndsTheWaitOfADownloadThatWasStartedTwice()
     {
-        const SilentServer server;
-        const QUrl url(server.Url(u"hall"_s));
-        Viewer dialog({PictureToFetch(u"Hall"_s, url.toString())});
+        WaitingViewer dialog;
         dialog.ModifyPicturesIndex(1);
         for (const Qt::CursorShape left : {Qt::WaitCursor, Qt::ArrowCursor}) {
-            dialog.OnPictureBinaryDataRequestFailed(url, u"Request failed!"_s);
-            dialog.OnPictureBinaryDataRequestFailed(url, u"Cannot convert reply. Reply is not an image."_s);
+            dialog.FailTwice(dialog.url);
             QCOMPARE(OverrideShape(), left);
         }
     }
@@ -644,7 +637,7 @@ private Q_SLOTS:
         Viewer dialog({PictureToFetch(u"Hall"_s, left.toString()), CompletePicture(u"Foyer"_s)});
         dialog.SetPicturesIndex(1);
         QCOMPARE(OverrideShape(), Qt::WaitCursor);
-        dialog.OnPictureBinaryDataFinished(left, EncodedPicture(QSize(10, 10), Qt::green));
+        dialog.Finish(left, EncodedPicture(QSize(10, 10), Qt::green));
         QCOMPARE(ShownSize(dialog), c_largeSize);
         QCOMPARE(Status(dialog), c_loading);
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
@@ -658,19 +651,16 @@ private Q_SLOTS:
     void EveryStepWithoutLargeRenditionStartsARequest()
     {
         const SilentServer server;
-        PictureFullscreenDialog dialog;
         QList<Picture> pictures;
         for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
             pictures.append(PictureToFetch(name, server.Url(name)));
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
+        Viewer dialog(pictures);
         QTest::keyClick(&dialog, Qt::Key_D);
         QTest::keyClick(&dialog, Qt::Key_D);
         QCOMPARE(Caption(dialog)->text(), u"3/3 c"_s);
         for (const Picture& picture : std::as_const(pictures)) {
             QCOMPARE(OverrideShape(), Qt::WaitCursor);
-            dialog.OnPictureBinaryDataFinished(QUrl(picture.GetPictureUrlLarge()),
-                                               EncodedPicture(c_largeSize, Qt::blue));
+            dialog.Finish(QUrl(picture.GetPictureUrlLarge()));
         }
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
         QCOMPARE(ShownSize(dialog), c_largeSize);
@@ -685,14 +675,12 @@ private Q_SLOTS:
     void SecondReplyIsShownAndFittedLikeTheFirst()
     {
         QFETCH(QByteArray, second);
-        const SilentServer server;
-        const QUrl url(server.Url(u"hall"_s));
-        Viewer dialog({PictureToFetch(u"Hall"_s, url.toString())});
+        WaitingViewer dialog;
         dialog.ModifyPicturesIndex(1);
-        dialog.OnPictureBinaryDataFinished(url, EncodedPicture(c_largeSize, Qt::blue));
+        dialog.Finish(dialog.url);
         View(dialog)->ZoomBy(2.0);
         dialog.SetStatusLabelText(u"before"_s);
-        dialog.OnPictureBinaryDataFinished(url, second);
+        dialog.Finish(dialog.url, second);
         QCOMPARE(ShownSize(dialog), c_largeSize);
         QCOMPARE(View(dialog)->transform().m11(), 1.0);
         QCOMPARE(Status(dialog), QString());
@@ -709,41 +697,30 @@ private Q_SLOTS:
     }
     void ReplyFromBeforeTheViewerWasClosedTakesNoCursor()
     {
-        QFETCH(bool, samePicture);
-        QFETCH(bool, fails);
+        const auto [samePicture, fails] = Fetch<bool, bool>();
         const SilentServer server;
-        PictureFullscreenDialog dialog;
+        Viewer dialog;
         const QUrl oldUrl(server.Url(u"old"_s));
         const QUrl newUrl = samePicture ? oldUrl : QUrl(server.Url(u"new"_s));
         for (const QUrl& url : {oldUrl, newUrl}) {
             dialog.hide();
             QCOMPARE(OverrideShape(), Qt::ArrowCursor);
-            QList<Picture> pictures = {PictureToFetch(u"Hall"_s, url.toString())};
-            dialog.SetPictures(&pictures);
-            dialog.Open();
-            dialog.SetPicturesIndex(0);
+            OpenViewer(dialog, {PictureToFetch(u"Hall"_s, url.toString())});
             QCOMPARE(OverrideShape(), Qt::WaitCursor);
         }
-        const QByteArray bytes = EncodedPicture(c_largeSize, Qt::blue);
-        if (fails) {
-            // As the downloader says it: twice for one request.
-            dialog.OnPictureBinaryDataRequestFailed(oldUrl, u"Request failed!"_s);
-            QCOMPARE(OverrideShape(), Qt::WaitCursor);
-            dialog.OnPictureBinaryDataRequestFailed(oldUrl,
-                                                    u"Cannot convert reply. Reply is not an image."_s);
-        } else {
-            dialog.OnPictureBinaryDataFinished(oldUrl, bytes);
-        }
+        if (fails)
+            dialog.FailTwice(oldUrl);
+        else
+            dialog.Finish(oldUrl);
         QCOMPARE(OverrideShape(), Qt::WaitCursor);
-        dialog.OnPictureBinaryDataFinished(newUrl, bytes);
+        dialog.Finish(newUrl);
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
     }
 
     void ReplyOfUnknownOriginEndsOneWait()
     {
-        const SilentServer server;
-        Viewer dialog({PictureToFetch(u"Hall"_s, server.Url(u"a"_s))});
-        dialog.OnPictureBinaryDataFinished(QUrl(u"https://elsewhere.example/"_s), QByteArray());
+        WaitingViewer dialog;
+        dialog.Finish(QUrl(u"https://elsewhere.example/"_s), QByteArray());
         QCOMPARE(ShownSize(dialog), c_mediumSize);
         QCOMPARE(OverrideShape(), Qt::ArrowCursor);
     }
@@ -760,11 +737,8 @@ private Q_SLOTS:
         const SilentServer server;
         QGuiApplication::setOverrideCursor(Qt::CrossCursor);
         auto dialog = std::make_unique<PictureFullscreenDialog>();
-        QList<Picture> pictures
-            = {PictureToFetch(u"a"_s, server.Url(u"a"_s)), PictureToFetch(u"b"_s, server.Url(u"b"_s))};
-        dialog->SetPictures(&pictures);
-        dialog->Open();
-        dialog->SetPicturesIndex(0);
+        const QString first = server.Url(u"a"_s);
+        OpenViewer(*dialog, {PictureToFetch(u"a"_s, first), PictureToFetch(u"b"_s, server.Url(u"b"_s))});
         dialog->SetPicturesIndex(1);
         QCOMPARE(OverrideShape(), Qt::WaitCursor);
         if (dies) {
@@ -773,7 +747,7 @@ private Q_SLOTS:
             dialog->hide();
             QCOMPARE(OverrideShape(), Qt::CrossCursor);
             // What arrives late takes nothing more.
-            dialog->OnPictureBinaryDataRequestFailed(QUrl(pictures.at(0).GetPictureUrlLarge()), QString());
+            dialog->OnPictureBinaryDataRequestFailed(QUrl(first), QString());
         }
         QCOMPARE(OverrideShape(), Qt::CrossCursor);
         QGuiApplication::restoreOverrideCursor();
@@ -781,17 +755,12 @@ private Q_SLOTS:
 
     void ListReplacedLeavesNoCurrentPicture()
     {
-        const SilentServer server;
-        PictureFullscreenDialog dialog;
-        const QUrl url(server.Url(u"a"_s));
-        QList<Picture> pictures = {PictureToFetch(u"Hall"_s, url.toString())};
-        dialog.SetPictures(&pictures);
-        dialog.SetPicturesIndex(0);
-        dialog.SetPictures(&pictures);
-        dialog.OnPictureBinaryDataFinished(url, EncodedPicture(c_largeSize, Qt::blue));
+        WaitingViewer dialog;
+        dialog.TakeList(dialog.pictures);
+        dialog.Finish(dialog.url);
         QCOMPARE(ShownSize(dialog), c_mediumSize);
         QVERIFY(!dialog.SaveImage(m_home.filePath(u"none.jpg"_s)));
-        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
+        QCOMPARE(Status(dialog), c_notSaved);
         // Returns at once, without a file dialog.
         dialog.OnSaveImageAs();
         QVERIFY(dialog.findChildren<QFileDialog*>().isEmpty());
@@ -800,8 +769,7 @@ private Q_SLOTS:
     void EmptyListClearsSceneAndCaption()
     {
         Viewer dialog(CompletePictures(2), 1);
-        QList<Picture> none;
-        dialog.SetPictures(&none);
+        dialog.TakeList({});
         QVERIFY(View(dialog)->scene()->items().isEmpty());
         QVERIFY(View(dialog)->scene()->sceneRect().isEmpty());
         QCOMPARE(Caption(dialog)->text(), u"-/0"_s);
@@ -814,14 +782,13 @@ private Q_SLOTS:
 
     void PictureFromOutsideMayDie()
     {
-        const SilentServer server;
-        PictureFullscreenDialog dialog;
-        const QUrl url(server.Url(u"outside"_s));
-        auto picture = std::make_unique<Picture>(PictureToFetch(u"Hall"_s, url.toString()));
+        WaitingViewer dialog;
+        auto picture = std::make_unique<Picture>(dialog.pictures.first());
+        dialog.TakeList({});
         dialog.SetPicture(picture.get());
         picture.reset();
         QCOMPARE(ShownSize(dialog), c_mediumSize);
-        dialog.OnPictureBinaryDataFinished(url, EncodedPicture(c_largeSize, Qt::blue));
+        dialog.Finish(dialog.url);
         QCOMPARE(ShownSize(dialog), c_largeSize);
         const QString path = m_home.filePath(u"outside.jpg"_s);
         QVERIFY(dialog.SaveImage(path));
@@ -849,8 +816,7 @@ private Q_SLOTS:
     }
     void UndecodableBytesShowNothing()
     {
-        QFETCH(QByteArray, data);
-        QFETCH(QByteArray, warning);
+        const auto [data, warning] = Fetch<QByteArray, QByteArray>();
         PictureFullscreenDialog dialog;
         dialog.SetImage(EncodedPicture(c_largeSize, Qt::blue));
         QCOMPARE(ShownSize(dialog), c_largeSize);
@@ -887,19 +853,14 @@ private Q_SLOTS:
     }
     void KeysDoWhatTheyAreFor()
     {
-        QFETCH(int, key);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(QString, position);
-        QFETCH(double, scale);
-        QFETCH(bool, visible);
+        const auto [key, modifiers, position, scale, visible]
+            = Fetch<int, Qt::KeyboardModifiers, QString, double, bool>();
         for (const bool throughView : {false, true}) {
             ShownViewer dialog(CompletePictures(4), 2);
             View(dialog)->ZoomBy(2.0);
             QSignalSpy rejections(&dialog, &QDialog::rejected);
-            if (throughView)
-                QTest::keyClick(View(dialog), Qt::Key(key), modifiers);
-            else
-                QTest::keyClick(&dialog, Qt::Key(key), modifiers);
+            QTest::keyClick(throughView ? static_cast<QWidget*>(View(dialog)) : &dialog, Qt::Key(key),
+                            modifiers);
             QCOMPARE(Caption(dialog)->text(), position + u" Hall"_s);
             QCOMPARE(View(dialog)->transform().m11(), scale);
             QCOMPARE(dialog.isVisible(), visible);
@@ -935,18 +896,6 @@ private Q_SLOTS:
         QVERIFY(!dialog.isVisible());
     }
 
-    void OpenViewerDoesNotStopTheApplicationFromQuitting()
-    {
-        PictureFullscreenDialog dialog;
-        dialog.Open();
-        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-        QTimer tooLate;
-        tooLate.callOnTimeout(qApp, [] { QCoreApplication::exit(1); });
-        tooLate.start(20000);
-        QCOMPARE(QCoreApplication::exec(), 0);
-        QVERIFY(!dialog.isVisible());
-    }
-
     void SavesTheLargestRenditionAsJpeg()
     {
         Viewer dialog(CompletePictures(1));
@@ -962,13 +911,10 @@ private Q_SLOTS:
 
     void UndecodablePictureIsNotSaved()
     {
-        PictureFullscreenDialog dialog;
-        Picture broken = CompletePicture(u"Hall"_s);
-        broken.SetPictureDataLarge("no picture");
-        dialog.SetPicture(&broken);
+        Viewer dialog({BrokenPicture()});
         const QString path = m_home.filePath(u"broken.jpg"_s);
         QVERIFY(!dialog.SaveImage(path));
-        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
+        QCOMPARE(Status(dialog), c_notSaved);
         QVERIFY(!QFileInfo::exists(path));
     }
 
@@ -976,9 +922,7 @@ private Q_SLOTS:
     {
         Viewer dialog(CompletePictures(1));
         const QString path = m_home.filePath(u"missing/<b>folder/a.jpg"_s);
-        int boxes = 0;
-        const ModalDriver<QMessageBox> boxDriver([&](QMessageBox* box) {
-            ++boxes;
+        const BoxDriver boxDriver([&](QMessageBox* box) {
             QCOMPARE(box->text(), u"Cannot write "_s + path);
             QCOMPARE(box->textFormat(), Qt::PlainText);
             QCOMPARE(box->windowTitle(), u"Stage planner"_s);
@@ -988,7 +932,7 @@ private Q_SLOTS:
             box->accept();
         });
         QVERIFY(!dialog.SaveImage(path));
-        QCOMPARE(boxes, 1);
+        QCOMPARE(boxDriver.Count(), 1);
         QCOMPARE(Status(dialog), QString());
         QVERIFY(dialog.findChildren<QMessageBox*>().isEmpty());
     }
@@ -1002,15 +946,11 @@ private Q_SLOTS:
     }
     void FileDialogIsSetUpForAJpegFile()
     {
-        QFETCH(QString, pictureName);
-        QFETCH(QString, fileName);
-        PictureFullscreenDialog dialog;
+        const auto [pictureName, fileName] = Fetch<QString, QString>();
         Picture picture = CompletePicture(u"Hall"_s);
         picture.SetPictureName(pictureName);
-        dialog.SetPicture(&picture);
-        int fileDialogs = 0;
+        Viewer dialog({picture});
         const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
-            ++fileDialogs;
             QCOMPARE(fileDialog->parent(), &dialog);
             QCOMPARE(fileDialog->windowTitle(), u"Save Image As"_s);
             QCOMPARE(fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->text(), fileName);
@@ -1022,7 +962,7 @@ private Q_SLOTS:
         });
         dialog.SetStatusLabelText(u"before"_s);
         dialog.OnSaveImageAs();
-        QCOMPARE(fileDialogs, 1);
+        QCOMPARE(fileDriver.Count(), 1);
         // Cancelled: nothing saved, no message, no dialog left.
         QCOMPARE(Status(dialog), u"before"_s);
         QVERIFY(dialog.findChildren<QFileDialog*>().isEmpty());
@@ -1032,8 +972,7 @@ private Q_SLOTS:
     {
         ShownViewer dialog(CompletePictures(1));
         const QString path = m_home.filePath(u"chosen"_s);
-        const ModalDriver<QFileDialog> fileDriver(
-            [&](QFileDialog* fileDialog) { AnswerFileDialog(fileDialog, path); });
+        const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) { SaveAs(fileDialog, path); });
         QTest::keyClick(View(dialog), Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(QImage(path + u".jpg"_s).size(), c_largeSize);
         QCOMPARE(Status(dialog), u"Saved \"%1.jpg\""_s.arg(path));
@@ -1041,10 +980,7 @@ private Q_SLOTS:
 
     void FileDialogComesBackAfterAFailure()
     {
-        PictureFullscreenDialog dialog;
-        Picture broken = CompletePicture(u"Hall"_s);
-        broken.SetPictureDataLarge("no picture");
-        dialog.SetPicture(&broken);
+        Viewer dialog({BrokenPicture()});
         QList<QFileDialog*> fileDialogs;
         std::unique_ptr<ModalDriver<QFileDialog>> secondDriver;
         const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
@@ -1053,24 +989,23 @@ private Q_SLOTS:
                 fileDialogs.append(again);
                 again->reject();
             });
-            AnswerFileDialog(fileDialog, m_home.filePath(u"never.jpg"_s));
+            SaveAs(fileDialog, m_home.filePath(u"never.jpg"_s));
         });
         dialog.OnSaveImageAs();
         QCOMPARE(fileDialogs.size(), 2);
         QCOMPARE(fileDialogs.at(0), fileDialogs.at(1));
-        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
+        QCOMPARE(Status(dialog), c_notSaved);
     }
 
     void FileDialogDoesNotComeBackWithoutPicture()
     {
         Viewer dialog(CompletePictures(1));
         const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
-            QList<Picture> none;
-            dialog.SetPictures(&none);
-            AnswerFileDialog(fileDialog, m_home.filePath(u"never.jpg"_s));
+            dialog.TakeList({});
+            SaveAs(fileDialog, m_home.filePath(u"never.jpg"_s));
         });
         dialog.OnSaveImageAs();
-        QCOMPARE(Status(dialog), u"Could not save file. Sorry."_s);
+        QCOMPARE(Status(dialog), c_notSaved);
     }
 
     void ViewerMayDieUnderItsWindows_data()
@@ -1084,33 +1019,30 @@ private Q_SLOTS:
     void ViewerMayDieUnderItsWindows()
     {
         QFETCH(QString, window);
-        auto* dialog = new PictureFullscreenDialog;
+        auto* dialog = new ShownViewer(CompletePictures(1));
         const QPointer<PictureFullscreenDialog> guard(dialog);
-        QList<Picture> pictures = CompletePictures(1);
-        dialog->SetPictures(&pictures);
-        dialog->Open();
-        dialog->SetPicturesIndex(0);
         const QString unwritable = u"/proc/none.jpg"_s;
-        if (window == "file dialog"_L1) {
-            const ModalDriver<QFileDialog> fileDriver([dialog](QFileDialog*) { delete dialog; });
-            dialog->OnSaveImageAs();
-        } else if (window == "message box"_L1) {
-            const ModalDriver<QMessageBox> boxDriver([dialog](QMessageBox*) { delete dialog; });
-            QVERIFY(!dialog->SaveImage(unwritable));
-        } else if (window == "both"_L1) {
-            const ModalDriver<QMessageBox> boxDriver([dialog](QMessageBox*) { delete dialog; });
-            const ModalDriver<QFileDialog> fileDriver(
-                [&unwritable](QFileDialog* fileDialog) { AnswerFileDialog(fileDialog, unwritable); });
-            dialog->OnSaveImageAs();
-        } else {
-            const ModalDriver<QMenu> menuDriver([dialog](QMenu* menu) {
+        std::unique_ptr<BoxDriver> boxDriver;
+        if (window != "file dialog"_L1)
+            boxDriver = std::make_unique<BoxDriver>([dialog](QMessageBox*) { delete dialog; });
+        const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
+            if (boxDriver)
+                SaveAs(fileDialog, unwritable);
+            else
                 delete dialog;
-                const bool isOpen = menu->isVisible();
-                menu->close();
-                QVERIFY(!isOpen);
-            });
+        });
+        const ModalDriver<QMenu> menuDriver([dialog](QMenu* menu) {
+            delete dialog;
+            const bool isOpen = menu->isVisible();
+            menu->close();
+            QVERIFY(!isOpen);
+        });
+        if (window == "menu"_L1)
             dialog->OnContextMenuRequested(QPoint(10, 10));
-        }
+        else if (window == "message box"_L1)
+            QVERIFY(!dialog->SaveImage(unwritable));
+        else
+            dialog->OnSaveImageAs();
         QVERIFY(!guard);
     }
 
@@ -1118,7 +1050,6 @@ private Q_SLOTS:
     {
         ShownViewer dialog(CompletePictures(1));
         QPoint menuPosition;
-        int fileDialogs = 0;
         const ModalDriver<QMenu> menuDriver([&](QMenu* menu) {
             menuPosition = menu->pos();
             QCOMPARE(menu->actions().size(), 1);
@@ -1126,16 +1057,13 @@ private Q_SLOTS:
             QTest::keyClick(menu, Qt::Key_Down);
             QTest::keyClick(menu, Qt::Key_Return);
         });
-        const ModalDriver<QFileDialog> fileDriver([&](QFileDialog* fileDialog) {
-            ++fileDialogs;
-            fileDialog->reject();
-        });
+        const ModalDriver<QFileDialog> fileDriver([](QFileDialog* fileDialog) { fileDialog->reject(); });
         const QPoint position(150, 60);
         const QPoint expected = View(dialog)->mapToGlobal(position);
         QWidget* viewport = View(dialog)->viewport();
         QContextMenuEvent event(QContextMenuEvent::Mouse, position, viewport->mapToGlobal(position));
         QCoreApplication::sendEvent(viewport, &event);
-        QTRY_COMPARE(fileDialogs, 1);
+        QTRY_COMPARE(fileDriver.Count(), 1);
         QCOMPARE(menuPosition, expected);
     }
 
