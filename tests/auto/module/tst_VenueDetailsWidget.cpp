@@ -31,8 +31,9 @@ using namespace korvel::Ui::VenueDatabase;
 
 namespace {
 
-/// A position that names a field: labels "Address" and "Comment" exist several times.
-enum LineField
+/// The panel's own fields, in the order in which a reader finds them: labels "Address" and "Comment" exist
+/// several times. From the general comment on they have several lines.
+enum Field
 {
     Id,
     Editor,
@@ -41,18 +42,15 @@ enum LineField
     ComplexName,
     VenueRoomName,
     DockAddress,
-    Clearance
-};
-enum TextField
-{
+    Clearance,
     GeneralComment,
     Address,
     LocationComment,
     DockComment,
     RiggingComment
 };
+constexpr Field c_comments[] = {GeneralComment, Address, LocationComment, DockComment, RiggingComment};
 
-/// The panel's own fields, in the order in which a reader finds them.
 QList<QLineEdit*> LineEdits(const QWidget& panel)
 {
     return panel.findChildren<QLineEdit*>();
@@ -63,14 +61,30 @@ QList<QTextEdit*> TextEdits(const QWidget& panel)
     return panel.findChildren<QTextEdit*>();
 }
 
-QString LineText(const QWidget& panel, LineField field)
+QTextEdit* Comment(const QWidget& panel, Field field)
 {
-    return LineEdits(panel).value(field)->text();
+    return TextEdits(panel).value(field - GeneralComment);
 }
 
-QString AreaText(const QWidget& panel, TextField field)
+QWidget* Widget(const QWidget& panel, Field field)
 {
-    return TextEdits(panel).value(field)->toPlainText();
+    return field < GeneralComment ? static_cast<QWidget*>(LineEdits(panel).value(field))
+                                  : Comment(panel, field);
+}
+
+QString Text(const QWidget& panel, Field field)
+{
+    return field < GeneralComment ? LineEdits(panel).value(field)->text()
+                                  : Comment(panel, field)->toPlainText();
+}
+
+/// The texts of all fields, one after the other.
+QString AllTexts(const QWidget& panel)
+{
+    QString texts;
+    for (int field = Id; field <= RiggingComment; ++field)
+        texts += Text(panel, Field(field));
+    return texts;
 }
 
 QScrollArea* Body(const QWidget& panel)
@@ -110,18 +124,33 @@ void Fill(VenueDetailsWidget& panel, Venue venue)
     panel.UpdateUi(&venue, &pictures, &files);
 }
 
-/// The panel on the screen, filled.
-struct ShownPanel : VenueDetailsWidget
+struct FilledPanel : VenueDetailsWidget
+{
+    FilledPanel()
+    {
+        Fill(*this, FilledVenue(4294967297));
+    }
+};
+
+/// The same on the screen.
+struct ShownPanel : FilledPanel
 {
     explicit ShownPanel(int width = 1062)
     {
-        Fill(*this, FilledVenue(4294967297));
         resize(width, 516);
         show();
-        isShown = QTest::qWaitForWindowActive(this);
+        QVERIFY(QTest::qWaitForWindowActive(this));
     }
+};
 
-    bool isShown = false;
+/// An empty one, shown and expanded.
+struct ExpandedPanel : VenueDetailsWidget
+{
+    ExpandedPanel()
+    {
+        SetCollapsed(false);
+        show();
+    }
 };
 
 } // namespace
@@ -151,10 +180,7 @@ private Q_SLOTS:
         const VenueDetailsWidget panel;
         QCOMPARE(LineEdits(panel).size(), 8);
         QCOMPARE(TextEdits(panel).size(), 5);
-        for (const QLineEdit* field : LineEdits(panel))
-            QVERIFY(field->text().isEmpty());
-        for (const QTextEdit* field : TextEdits(panel))
-            QVERIFY(field->toPlainText().isEmpty());
+        QCOMPARE(AllTexts(panel), QString());
         QCOMPARE(panel.minimumHeight(), 516);
         QCOMPARE(panel.maximumHeight(), 516);
         QVERIFY(!Body(panel)->isHidden());
@@ -164,53 +190,45 @@ private Q_SLOTS:
 
     void EachFieldShowsItsValue()
     {
-        VenueDetailsWidget panel;
-        Fill(panel, FilledVenue(4294967297));
-        QCOMPARE(LineText(panel, Id), u"4294967297"_s);
-        QCOMPARE(LineText(panel, Editor), u"42"_s);
-        QCOMPARE(LineText(panel, EditDate),
+        FilledPanel panel;
+        QCOMPARE(Text(panel, Id), u"4294967297"_s);
+        QCOMPARE(Text(panel, Editor), u"42"_s);
+        QCOMPARE(Text(panel, EditDate),
                  QLocale::system().toString(QDateTime(QDate(2024, 3, 1), QTime(10, 20, 30)),
                                             QLocale::ShortFormat));
-        QVERIFY(LineText(panel, EditDate).contains(u"10:20"_s));
-        QCOMPARE(LineText(panel, UploadDate),
+        QVERIFY(Text(panel, EditDate).contains(u"10:20"_s));
+        QCOMPARE(Text(panel, UploadDate),
                  QLocale::system().toString(QDate(2023, 2, 1), QLocale::ShortFormat));
-        QVERIFY(LineText(panel, UploadDate).contains(u"2023"_s));
-        QCOMPARE(LineText(panel, ComplexName), u"complex"_s);
-        QCOMPARE(LineText(panel, VenueRoomName), u"room"_s);
-        QCOMPARE(AreaText(panel, GeneralComment), u"general"_s);
-        QCOMPARE(AreaText(panel, LocationComment), u"location"_s);
-        QCOMPARE(LineText(panel, DockAddress), u"dock street"_s);
-        QCOMPARE(AreaText(panel, DockComment), u"dock comment"_s);
-        QCOMPARE(LineText(panel, Clearance), u"12.5"_s);
-        QCOMPARE(AreaText(panel, RiggingComment), u"rigging"_s);
+        QVERIFY(Text(panel, UploadDate).contains(u"2023"_s));
+        QCOMPARE(Text(panel, ComplexName), u"complex"_s);
+        QCOMPARE(Text(panel, VenueRoomName), u"room"_s);
+        QCOMPARE(Text(panel, GeneralComment), u"general"_s);
+        QCOMPARE(Text(panel, LocationComment), u"location"_s);
+        QCOMPARE(Text(panel, DockAddress), u"dock street"_s);
+        QCOMPARE(Text(panel, DockComment), u"dock comment"_s);
+        QCOMPARE(Text(panel, Clearance), u"12.5"_s);
+        QCOMPARE(Text(panel, RiggingComment), u"rigging"_s);
     }
 
     void AddressShowsItsLinesAsLines()
     {
-        VenueDetailsWidget panel;
-        Fill(panel, FilledVenue(4294967297));
-        QCOMPARE(AreaText(panel, Address), u"Main St 5\n10115 Berlin\nGermany"_s);
-        QCOMPARE(TextEdits(panel).value(Address)->document()->blockCount(), 3);
+        FilledPanel panel;
+        QCOMPARE(Text(panel, Address), u"Main St 5\n10115 Berlin\nGermany"_s);
+        QCOMPARE(Comment(panel, Address)->document()->blockCount(), 3);
     }
 
     void UnknownValuesAreMinusOneOrEmpty()
     {
-        VenueDetailsWidget panel;
-        Fill(panel, FilledVenue(4294967297));
+        FilledPanel panel;
         Fill(panel, Venue());
-        QCOMPARE(LineText(panel, Id), u"-1"_s);
-        QCOMPARE(LineText(panel, Editor), u"-1"_s);
-        for (const LineField field :
-             {EditDate, UploadDate, ComplexName, VenueRoomName, DockAddress, Clearance})
-            QVERIFY(LineText(panel, field).isEmpty());
-        for (const TextField field : {GeneralComment, Address, LocationComment, DockComment, RiggingComment})
-            QVERIFY(AreaText(panel, field).isEmpty());
+        QCOMPARE(Text(panel, Id), u"-1"_s);
+        QCOMPARE(Text(panel, Editor), u"-1"_s);
+        QCOMPARE(AllTexts(panel), u"-1-1"_s);
     }
 
     void PicturesAndFilesAreHandedOn()
     {
-        VenueDetailsWidget panel;
-        Fill(panel, FilledVenue(4294967297));
+        FilledPanel panel;
         QVERIFY(Label(panel, u"1/2 Stage"_s));
         const auto* combo = panel.findChild<QComboBox*>();
         QCOMPARE(combo->count(), 2);
@@ -219,36 +237,24 @@ private Q_SLOTS:
 
     void NullVenueAndResetEmptyEverything_data()
     {
-        const Rows<bool> row("byNullVenue");
-        row("null venue", true);
-        row("reset", false);
-    }
-    void NullVenueAndResetEmptyEverything()
-    {
-        QFETCH(bool, byNullVenue);
-        VenueDetailsWidget panel;
-        Fill(panel, FilledVenue(4294967297));
-        if (byNullVenue) {
+        const Rows<std::function<void(VenueDetailsWidget&)>> row("empty");
+        row("null venue", [](VenueDetailsWidget& panel) {
             QList<Picture> pictures = TwoPictures();
             QList<TsFile> files = TwoFiles();
             panel.UpdateUi(nullptr, &pictures, &files);
-        } else {
-            panel.ResetUi();
-        }
-        for (const QLineEdit* field : LineEdits(panel))
-            QVERIFY(field->text().isEmpty());
-        for (const QTextEdit* field : TextEdits(panel))
-            QVERIFY(field->toPlainText().isEmpty());
+        });
+        row("null venue without lists",
+            [](VenueDetailsWidget& panel) { panel.UpdateUi(nullptr, nullptr, nullptr); });
+        row("reset", &VenueDetailsWidget::ResetUi);
+    }
+    void NullVenueAndResetEmptyEverything()
+    {
+        QFETCH(std::function<void(VenueDetailsWidget&)>, empty);
+        FilledPanel panel;
+        empty(panel);
+        QCOMPARE(AllTexts(panel), QString());
         QVERIFY(Label(panel, u"-/0"_s));
         QCOMPARE(panel.findChild<QComboBox*>()->count(), 0);
-    }
-
-    void NullVenueNeedsNoLists()
-    {
-        VenueDetailsWidget panel;
-        Fill(panel, FilledVenue(4294967297));
-        panel.UpdateUi(nullptr, nullptr, nullptr);
-        QVERIFY(LineText(panel, Id).isEmpty());
     }
 
     void EditorIsFilledButNeverVisible()
@@ -256,13 +262,13 @@ private Q_SLOTS:
         VenueDetailsWidget panel;
         panel.show();
         Fill(panel, FilledVenue(4294967297));
-        QCOMPARE(LineText(panel, Editor), u"42"_s);
-        QVERIFY(!LineEdits(panel).value(Editor)->isVisible());
+        QCOMPARE(Text(panel, Editor), u"42"_s);
+        QVERIFY(!Widget(panel, Editor)->isVisible());
         QVERIFY(!Label(panel, u"Editor:"_s)->isVisible());
         panel.SetCollapsed(true);
         panel.SetCollapsed(false);
-        QVERIFY(!LineEdits(panel).value(Editor)->isVisible());
-        QVERIFY(LineEdits(panel).value(Id)->isVisible());
+        QVERIFY(!Widget(panel, Editor)->isVisible());
+        QVERIFY(Widget(panel, Id)->isVisible());
     }
 
     void HostileTextsAreShownLiterally()
@@ -281,12 +287,12 @@ private Q_SLOTS:
         VenueDetailsWidget panel;
         const QSize hint = panel.minimumSizeHint();
         Fill(panel, venue);
-        QCOMPARE(LineText(panel, ComplexName), markup);
-        QCOMPARE(LineText(panel, VenueRoomName), markup);
-        QCOMPARE(LineText(panel, DockAddress), markup);
-        for (const TextField field : {GeneralComment, LocationComment, DockComment, RiggingComment})
-            QCOMPARE(AreaText(panel, field), markup);
-        QVERIFY2(AreaText(panel, Address).startsWith(markup), qPrintable(AreaText(panel, Address)));
+        QCOMPARE(Text(panel, ComplexName), markup);
+        QCOMPARE(Text(panel, VenueRoomName), markup);
+        QCOMPARE(Text(panel, DockAddress), markup);
+        for (const Field field : {GeneralComment, LocationComment, DockComment, RiggingComment})
+            QCOMPARE(Text(panel, field), markup);
+        QVERIFY2(Text(panel, Address).startsWith(markup), qPrintable(Text(panel, Address)));
         QCOMPARE(panel.minimumSizeHint(), hint);
         QCOMPARE(Body(panel)->widget()->minimumSizeHint().width() <= 1046, true);
     }
@@ -303,67 +309,52 @@ private Q_SLOTS:
     void RowsStandInOrder()
     {
         const ShownPanel panel;
-        QVERIFY(panel.isShown);
-        const QList<QLineEdit*> lines = LineEdits(panel);
-        const QList<QTextEdit*> texts = TextEdits(panel);
-        const auto isAbove = [&panel](const QWidget* upper, const QWidget* lower) {
-            return GeometryIn(panel, upper).bottom() < GeometryIn(panel, lower).top();
-        };
-        const auto captionOf = [&panel](const char* text) { return Label(panel, QString::fromLatin1(text)); };
-
-        QVERIFY(isAbove(lines.at(Id), lines.at(EditDate)));
-        QVERIFY(isAbove(lines.at(EditDate), lines.at(UploadDate)));
-        QVERIFY(isAbove(lines.at(UploadDate), lines.at(ComplexName)));
-        QVERIFY(isAbove(lines.at(ComplexName), lines.at(VenueRoomName)));
-        QVERIFY(isAbove(lines.at(VenueRoomName), panel.findChild<TsFileOpener*>()));
-
-        QVERIFY(isAbove(captionOf("General"), texts.at(GeneralComment)));
-        QVERIFY(isAbove(texts.at(GeneralComment), texts.at(Address)));
-        QVERIFY(isAbove(texts.at(Address), texts.at(LocationComment)));
-
-        QVERIFY(isAbove(captionOf("Loading dock"), lines.at(DockAddress)));
-        QVERIFY(isAbove(lines.at(DockAddress), texts.at(DockComment)));
-        QVERIFY(isAbove(texts.at(DockComment), captionOf("Rigging")));
-        QVERIFY(isAbove(captionOf("Rigging"), lines.at(Clearance)));
-        QVERIFY(isAbove(lines.at(Clearance), texts.at(RiggingComment)));
+        const auto field = [&panel](Field which) { return Widget(panel, which); };
+        const auto caption = [&panel](const char* text) { return Label(panel, QString::fromLatin1(text)); };
+        const QList<QWidgetList> columns{
+            {field(Id), field(EditDate), field(UploadDate), field(ComplexName), field(VenueRoomName),
+             panel.findChild<TsFileOpener*>()},
+            {caption("General"), field(GeneralComment), field(Address), field(LocationComment)},
+            {caption("Loading dock"), field(DockAddress), field(DockComment), caption("Rigging"),
+             field(Clearance), field(RiggingComment)}};
+        for (const QWidgetList& column : columns)
+            for (qsizetype row = 1; row < column.size(); ++row)
+                QVERIFY(GeometryIn(panel, column.at(row - 1)).bottom()
+                        < GeometryIn(panel, column.at(row)).top());
     }
 
     void LabelsStandBeforeTheirFields_data()
     {
-        const Rows<QString, int, int> row("label", "line", "text");
-        row("id", u"ID:"_s, int(Id), -1);
-        row("editing date", u"Editing date (UTC):"_s, int(EditDate), -1);
-        row("upload date", u"Upload date:"_s, int(UploadDate), -1);
-        row("complex name", u"Complex name:"_s, int(ComplexName), -1);
-        row("venue/room name", u"Venue/room name:"_s, int(VenueRoomName), -1);
-        row("dock address", u"Address:"_s, int(DockAddress), -1);
-        row("clearance", u"Clearance of house grid (m):"_s, int(Clearance), -1);
-        row("general comment", u"General comment:"_s, -1, int(GeneralComment));
-        row("address", u"Address:"_s, -1, int(Address));
-        row("location comment", u"Location comment:"_s, -1, int(LocationComment));
-        row("dock comment", u"Comment:"_s, -1, int(DockComment));
-        row("rigging comment", u"Comment:"_s, -1, int(RiggingComment));
+        const Rows<QString, Field> row("label", "field");
+        row("id", u"ID:"_s, Id);
+        row("editing date", u"Editing date (UTC):"_s, EditDate);
+        row("upload date", u"Upload date:"_s, UploadDate);
+        row("complex name", u"Complex name:"_s, ComplexName);
+        row("venue/room name", u"Venue/room name:"_s, VenueRoomName);
+        row("dock address", u"Address:"_s, DockAddress);
+        row("clearance", u"Clearance of house grid (m):"_s, Clearance);
+        row("general comment", u"General comment:"_s, GeneralComment);
+        row("address", u"Address:"_s, Address);
+        row("location comment", u"Location comment:"_s, LocationComment);
+        row("dock comment", u"Comment:"_s, DockComment);
+        row("rigging comment", u"Comment:"_s, RiggingComment);
     }
     void LabelsStandBeforeTheirFields()
     {
-        QFETCH(QString, label);
-        QFETCH(int, line);
-        QFETCH(int, text);
+        const auto [text, field] = Fetch<QString, Field>();
         const ShownPanel panel;
-        QVERIFY(panel.isShown);
-        const QWidget* field = line >= 0 ? static_cast<QWidget*>(LineEdits(panel).value(line))
-                                         : static_cast<QWidget*>(TextEdits(panel).value(text));
-        const QRect place = GeometryIn(panel, field);
+        const QRect place = GeometryIn(panel, Widget(panel, field));
         const QList<QLabel*> labels = panel.findChildren<QLabel*>();
-        const auto found = std::find_if(labels.cbegin(), labels.cend(), [&](const QLabel* candidate) {
-            const QRect rect = GeometryIn(panel, candidate);
-            return candidate->text() == label && rect.top() == place.top() && rect.right() < place.left()
-                && place.left() - rect.right() < 20;
-        });
+        const auto found
+            = std::find_if(labels.cbegin(), labels.cend(), [&, &text = text](const QLabel* label) {
+                  const QRect rect = GeometryIn(panel, label);
+                  return label->text() == text && rect.top() == place.top() && rect.right() < place.left()
+                      && place.left() - rect.right() < 20;
+              });
         QVERIFY(found != labels.cend());
         QCOMPARE((*found)->minimumWidth(), 140);
         QCOMPARE(StyleOf(*found), u"labelKorvelLight"_s);
-        if (text >= 0)
+        if (field >= GeneralComment)
             QVERIFY((*found)->alignment().testFlag(Qt::AlignTop));
     }
 
@@ -446,7 +437,6 @@ private Q_SLOTS:
     void SliderIsNotCutOff()
     {
         const ShownPanel panel;
-        QVERIFY(panel.isShown);
         const auto* slider = panel.findChild<PictureSlider*>();
         QCOMPARE(slider->size(), QSize(500, 240));
         QCOMPARE(slider->parentWidget()->minimumHeight(), 240);
@@ -458,7 +448,6 @@ private Q_SLOTS:
     void NothingOfTheBodyIsCutOffOrOverlaps()
     {
         const ShownPanel panel;
-        QVERIFY(panel.isShown);
         QVERIFY(!Body(panel)->horizontalScrollBar()->isVisible());
         QVERIFY(Body(panel)->verticalScrollBar()->isVisible());
         QList<QWidget*> shown;
@@ -470,7 +459,7 @@ private Q_SLOTS:
             shown.append(Label(panel, QString::fromLatin1(section)));
         shown.append(panel.findChild<PictureSlider*>());
         shown.append(panel.findChild<TsFileOpener*>());
-        shown.removeOne(LineEdits(panel).value(Editor));
+        shown.removeOne(Widget(panel, Editor));
         const QRect content(QPoint(0, 0), Body(panel)->widget()->size());
         for (const QWidget* widget : std::as_const(shown)) {
             const QRect place = GeometryIn(*Body(panel)->widget(), widget);
@@ -485,61 +474,56 @@ private Q_SLOTS:
     void ColumnsStandInLine()
     {
         const ShownPanel panel(1200);
-        QVERIFY(panel.isShown);
         const QRect general = GeometryIn(panel, Label(panel, u"General"_s));
         const QRect dock = GeometryIn(panel, Label(panel, u"Loading dock"_s));
         QCOMPARE(general.width(), 500);
         QCOMPARE(general.top(), dock.top());
         QVERIFY(dock.left() - general.right() - 1 >= 22);
         QCOMPARE(GeometryIn(panel, Label(panel, u"ID:"_s)).left(), dock.left());
-        const QRect id = GeometryIn(panel, LineEdits(panel).value(Id));
-        const QRect comment = GeometryIn(panel, TextEdits(panel).value(DockComment));
+        const QRect id = GeometryIn(panel, Widget(panel, Id));
+        const QRect comment = GeometryIn(panel, Widget(panel, DockComment));
         QCOMPARE(id.left(), comment.left());
         QCOMPARE(id.right(), comment.right());
-        QCOMPARE(GeometryIn(panel, TextEdits(panel).value(LocationComment)).bottom(),
-                 GeometryIn(panel, TextEdits(panel).value(RiggingComment)).bottom());
+        QCOMPARE(GeometryIn(panel, Widget(panel, LocationComment)).bottom(),
+                 GeometryIn(panel, Widget(panel, RiggingComment)).bottom());
     }
 
     void TooltipTellsWhatTheFieldMeans_data()
     {
-        const Rows<int, int, QString> row("line", "text", "tooltip");
-        row("complex name", int(ComplexName), -1,
+        const Rows<Field, QString> row("field", "tooltip");
+        row("complex name", ComplexName,
             u"Name of overall multi-venue building or campus (identical to Venue name if there "
             "is only one event venue in the building/on the campus)."_s);
-        row("venue/room name", int(VenueRoomName), -1,
+        row("venue/room name", VenueRoomName,
             u"Name of the specific venue/room within the multi-venue building/campus (identical "
             "to Complex name if there is only one venue in the building)."_s);
-        row("address", -1, int(Address), u"Official address of venue."_s);
-        row("location comment", -1, int(LocationComment),
+        row("address", Address, u"Official address of venue."_s);
+        row("location comment", LocationComment,
             u"Anything that is important to know when accessing the venue, such as \"try to "
             "arrive before 9am to avoid terrible traffic\"."_s);
-        row("dock address", int(DockAddress), -1,
+        row("dock address", DockAddress,
             u"If the street address of the loading dock is not the same as the official loading "
             "dock address, please enter here."_s);
-        row("dock comment", -1, int(DockComment),
+        row("dock comment", DockComment,
             u"If there are any peculiarities about the dock (e.g. \"difficult to reverse "
             "into\", or \"freight elevator only\"), please note them here."_s);
-        row("clearance", int(Clearance), -1,
+        row("clearance", Clearance,
             u"To calculate how much actual rigging height is going to be "
             "available considering production-specific pre-riggs and "
             "chain motors."_s);
-        row("rigging comment", -1, int(RiggingComment),
+        row("rigging comment", RiggingComment,
             u"Any specialties or unusual restrictions, such as \"all points have to be "
             "bridled\" or \"no access to catwalk, all points have to be set via cherry "
             "picker\"."_s);
-        for (const LineField field : {Id, Editor, EditDate, UploadDate})
-            QTest::addRow("none for line field %d", int(field)) << int(field) << -1 << QString();
-        row("none for the general comment", -1, int(GeneralComment), {});
+        for (const Field field : {Id, Editor, EditDate, UploadDate})
+            row("none for line field " + QByteArray::number(field), field, {});
+        row("none for the general comment", GeneralComment, {});
     }
     void TooltipTellsWhatTheFieldMeans()
     {
-        QFETCH(int, line);
-        QFETCH(int, text);
-        QFETCH(QString, tooltip);
+        QFETCH(Field, field);
         const VenueDetailsWidget panel;
-        QCOMPARE(line >= 0 ? LineEdits(panel).value(line)->toolTip()
-                           : TextEdits(panel).value(text)->toolTip(),
-                 tooltip);
+        QTEST(Widget(panel, field)->toolTip(), "tooltip");
     }
     void LabelsHaveNoTooltip()
     {
@@ -608,9 +592,7 @@ private Q_SLOTS:
 
     void FoldIconTogglesAndShowsTheState()
     {
-        VenueDetailsWidget panel;
-        panel.SetCollapsed(false);
-        panel.show();
+        const ExpandedPanel panel;
         QCOMPARE(FoldIconColour(panel), QColor(0x01, 0x02, 0x03));
         QTest::mouseClick(FoldIcon(panel), Qt::LeftButton);
         QVERIFY(!Body(panel)->isVisible());
@@ -630,7 +612,7 @@ private Q_SLOTS:
         panel->SetCollapsed(false);
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        LineEdits(*panel).value(Id)->setFocus();
+        Widget(*panel, Id)->setFocus();
         QTest::mouseClick(FoldIcon(*panel), Qt::LeftButton);
         QVERIFY(!Body(*panel)->isVisible());
         QCOMPARE(window.focusWidget(), FoldIcon(*panel));
@@ -651,16 +633,6 @@ private Q_SLOTS:
         QCOMPARE(FoldIconColour(panel), QColor(0x11, 0x12, 0x13));
     }
 
-    void DayModeReachesTheSlider()
-    {
-        VenueDetailsWidget panel;
-        auto* slider = panel.findChild<PictureSlider*>();
-        panel.SetDayMode(true);
-        QCOMPARE(slider->grab().toImage().pixelColor(499, 5), QColor(Qt::white));
-        panel.SetDayMode(false);
-        QCOMPARE(slider->grab().toImage().pixelColor(499, 5), QColor(49, 49, 49));
-    }
-
     void MissingIconsAreHarmless()
     {
         const WithoutIcons withoutIcons;
@@ -671,37 +643,27 @@ private Q_SLOTS:
         QCOMPARE(panel.maximumHeight(), 34);
     }
 
-    void BarWithoutIconsFoldsByMouse_data()
+    void BarWithoutIconsFolds_data()
     {
-        const Rows<std::function<QWidget*(const QWidget&)>> row("target");
-        row("the bar itself", &CaptionBar);
-        row("its words", [](const QWidget& panel) { return Label(panel, u"Venue details"_s); });
-        row("its arrow", &FoldIcon);
+        using Action = std::function<void(const QWidget&)>;
+        const Rows<Action> row("act");
+        const auto click = [](QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); };
+        row("a click on the bar itself", [=](const QWidget& panel) { click(CaptionBar(panel)); });
+        row("a click on its words", [=](const QWidget& panel) { click(Label(panel, u"Venue details"_s)); });
+        row("a click on its arrow", [=](const QWidget& panel) { click(FoldIcon(panel)); });
+        row("Space", [](const QWidget& panel) { QTest::keyClick(FoldIcon(panel), Qt::Key_Space); });
+        row("Return", [](const QWidget& panel) { QTest::keyClick(FoldIcon(panel), Qt::Key_Return); });
     }
-    void BarWithoutIconsFoldsByMouse()
+    void BarWithoutIconsFolds()
     {
-        QFETCH(std::function<QWidget*(const QWidget&)>, target);
+        QFETCH(std::function<void(const QWidget&)>, act);
         const WithoutIcons withoutIcons;
-        VenueDetailsWidget panel;
-        panel.SetCollapsed(false);
-        panel.show();
-        QTest::mouseClick(target(panel), Qt::LeftButton);
-        QVERIFY(!Body(panel)->isVisible());
-        QTest::mouseClick(target(panel), Qt::LeftButton);
-        QVERIFY(Body(panel)->isVisible());
-    }
-
-    void BarWithoutIconsFoldsByKey()
-    {
-        const WithoutIcons withoutIcons;
-        VenueDetailsWidget panel;
-        panel.SetCollapsed(false);
-        panel.show();
+        ExpandedPanel panel;
         QVERIFY(QTest::qWaitForWindowActive(&panel));
         QCOMPARE(FoldIcon(panel)->focusPolicy(), Qt::TabFocus);
-        QTest::keyClick(FoldIcon(panel), Qt::Key_Space);
+        act(panel);
         QVERIFY(!Body(panel)->isVisible());
-        QTest::keyClick(FoldIcon(panel), Qt::Key_Return);
+        act(panel);
         QVERIFY(Body(panel)->isVisible());
     }
 
@@ -739,23 +701,22 @@ private Q_SLOTS:
 
     void FocusSelectsACommentAndLeavingItUnselects_data()
     {
-        QTest::addColumn<int>("field");
-        for (const TextField field : {GeneralComment, Address, LocationComment, DockComment, RiggingComment})
-            QTest::addRow("text field %d", int(field)) << int(field);
+        const Rows<Field> row("field");
+        for (const Field field : c_comments)
+            row("text field " + QByteArray::number(field - GeneralComment), field);
     }
     void FocusSelectsACommentAndLeavingItUnselects()
     {
-        QFETCH(int, field);
+        QFETCH(Field, field);
         const ShownPanel panel;
-        QVERIFY(panel.isShown);
-        QTextEdit* textEdit = TextEdits(panel).value(field);
-        LineEdits(panel).value(Id)->setFocus();
+        QTextEdit* textEdit = Comment(panel, field);
+        Widget(panel, Id)->setFocus();
         QVERIFY(!textEdit->textCursor().hasSelection());
         textEdit->setFocus(Qt::TabFocusReason);
         QTRY_VERIFY(textEdit->hasFocus());
         QCOMPARE(textEdit->textCursor().selection().toPlainText(), textEdit->toPlainText());
         QVERIFY(!textEdit->toPlainText().isEmpty());
-        LineEdits(panel).value(Id)->setFocus(Qt::BacktabFocusReason);
+        Widget(panel, Id)->setFocus(Qt::BacktabFocusReason);
         QTRY_VERIFY(!textEdit->hasFocus());
         QVERIFY(!textEdit->textCursor().hasSelection());
     }
@@ -763,9 +724,8 @@ private Q_SLOTS:
     void TabLeavesAComment()
     {
         const ShownPanel panel;
-        QVERIFY(panel.isShown);
-        QTextEdit* first = TextEdits(panel).value(GeneralComment);
-        QTextEdit* second = TextEdits(panel).value(Address);
+        QTextEdit* first = Comment(panel, GeneralComment);
+        QTextEdit* second = Comment(panel, Address);
         first->setFocus();
         QTRY_VERIFY(first->hasFocus());
         QTest::keyClick(first, Qt::Key_Tab);
@@ -782,11 +742,11 @@ private Q_SLOTS:
         Fill(panel, venue);
         panel.show();
         QVERIFY(QTest::qWaitForWindowActive(&panel));
-        QTextEdit* textEdit = TextEdits(panel).value(GeneralComment);
+        QTextEdit* textEdit = Comment(panel, GeneralComment);
         textEdit->setFocus();
         QTRY_VERIFY(textEdit->hasFocus());
         QVERIFY(textEdit->verticalScrollBar()->maximum() > 0);
-        LineEdits(panel).value(Id)->setFocus();
+        Widget(panel, Id)->setFocus();
         QTRY_VERIFY(!textEdit->hasFocus());
         QCOMPARE(textEdit->verticalScrollBar()->value(), 0);
     }
