@@ -8,7 +8,6 @@
 #include <QFile>
 
 using namespace Qt::StringLiterals;
-
 using namespace korvel::Test;
 using korvel::Fuzz::IsReadQuickly;
 using korvel::Fuzz::MutatedReplies;
@@ -56,10 +55,9 @@ private Q_SLOTS:
     void ReadsLikeQJsonDocument()
     {
         QFETCH(QByteArray, body);
-        QFETCH(bool, isQuick);
         QCOMPARE(ReaderDifference(body), QString());
         // What is refused costs more than before, so it must not become more by the way.
-        QCOMPARE(IsReadQuickly(body), isQuick);
+        QTEST(IsReadQuickly(body), "isQuick");
     }
 
     void ReadsTheFuzzersCorpusLikeQJsonDocument()
@@ -166,33 +164,17 @@ private:
                                                                   + R"(,"title":5,"lat":)" + number + "}")
                                                 << isQuick;
         };
-        for (const char* number : {"0",
-                                   "7",
-                                   "-7",
-                                   "-0",
-                                   "5.0",
-                                   "-5.00",
-                                   "0.5",
-                                   "1.5",
-                                   "1e2",
-                                   "1E+2",
-                                   "100e-2",
-                                   "1e-2",
-                                   "2147483647",
-                                   "-2147483648",
-                                   "2147483648",
-                                   "-2147483649",
-                                   "4294967296",
-                                   "9007199254740993",
-                                   "9223372036854775807",
-                                   "9223372036854775808",
-                                   "-9223372036854775809",
-                                   "18446744073709551616",
-                                   "1e10",
-                                   "5.0e9",
-                                   "1e99",
-                                   "1234567890123456789012345678901234567890"})
+        for (const char* number :
+             {"0",          "7",           "-7",         "-0",          "5.0",        "-5.00",
+              "0.5",        "1.5",         "1e2",        "1E+2",        "100e-2",     "1e-2",
+              "2147483647", "-2147483648", "2147483648", "-2147483649", "4294967296", "9007199254740993",
+              "1e10",       "5.0e9",       "1e99"})
             add(number, true);
+        add("9223372036854775807", true);
+        add("9223372036854775808", true);
+        add("-9223372036854775809", true);
+        add("18446744073709551616", true);
+        add("1234567890123456789012345678901234567890", true);
         for (const char* number :
              {"-",      "+5",    "01",  "-01",      "00",  ".5",
               "5.",     "5.e1",  "1e",  "1e+",      "0x5", "1e100",
@@ -317,5 +299,4 @@ private:
 };
 
 QTEST_GUILESS_MAIN(tst_VenueReader)
-
 #include "tst_VenueReader.moc"
