@@ -13,7 +13,6 @@
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
-
 using namespace korvel::Soak;
 
 namespace {

@@ -31,7 +31,6 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
-
 using namespace korvel::Demo;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
