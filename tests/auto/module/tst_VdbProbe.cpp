@@ -66,6 +66,20 @@ struct Run
     }
 };
 
+/// The table of the failing steps, with the words that a support person needs and those that would mislead.
+struct FailingRows
+{
+    const Rows<int, QStringList, QString, Script, QStringList, bool> rows{"step",   "words",     "misleading",
+                                                                          "script", "arguments", "goesOn"};
+
+    /// \p arguments stand besides or instead of the usual ones. \p goesOn where the other steps are tried.
+    void operator()(const char* name, int step, const QStringList& words, const QString& misleading,
+                    const Script& script, const QStringList& arguments = {}, bool goesOn = false) const
+    {
+        rows(name, step, words, misleading, script, arguments, goesOn || step > 6);
+    }
+};
+
 } // namespace
 
 /// The program itself, run against a local server that is well or ill.
@@ -186,158 +200,42 @@ private Q_SLOTS:
         QVERIFY(!run.output.contains(u"secret"_s));
     }
 
-    // Each failing step.
-
     void FailingStep_data()
     {
-        QTest::addColumn<Script>("script");
-        QTest::addColumn<QStringList>("arguments"); // besides or instead of the usual ones
-        QTest::addColumn<int>("step");
-        QTest::addColumn<QString>("reason");
-        const QString venues = u"include=editor"_s;
-        const QString pictureList = u"from_the_auditorium"_s;
-        const QString modelList = u"tessra.file"_s;
-        const auto row = [](const char* name, int step, const QString& reason, const Script& script,
-                            const QStringList& arguments = {}) {
-            QTest::newRow(name) << script << arguments << step << reason;
-        };
-        const auto answers = [](const Fault& fault) {
-            return Script([fault](VenueServer& server) { server.AddFault(fault); });
-        };
-        const auto network = [](const NetworkFault& fault) {
-            return Script([fault](VenueServer& server) { server.AddFault(fault); });
-        };
-        const auto certificate = [network](CertificateKind kind) {
-            return network({.kind = NetworkFault::Kind::BadCertificate, .certificate = kind, .host = {}});
-        };
-        const Script nothing = [](VenueServer&) { };
-
-        // A name longer than the name service knows any: nothing is asked on the network.
-        row("unknown host", 1, u"[Hh]ost not found|[Nn]ame|[Uu]nknown"_s, nothing,
-            {u"--proxy"_s, u"none"_s, u"--host"_s, (QString(60, u'a') + u'.').repeated(5) + u"example"_s});
-        row("proxy down", 1, u"proxy 127\\.0\\.0\\.1:\\d+: Connection refused"_s,
-            [](VenueServer& server) { server.Stop(); });
-
-        row("host that the proxy does not know", 2, u"elsewhere\\.example:443: .+"_s, nothing,
-            {u"--host"_s, u"elsewhere.example"_s});
-        row("proxy that hangs up", 2, u".+"_s,
-            network({.kind = NetworkFault::Kind::RefuseConnection, .host = {}}));
-        row("proxy that forbids", 2, u".+"_s,
-            network({.kind = NetworkFault::Kind::AnswerConnect, .value = 403, .host = {}}));
-        row("proxy that wants a password", 2, u".+"_s,
-            network({.kind = NetworkFault::Kind::AnswerConnect, .value = 407, .host = {}}));
-        row("proxy that never answers", 2, u".+does not answer"_s,
-            network({.kind = NetworkFault::Kind::NeverAnswer, .host = {}}), {u"--timeout"_s, u"1"_s});
-        row("server down", 2, u"localhost:1: Connection refused"_s, nothing,
-            {u"--proxy"_s, u"none"_s, u"--host"_s, u"localhost:1"_s});
-
-        row("expired certificate", 3, u"expired.*; issuer \".+\", valid until \\d{4}-.+"_s,
-            certificate(CertificateKind::Expired));
-        row("self-signed certificate", 3, u"self-signed.*; issuer \".+\", valid until .+"_s,
-            certificate(CertificateKind::SelfSigned));
-        row("certificate of another host", 3, u"host name.*; issuer \".+\", valid until .+"_s,
-            certificate(CertificateKind::WrongHost));
-        row("certificate of an unknown authority", 3, u".+; issuer \".+\", valid until .+"_s,
-            certificate(CertificateKind::UnknownAuthority));
-        row("no TLS", 3, u".+; the server showed no certificate"_s,
-            network({.kind = NetworkFault::Kind::GarbageInsteadOfTls, .host = {}}));
-
-        row("status 500", 4, u"HTTP status 500, .+"_s, answers(Fault::On(venues).WithStatus(500)));
-        row("status 404", 4, u"HTTP status 404, .+"_s, answers(Fault::On(venues).WithStatus(404)));
-        row("status 403", 4, u"HTTP status 403, .+"_s, answers(Fault::On(venues).WithStatus(403)));
-        row("reset", 4, u"no HTTP status, .+"_s, answers(Fault::On(venues).WithReset()));
-        row("cut body", 4, u"HTTP status 200, .+"_s, answers(Fault::On(venues).WithCutAfter(50)));
-        row("no answer", 4, u"no answer from .+ within 1 s"_s, answers(Fault::On(venues).WithoutAnswer()),
-            {u"--timeout"_s, u"1"_s});
-
-        row("media type with charset", 5, u"\"application/vnd\\.api\\+json; charset=utf-8\" instead of .+"_s,
-            answers(Fault::On(venues).WithMediaType("application/vnd.api+json; charset=utf-8")));
-        row("web page", 5, u"\"text/html\" instead of .+"_s,
-            answers(Fault::On(venues).WithMediaType("text/html")));
-        row("no media type", 5, u"no media type instead of .+"_s,
-            answers(Fault::On(venues).WithoutMediaType()));
-
-        row("no venues", 6, u"the server knows no venue"_s,
-            [](VenueServer& server) { server.SetCatalogue({}); });
-        row("no JSON", 6, u"the body is no JSON object: .+"_s, answers(Fault::On(venues).WithBody("[1")));
-
-        row("list of pictures fails", 7, u"list of pictures: HTTP status 500, .+"_s,
-            answers(Fault::On(pictureList).WithStatus(500)));
-        row("list of pictures of another type", 7, u"list of pictures: the media type is \"text/html\""_s,
-            answers(Fault::On(pictureList).WithMediaType("text/html")));
-        row("list of pictures is no JSON", 7, u"list of pictures: the body is no JSON object"_s,
-            answers(Fault::On(pictureList).WithBody("no")));
-        row("picture missing", 7, u"2 at venue \\d; HTTP status 404, .+"_s,
-            answers(Fault::On(u"/files/pictures"_s).WithStatus(404)));
-        row("picture is a web page", 7, u".+ is no image but \"text/html\""_s,
-            answers(Fault::On(u"/files/pictures"_s).WithMediaType("text/html")));
-        row("picture is empty", 7, u".+ is empty"_s, answers(Fault::On(u"/files/pictures"_s).WithBody({})));
-
-        row("list of model files fails", 8, u"list of model files: HTTP status 503, .+"_s,
-            answers(Fault::On(modelList).WithStatus(503)));
-        row("model file missing", 8, u"1 at venue \\d; HTTP status 404, .+"_s,
-            answers(Fault::On(u"/files/models"_s).WithStatus(404)));
-        row("model file is empty", 8, u".+ is empty"_s, answers(Fault::On(u"/files/models"_s).WithBody({})));
-        row("model file never comes", 8, u".+no answer from .+ within 1 s"_s,
-            answers(Fault::On(u"/files/models"_s).WithoutAnswer()), {u"--timeout"_s, u"1"_s});
-    }
-    void FailingStep()
-    {
-        QFETCH(Script, script);
-        QFETCH(QStringList, arguments);
-        QFETCH(int, step);
-        QFETCH(QString, reason);
-        script(*m_server);
-        const Run run = Probe(arguments);
-        QVERIFY2(run.exitCode == step, qPrintable(run.output + run.errors));
-        for (int number = 1; number < step; ++number)
-            QVERIFY2(run.IsOk(number), qPrintable(run.Line(number)));
-        QVERIFY2(run.HasFailed(step), qPrintable(run.Line(step)));
-        QVERIFY2(run.Line(step).contains(QRegularExpression(reason)), qPrintable(run.Line(step)));
-        for (int number = step + 1; number <= c_steps; ++number)
-            QVERIFY2(step < 7 ? run.WasNotTried(number) : run.IsOk(number), qPrintable(run.Line(number)));
-        const QString after = run.output.mid(run.output.indexOf(run.Line(step)) + run.Line(step).size());
-        QVERIFY2(after.startsWith(u"\n    hint: "_s), qPrintable(run.output));
-        QVERIFY(run.output.endsWith(u"First failure: step %1.\n"_s.arg(step)));
-        QCOMPARE(run.errors, QString());
-    }
-
-    // The words that a support person needs, and those that would mislead.
-
-    void TellsTheCause_data()
-    {
-        QTest::addColumn<Script>("script");
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("step");
-        QTest::addColumn<QStringList>("words");
-        QTest::addColumn<QString>("misleading");
-        const auto row = [](const char* name, int step, const QStringList& words, const QString& misleading,
-                            const Script& script, const QStringList& arguments = {}) {
-            QTest::newRow(name) << script << arguments << step << words << misleading;
-        };
+        const FailingRows row;
+        NetworkCauses(row);
         ProxyCauses(row);
         CertificateCauses(row);
         StatusCauses(row);
         AnswerCauses(row);
         DataCauses(row);
+        LoadCauses(row);
         SearchCauses(row);
     }
-    void TellsTheCause()
+    void FailingStep()
     {
-        QFETCH(Script, script);
-        QFETCH(QStringList, arguments);
         QFETCH(int, step);
         QFETCH(QStringList, words);
         QFETCH(QString, misleading);
+        QFETCH(Script, script);
+        QFETCH(QStringList, arguments);
+        QFETCH(bool, goesOn);
         script(*m_server);
         arguments.replaceInStrings(u"PROXY"_s, Proxy());
         arguments.replaceInStrings(u"HTTPS"_s, u"127.0.0.1:%1"_s.arg(m_server->HttpsPort()));
         const Run run = Probe(arguments);
         QVERIFY2(run.exitCode == step, qPrintable(run.output + run.errors));
+        for (int number = 1; number < step; ++number)
+            QVERIFY2(run.IsOk(number), qPrintable(run.Line(number)));
+        QVERIFY2(run.HasFailed(step), qPrintable(run.Line(step)));
+        for (int number = step + 1; number <= c_steps; ++number)
+            QVERIFY2(goesOn ? run.IsOk(number) : run.WasNotTried(number), qPrintable(run.Line(number)));
         const QString told = run.Told(step);
+        QVERIFY2(told.contains(u"\n    hint: "_s), qPrintable(run.output));
         for (const QString& word : std::as_const(words))
             QVERIFY2(told.contains(word), qPrintable(told));
         QVERIFY2(misleading.isEmpty() || !told.contains(misleading), qPrintable(told));
+        QVERIFY(run.output.endsWith(u"First failure: step %1.\n"_s.arg(step)));
         QCOMPARE(run.errors, QString());
     }
 
@@ -479,6 +377,8 @@ private Q_SLOTS:
     }
 
 private:
+    static inline const Script c_nothing = [](VenueServer&) { };
+
     static Script With(const Fault& fault)
     {
         return [fault](VenueServer& server) { server.AddFault(fault); };
@@ -504,7 +404,21 @@ private:
         return "{\"data\": [" + venue + ", " + venue + "]" + rest + "}";
     }
 
-    template <typename Row> static void ProxyCauses(const Row& row)
+    static void NetworkCauses(const FailingRows& row)
+    {
+        // A name longer than the name service knows any: nothing is asked on the network.
+        row("unknown host", 1, {u"aaa...: "_s, u"Is the name right"_s}, {}, c_nothing,
+            {u"--proxy"_s, u"none"_s, u"--host"_s, (QString(60, u'a') + u'.').repeated(5) + u"example"_s});
+        row("proxy down", 1, {u"proxy 127.0.0.1:"_s, u": Connection refused"_s}, {},
+            [](VenueServer& server) { server.Stop(); });
+        row("host that the proxy does not know", 2, {u"elsewhere.example:443: "_s}, {}, c_nothing,
+            {u"--host"_s, u"elsewhere.example"_s});
+        row("server down", 2, {u"localhost:1: Connection refused"_s}, {}, c_nothing,
+            {u"--proxy"_s, u"none"_s, u"--host"_s, u"localhost:1"_s});
+        row("no TLS", 3, {u"; the server showed no certificate"_s}, {},
+            With(NetworkFault{.kind = NetworkFault::Kind::GarbageInsteadOfTls, .host = {}}));
+    }
+    static void ProxyCauses(const FailingRows& row)
     {
         const auto answer = [](int status) {
             return With(NetworkFault{.kind = NetworkFault::Kind::AnswerConnect, .value = status, .host = {}});
@@ -533,19 +447,30 @@ private:
             With(NetworkFault{.kind = NetworkFault::Kind::NoProxy, .host = {}}));
         row("proxy hangs up", 2, {u"closes the connection without an answer"_s}, {},
             With(NetworkFault{.kind = NetworkFault::Kind::RefuseConnection, .host = {}}));
+        row("proxy that never answers", 2, {u"does not answer"_s}, {},
+            With(NetworkFault{.kind = NetworkFault::Kind::NeverAnswer, .host = {}}),
+            {u"--timeout"_s, u"1"_s});
         row("TLS server as proxy", 2,
-            {u"closes the connection without an answer"_s, u"port of an HTTP proxy"_s}, {},
-            [](VenueServer&) { }, {u"--proxy"_s, u"HTTPS"_s});
+            {u"closes the connection without an answer"_s, u"port of an HTTP proxy"_s}, {}, c_nothing,
+            {u"--proxy"_s, u"HTTPS"_s});
     }
-    template <typename Row> static void CertificateCauses(const Row& row)
+    static void CertificateCauses(const FailingRows& row)
     {
         const auto shows = [](CertificateKind kind) {
             return With(
                 NetworkFault{.kind = NetworkFault::Kind::BadCertificate, .certificate = kind, .host = {}});
         };
+        const QString issuer = u"; issuer \""_s;
+        const QString validity = u"\", valid until 2"_s;
+        row("expired certificate", 3, {u"expired"_s, issuer, validity}, {}, shows(CertificateKind::Expired));
+        row("self-signed certificate", 3, {u"self-signed"_s, issuer, validity}, {},
+            shows(CertificateKind::SelfSigned));
+        row("certificate of an unknown authority", 3, {issuer, validity}, {},
+            shows(CertificateKind::UnknownAuthority));
         row("certificate of another host", 3,
-            {u"is for somebody-else.example, not for the host name venues.korvel.example"_s}, {},
-            shows(CertificateKind::WrongHost));
+            {u"host name"_s, issuer, validity,
+             u"is for somebody-else.example, not for the host name venues.korvel.example"_s},
+            {}, shows(CertificateKind::WrongHost));
         row("missing intermediate certificate", 3,
             {u"the issuer \"Intermediate venue server authority\" is not trusted here"_s,
              u"sends its own certificate alone"_s, u"whoever runs the server must add it"_s},
@@ -561,9 +486,12 @@ private:
         row("client certificate demanded in TLS 1.2", 3, {u"demands a client certificate"_s},
             u"does not speak TLS"_s, shows(CertificateKind::ClientDemandedTls12));
     }
-    template <typename Row> static void StatusCauses(const Row& row)
+    static void StatusCauses(const FailingRows& row)
     {
         const auto status = [](int number) { return OnVenues().WithStatus(number); };
+        row("status 500", 4, {u"HTTP status 500, "_s}, {}, With(status(500)));
+        row("status 404", 4, {u"HTTP status 404, "_s}, {}, With(status(404)));
+        row("status 403", 4, {u"HTTP status 403, "_s}, {}, With(status(403)));
         row("status 400", 4, {u"HTTP status 400"_s, u"does not understand the module's query"_s}, {},
             With(status(400)));
         row("status 406", 4, {u"HTTP status 406"_s, u"no \"Accept\" header"_s}, {}, With(status(406)));
@@ -590,8 +518,17 @@ private:
              u"does not lead to nowhere.example"_s},
             u"virus"_s, With(OnVenues().WithRedirect("https://nowhere.example/")));
     }
-    template <typename Row> static void AnswerCauses(const Row& row)
+    static void AnswerCauses(const FailingRows& row)
     {
+        row("reset", 4, {u"no HTTP status, "_s}, {}, With(OnVenues().WithReset()));
+        row("cut body", 4, {u"HTTP status 200, "_s}, {}, With(OnVenues().WithCutAfter(50)));
+        row("no answer", 4, {u"no answer from "_s, u" within 1 s"_s}, {}, With(OnVenues().WithoutAnswer()),
+            {u"--timeout"_s, u"1"_s});
+        row("media type with charset", 5, {u"\"application/vnd.api+json; charset=utf-8\" instead of "_s}, {},
+            With(OnVenues().WithMediaType("application/vnd.api+json; charset=utf-8")));
+        row("web page", 5, {u"\"text/html\" instead of "_s}, {}, With(OnVenues().WithMediaType("text/html")));
+        row("no media type", 5, {u"no media type instead of "_s}, {}, With(OnVenues().WithoutMediaType()));
+        row("no JSON", 6, {u"the body is no JSON object: "_s}, {}, With(OnVenues().WithBody("[1")));
         row("header without body", 4,
             {u"HTTP status 200, but the body did not come within 1 s: 0 bytes"_s, u"holds the body back"_s},
             u"no answer"_s, With(OnVenues().WithSilenceAfterHeader()), {u"--timeout"_s, u"1"_s});
@@ -611,8 +548,10 @@ private:
                      .WithMediaType("text/html")
                      .WithBody("<html><head><TITLE>Hotel\n Sign-in</TITLE></head></html>")));
     }
-    template <typename Row> static void DataCauses(const Row& row)
+    static void DataCauses(const FailingRows& row)
     {
+        row("no venues", 6, {u"the server knows no venue"_s}, {},
+            [](VenueServer& server) { server.SetCatalogue({}); });
         row("ids as texts", 6,
             {u"\"entity_id\" of 2 of 2 venues cannot be used, for example \"7\""_s, u"whole number"_s}, {},
             With(OnVenuesSay(TwoVenues("\"entity_id\": \"7\""))));
@@ -621,20 +560,23 @@ private:
                 R"({"data": [{"attributes": {"title": "a"}}, {"attributes": {"title": "b"}}]})")));
         row("ids too large", 6, {u"for example 4294967296"_s}, {},
             With(OnVenuesSay(TwoVenues("\"entity_id\": 4294967296"))));
-        row("dates with Z", 6,
-            {u"\"changed\" of 2 of 2 venues cannot be used, for example \"2024-03-01T10:20:30Z\""_s,
-             u"2026-01-31T10:20:30+00:00"_s},
-            {}, With(OnVenuesSay(TwoVenues("\"changed\": \"2024-03-01T10:20:30Z\""))));
-        row("dates with milliseconds", 6, {u"for example \"2024-03-01T10:20:30.000+00:00\""_s}, {},
-            With(OnVenuesSay(TwoVenues("\"changed\": \"2024-03-01T10:20:30.000+00:00\""))));
-        row("day with a time", 6, {u"\"created\" of 2 of 2 venues"_s, u"2024-03-01T00:00:00"_s}, {},
-            With(OnVenuesSay(TwoVenues("\"created\": \"2024-03-01T00:00:00\""))));
-        row("users in plural", 6, {u"\"users\" instead of \"user\""_s, u"no editor"_s}, {},
-            With(OnVenuesSay(TwoVenues("\"created\": \"2024-03-01\"",
-                                       ", \"included\": [{\"type\": \"users\", \"id\": \"1\"}]"))));
-        row("next page", 6, {u"2 venues, but there is a next page"_s, u"reads one answer only"_s}, {},
-            With(OnVenuesSay(TwoVenues("\"created\": \"2024-03-01\"",
-                                       ", \"links\": {\"next\": {\"href\": \"https://a/?page=2\"}}"))));
+        // What spoils a field only does not keep the probe from going on.
+        const auto goingOn = [&row](const char* name, const QStringList& words, const QByteArray& attributes,
+                                    const QByteArray& rest = {}) {
+            row(name, 6, words, {}, With(OnVenuesSay(TwoVenues(attributes, rest))), {}, true);
+        };
+        goingOn("dates with Z",
+                {u"\"changed\" of 2 of 2 venues cannot be used, for example \"2024-03-01T10:20:30Z\""_s,
+                 u"2026-01-31T10:20:30+00:00"_s},
+                "\"changed\": \"2024-03-01T10:20:30Z\"");
+        goingOn("dates with milliseconds", {u"for example \"2024-03-01T10:20:30.000+00:00\""_s},
+                "\"changed\": \"2024-03-01T10:20:30.000+00:00\"");
+        goingOn("day with a time", {u"\"created\" of 2 of 2 venues"_s, u"2024-03-01T00:00:00"_s},
+                "\"created\": \"2024-03-01T00:00:00\"");
+        goingOn("users in plural", {u"\"users\" instead of \"user\""_s, u"no editor"_s},
+                "\"created\": \"2024-03-01\"", ", \"included\": [{\"type\": \"users\", \"id\": \"1\"}]");
+        goingOn("next page", {u"2 venues, but there is a next page"_s, u"reads one answer only"_s},
+                "\"created\": \"2024-03-01\"", ", \"links\": {\"next\": {\"href\": \"https://a/?page=2\"}}");
         row("picture on a host that the proxy refuses", 7, {u"does not lead to pictures.example"_s},
             u"virus"_s,
             With(Fault::On(u"from_the_auditorium"_s)
@@ -651,7 +593,31 @@ private:
                      .WithStatus(200)
                      .WithBody(R"({"included": [{"type": "tessras"}, {"type": "file", "id": "1"}]})")));
     }
-    template <typename Row> static void SearchCauses(const Row& row)
+    static void LoadCauses(const FailingRows& row)
+    {
+        const auto onPictures = [] { return Fault::On(u"from_the_auditorium"_s); };
+        const auto onPicture = [] { return Fault::On(u"/files/pictures"_s); };
+        const auto onModel = [] { return Fault::On(u"/files/models"_s); };
+        row("list of pictures fails", 7, {u"list of pictures: HTTP status 500, "_s}, {},
+            With(onPictures().WithStatus(500)));
+        row("list of pictures of another type", 7, {u"list of pictures: the media type is \"text/html\""_s},
+            {}, With(onPictures().WithMediaType("text/html")));
+        row("list of pictures is no JSON", 7, {u"list of pictures: the body is no JSON object"_s}, {},
+            With(onPictures().WithBody("no")));
+        row("picture missing", 7, {u"2 at venue "_s, u"; HTTP status 404, "_s}, {},
+            With(onPicture().WithStatus(404)));
+        row("picture is a web page", 7, {u" is no image but \"text/html\""_s}, {},
+            With(onPicture().WithMediaType("text/html")));
+        row("picture is empty", 7, {u" is empty"_s}, {}, With(onPicture().WithBody({})));
+        row("list of model files fails", 8, {u"list of model files: HTTP status 503, "_s}, {},
+            With(Fault::On(u"tessra.file"_s).WithStatus(503)));
+        row("model file missing", 8, {u"1 at venue "_s, u"; HTTP status 404, "_s}, {},
+            With(onModel().WithStatus(404)));
+        row("model file is empty", 8, {u" is empty"_s}, {}, With(onModel().WithBody({})));
+        row("model file never comes", 8, {u"no answer from "_s, u" within 1 s"_s}, {},
+            With(onModel().WithoutAnswer()), {u"--timeout"_s, u"1"_s});
+    }
+    static void SearchCauses(const FailingRows& row)
     {
         const Fault filter = Fault::On(u"filter[title]"_s);
         const auto says = [filter](const QByteArray& body) {
