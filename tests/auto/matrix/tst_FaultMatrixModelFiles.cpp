@@ -6,6 +6,7 @@
 #include <tests/support/Files.h>
 #include <tests/support/FullDisk.h>
 #include <tests/support/HostileData.h>
+#include <tests/support/QtVersion.h>
 #include <tests/support/Replies.h>
 #include <tests/support/Rows.h>
 #include <tests/support/ServerTest.h>
@@ -185,6 +186,11 @@ private Q_SLOTS:
         row("hash", "/files/a#b", "/files/a%23b");
         row("blank", "/files/a b", "/files/a%20b");
         row("not ASCII", "/files/\xc3\xa4", "/files/%C3%A4");
+        row("triplet", "/files/a%20b", "/files/a%20b");
+        // What counts is that it remains a path.
+        row("host in the path", "//second.example/a",
+            c_keepsLeadingSlashes ? "//second.example/a" : "/second.example/a");
+        row("empty", "", "/");
         row("climbs", "/files/../../etc/passwd", "/etc/passwd");
         row("relative", "files/a.tessra", "");
         row("drive", "C:/a.tessra", "");
@@ -193,6 +199,7 @@ private Q_SLOTS:
         row("script", "javascript:alert(1)", "");
         row("user in front", "@second.example/a.tessra", "");
         row("port in front", ":8443/a.tessra", "");
+        row("port and user in front", ":8080@second.example/a", "");
     }
     void Path()
     {
@@ -202,6 +209,9 @@ private Q_SLOTS:
         m_server->Answer(QString(), Model(), "application/octet-stream");
         m_dialog->SelectVenue();
         VerifyOneFile(u"hall.tessra"_s);
+        // Whatever the path says, it is asked of the built-in host.
+        for (const auto& connection : m_server->Log().Connects())
+            QCOMPARE(connection.host, m_host);
         if (target.isEmpty()) {
             QCOMPARE(m_server->Log().RequestCount(), 1);
             QCOMPARE(m_dialog->connector.files.first().GetFileData(), QByteArray());
@@ -212,7 +222,6 @@ private Q_SLOTS:
         } else {
             QCOMPARE(m_server->Log().RequestCount(), 2);
             QCOMPARE(m_server->Log().LastRequest().target, target);
-            // Whatever the path says, it is asked of the built-in host.
             QCOMPARE(m_server->Log().LastRequest().host, m_host);
             QCOMPARE(m_dialog->connector.files.first().GetFileData(), Model());
         }

@@ -1,6 +1,5 @@
 #include <tests/support/ConnectorTest.h>
 #include <tests/support/Fixture.h>
-#include <tests/support/QtVersion.h>
 #include <tests/support/Records.h>
 #include <tests/support/Rows.h>
 
@@ -147,7 +146,6 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, elements);
         QFETCH(QStringList, names);
-        QFETCH(QList<qint64>, ids);
         m_server->Answer(u"/files/"_s, "model", "application/octet-stream");
         const QList<TsFile> files = m_connector->ProcessTSFileEntriesReply(Included(elements), 7);
         QCOMPARE(NamesOf(files), names);
@@ -156,7 +154,7 @@ private Q_SLOTS:
             foundIds.append(file.GetId());
             QCOMPARE(file.GetFileData(), QByteArray("model"));
         }
-        QCOMPARE(foundIds, ids);
+        QTEST(foundIds, "ids");
         QCOMPARE(m_server->Log().RequestCount(), names.size());
     }
 
@@ -186,70 +184,7 @@ private Q_SLOTS:
         QCOMPARE(files.first().GetTsVersion(), QString());
     }
 
-    void PathOfTheContents_data()
-    {
-        const Rows<QString, QByteArray> row("path", "target");
-        row("ordinary", u"/files/hall.tessra"_s, "/files/hall.tessra");
-        row("backslashes are removed", u"\\/files\\/ha\\\\ll.tessra"_s, "/files/hall.tessra");
-        row("blank and accent", u"/files/gro\u00df a.tessra"_s, "/files/gro%C3%9F%20a.tessra");
-        row("triplet", u"/files/a%20b"_s, "/files/a%20b");
-        row("question mark and hash belong to the path", u"/files/a?b#c"_s, "/files/a%3Fb%23c");
-        // What counts is that it remains a path.
-        row("host in the path", u"//second.example/a"_s,
-            c_keepsLeadingSlashes ? "//second.example/a" : "/second.example/a");
-        row("empty", {}, "/");
-    }
-    void PathOfTheContents()
-    {
-        QFETCH(QString, path);
-        QFETCH(QByteArray, target);
-        m_server->Answer(QString(), c_bytes, "application/octet-stream");
-        const QJsonArray included{QJsonObject{
-            {u"type"_s, u"file"_s}, {u"id"_s, u"a"_s}, {u"attributes"_s, QJsonObject{{u"url"_s, path}}}}};
-        const QList<TsFile> files = m_connector->ProcessTSFileEntriesReply(included, 7);
-        QCOMPARE(files.size(), 1);
-        QCOMPARE(files.first().GetFileData(), c_bytes);
-        QCOMPARE(m_server->Log().RequestCount(), 1);
-        QCOMPARE(m_server->Log().LastRequest().target, target);
-        QCOMPARE(m_server->Log().LastRequest().host, m_host);
-    }
-
-    void PathWithoutSlashStaysOnTheFixedHost_data()
-    {
-        const Rows<QString> row("path");
-        row("relative", u"files/a"_s);
-        row("whole URL", u"https://second.example/a"_s);
-        row("file", u"file:///etc/passwd"_s);
-        row("port and user", u":8080@second.example/a"_s);
-    }
-    void PathWithoutSlashStaysOnTheFixedHost()
-    {
-        QFETCH(QString, path);
-        // Nothing that stands there is answered; an error page would be the file all the same.
-        QVERIFY(!m_connector->GetBinaryData(path).contains("root:"));
-        for (const auto& connection : m_server->Log().Connects())
-            QCOMPARE(connection.host, m_host);
-        VdbMessages::Verify({u"Model file download failed: "_s + m_host + u".+ - .+"_s});
-    }
-
     // The contents.
-
-    // What else can go wrong with the contents stands in the matrix.
-    void UnreachableFileIsEmpty()
-    {
-        m_server->Server().Stop();
-        QCOMPARE(m_connector->GetBinaryData(u"/files/a"_s), QByteArray());
-        VdbMessages::Verify(
-            {u"Model file download failed: "_s + m_host + u"/files/a - no HTTP status - .+"_s});
-        QCOMPARE(ReplyCount(), 0);
-    }
-
-    void LargeFileArrivesWhole()
-    {
-        const QByteArray large(5'000'000, 'x');
-        m_server->Answer(u"/files/a"_s, large, "application/octet-stream");
-        QCOMPARE(m_connector->GetBinaryData(u"/files/a"_s), large);
-    }
 
     void OneFailedFileLeavesTheOthers()
     {
