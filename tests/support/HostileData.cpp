@@ -225,7 +225,9 @@ QList<HostileUrl> HostileUrls(const QString& host, const QString& file)
         {"https alone", u"https:"_s, false},
         {"other port", u"https://"_s + host + u":444"_s + path, false},
         {"port beyond 16 bits", u"https://"_s + host + u":99999"_s + path, false},
+        {"port 0", u"https://"_s + host + u":0"_s + path, false},
         {"blank in the host", u"https://a b/pictures/odd.png"_s, false},
+        {"half a bracket in the host", u"https://[bad/pictures/odd.png"_s, false},
         {"unknown host", u"https://unknown.example"_s + path, false},
         {"picture in the address that is none", u"data:text/plain,hello"_s, false},
     };
