@@ -82,50 +82,36 @@ private Q_SLOTS:
 
     void EachRequestHasTwoLines_data()
     {
-        const Rows<Action, QString> row("action", "what");
-        row(
-            "venue search",
-            [](ConnectorJsonRest& connector) {
+        const Rows<QString, Action> row("what", "action");
+        const auto search = [](const QList<std::pair<QString, QString>>& filters) {
+            return [filters](ConnectorJsonRest& connector) {
                 QList<Venue> venues;
-                QCOMPARE(connector.FindVenueEntries({}, venues), Ok);
-            },
-            u"Server request %1: "_s + c_host + u"/api/venue\\?include=editor%2"_s);
-        row(
-            "filtered search",
-            [](ConnectorJsonRest& connector) {
-                QList<Venue> venues;
-                QCOMPARE(connector.FindVenueEntries({{u"title"_s, u"typed"_s}}, venues), Ok);
-            },
-            u"Server request %1: "_s + c_host
-                + u"/api/venue\\?filter\\[title\\]\\[condition\\]\\[path\\]=\\.\\.\\.&"
-                  "filter\\[title\\]\\[condition\\]\\[operator\\]=\\.\\.\\.&"
-                  "filter\\[title\\]\\[condition\\]\\[value\\]=\\.\\.\\.&include=editor%2"_s);
-        row(
-            "picture query", [](ConnectorJsonRest& connector) { connector.GetPictureEntries(7); },
-            u"Server request %1: "_s + c_host
-                + u"/api/venue\\?include=from_the_auditorium.+&filter\\[entity_id\\]=7%2"_s);
-        row(
-            "model-file query", [](ConnectorJsonRest& connector) { connector.GetTSFileEntries(7); },
-            u"Server request %1: "_s + c_host
-                + u"/api/venue\\?include=tessra.file&filter\\[entity_id\\]=7%2"_s);
-        row(
-            "model file", [](ConnectorJsonRest& connector) { connector.GetBinaryData(u"/file"_s); },
-            u"Server request %1: "_s + c_host + u"/file%2"_s);
-        row(
-            "picture of the connector",
+                QCOMPARE(connector.FindVenueEntries(filters, venues), Ok);
+            };
+        };
+        const QString request = u"Server request %1: "_s + c_host;
+        const QString condition = u"filter\\[title\\]\\[condition\\]"_s;
+        row("venue search", request + u"/api/venue\\?include=editor%2"_s, search({}));
+        row("filtered search",
+            request + u"/api/venue\\?"_s + condition + u"\\[path\\]=\\.\\.\\.&"_s + condition
+                + u"\\[operator\\]=\\.\\.\\.&"_s + condition + u"\\[value\\]=\\.\\.\\.&include=editor%2"_s,
+            search({{u"title"_s, u"typed"_s}}));
+        row("picture query",
+            request + u"/api/venue\\?include=from_the_auditorium.+&filter\\[entity_id\\]=7%2"_s,
+            [](ConnectorJsonRest& connector) { connector.GetPictureEntries(7); });
+        row("model-file query", request + u"/api/venue\\?include=tessra.file&filter\\[entity_id\\]=7%2"_s,
+            [](ConnectorJsonRest& connector) { connector.GetTSFileEntries(7); });
+        row("model file", request + u"/file%2"_s,
+            [](ConnectorJsonRest& connector) { connector.GetBinaryData(u"/file"_s); });
+        row("picture of the connector", u"Request %1: "_s + c_host + u"/a\\.png%2"_s,
             [](ConnectorJsonRest& connector) {
                 connector.GetPictureBinaryData(ScriptedServer::Url(u"/a.png"_s));
-            },
-            u"Request %1: "_s + c_host + u"/a\\.png%2"_s);
-        row(
-            "picture of the download manager", [](ConnectorJsonRest&) { Download(u"/a.png"_s); },
-            u"Picture download %1: "_s + c_host + u"/a\\.png%2"_s);
-        row(
-            "request of a host",
-            [](ConnectorJsonRest& connector) {
-                QVERIFY(connector.waitForFinished(connector.SendGetJsonRequest(u"/file"_s, {}), c_wait));
-            },
-            u"Server request %1: "_s + c_host + u"/file%2"_s);
+            });
+        row("picture of the download manager", u"Picture download %1: "_s + c_host + u"/a\\.png%2"_s,
+            [](ConnectorJsonRest&) { Download(u"/a.png"_s); });
+        row("request of a host", request + u"/file%2"_s, [](ConnectorJsonRest& connector) {
+            QVERIFY(connector.waitForFinished(connector.SendGetJsonRequest(u"/file"_s, {}), c_wait));
+        });
     }
     void EachRequestHasTwoLines()
     {
@@ -163,41 +149,27 @@ private Q_SLOTS:
 
     void FailureIsTold_data()
     {
-        const Rows<Script, QString> row("script", "end");
+        const Rows<QString, Script> row("end", "script");
         const QString path = u"/file"_s;
-        row(
-            "404", [=](ScriptedServer& server) { server.Answer(path, "gone", "text/plain", 404); },
-            u"HTTP status 404 - 4 bytes - \\d+ ms - ContentNotFoundError: .+"_s);
-        row(
-            "500", [=](ScriptedServer& server) { server.Answer(path, "oops", "text/plain", 500); },
-            u"HTTP status 500 - 4 bytes - \\d+ ms - InternalServerError: .+"_s);
-        row(
-            "cut",
-            [=](ScriptedServer& server) {
-                server.AddFault(Fault::On(path).WithStatus(200).WithBody("12345678").WithCutAfter(3));
-            },
-            u"HTTP status 200 - 3 bytes - \\d+ ms - RemoteHostClosedError: .+"_s);
-        row(
-            "reset", [=](ScriptedServer& server) { server.AddFault(Fault::On(path).WithReset()); },
-            u"no HTTP status - 0 bytes - \\d+ ms - [A-Za-z]+Error: .+"_s);
-        row(
-            "refused by the proxy",
-            [](ScriptedServer& server) {
-                server.AddFault(
-                    NetworkFault{.kind = NetworkFault::Kind::AnswerConnect, .value = 407, .host = {}});
-            },
-            u"no HTTP status - 0 bytes - \\d+ ms - Proxy[A-Za-z]+Error: .+"_s);
-        row(
-            "server down", [](ScriptedServer& server) { server.Server().Stop(); },
-            u"no HTTP status - 0 bytes - \\d+ ms - [A-Za-z]+Error: .+refused"_s);
-        row(
-            "bad certificate",
-            [](ScriptedServer& server) {
-                server.AddFault(NetworkFault{.kind = NetworkFault::Kind::BadCertificate,
-                                             .certificate = CertificateKind::Expired,
-                                             .host = {}});
-            },
-            u"no HTTP status - 0 bytes - \\d+ ms - SslHandshakeFailedError: .+"_s);
+        const auto answer = [path](const QByteArray& body, int status) {
+            return [=](ScriptedServer& server) { server.Answer(path, body, "text/plain", status); };
+        };
+        const auto fails
+            = [](const auto& fault) { return [fault](ScriptedServer& server) { server.AddFault(fault); }; };
+        const QString nothing = u"no HTTP status - 0 bytes - \\d+ ms - "_s;
+        row("404", u"HTTP status 404 - 4 bytes - \\d+ ms - ContentNotFoundError: .+"_s, answer("gone", 404));
+        row("500", u"HTTP status 500 - 4 bytes - \\d+ ms - InternalServerError: .+"_s, answer("oops", 500));
+        row("cut", u"HTTP status 200 - 3 bytes - \\d+ ms - RemoteHostClosedError: .+"_s,
+            fails(Fault::On(path).WithStatus(200).WithBody("12345678").WithCutAfter(3)));
+        row("reset", nothing + u"[A-Za-z]+Error: .+"_s, fails(Fault::On(path).WithReset()));
+        row("refused by the proxy", nothing + u"Proxy[A-Za-z]+Error: .+"_s,
+            fails(NetworkFault{.kind = NetworkFault::Kind::AnswerConnect, .value = 407, .host = {}}));
+        row("server down", nothing + u"[A-Za-z]+Error: .+refused"_s,
+            [](ScriptedServer& server) { server.Server().Stop(); });
+        row("bad certificate", nothing + u"SslHandshakeFailedError: .+"_s,
+            fails(NetworkFault{.kind = NetworkFault::Kind::BadCertificate,
+                               .certificate = CertificateKind::Expired,
+                               .host = {}}));
     }
     void FailureIsTold()
     {
@@ -224,12 +196,7 @@ private Q_SLOTS:
 
     void UnusableAnswerOfASearchIsTold_data()
     {
-        QTest::addColumn<Fault>("fault");
-        QTest::addColumn<int>("result");
-        QTest::addColumn<QString>("why");
-        const auto row = [](const char* name, ResultStatus result, const QString& why, const Fault& fault) {
-            QTest::newRow(name) << fault << int(result) << why;
-        };
+        const Rows<ResultStatus, QString, Fault> row("result", "why", "fault");
         const auto body = [](const QByteArray& bytes) {
             return Fault::On(u"/api/venue"_s).WithStatus(200).WithBody(bytes).WithMediaType(c_jsonApi);
         };
@@ -251,11 +218,10 @@ private Q_SLOTS:
     void UnusableAnswerOfASearchIsTold()
     {
         QFETCH(Fault, fault);
-        QFETCH(int, result);
         QFETCH(QString, why);
         m_server->AddFault(fault);
         QList<Venue> venues;
-        QCOMPARE(int(m_connector->FindVenueEntries({}, venues)), result);
+        QTEST(m_connector->FindVenueEntries({}, venues), "result");
         QStringList lines = VdbMessages::Take();
         QCOMPARE(lines.size(), 3);
         const QRegularExpression form(
