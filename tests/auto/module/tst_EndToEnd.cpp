@@ -1,4 +1,3 @@
-#include <data/ConnectorJsonRest.h>
 #include <ui/TsFileOpener.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbDialog.h>
@@ -13,16 +12,13 @@
 #include <tests/support/StrictTest.h>
 #include <tests/support/Widgets.h>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QNetworkReply>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTextEdit>
@@ -222,26 +218,6 @@ private Q_SLOTS:
         QVERIFY(m_dialog->isVisible());
     }
 
-    void FailingServerLeadsToTheErrorBox_data()
-    {
-        const Rows<Fault> row("fault");
-        const QString venues = u"/api/venue"_s;
-        row("error status, right media type", Fault::On(venues).WithStatus(500));
-        row("media type with charset",
-            Fault::On(venues).WithMediaType("application/vnd.api+json; charset=utf-8"));
-        row("cut body", Fault::On(venues).WithCutAfter(100));
-        row("country refresh fails", Fault::On(venues).Skip(1).WithStatus(503));
-    }
-    void FailingServerLeadsToTheErrorBox()
-    {
-        QFETCH(Fault, fault);
-        m_server->AddFault(fault);
-        const auto driver = AnswerBox(QMessageBox::Close);
-        m_dialog->Open(nullptr);
-        QTRY_VERIFY(m_dialog->isHidden());
-        QCOMPARE(driver->Count(), 1);
-    }
-
     // What may happen at any moment of a wait.
 
     void SearchEndsWhenTheHostInterferes_data()
@@ -302,44 +278,6 @@ private Q_SLOTS:
             QVERIFY(Details()->isEnabled());
         else
             QTRY_VERIFY_WITH_TIMEOUT(!m_dialog, c_promptly);
-    }
-
-    void QuittingEndsEveryWait_data()
-    {
-        const Rows<QString> row("request");
-        row("search", u"include=editor"_s);
-        row("picture list", u"from_the_auditorium"_s);
-        row("picture bytes", u"-small."_s);
-        row("model-file list", u"tessra.file"_s);
-        row("model-file bytes", u"/files/models"_s);
-    }
-    void QuittingEndsEveryWait()
-    {
-        QFETCH(QString, request);
-        const bool isSearch = request == u"include=editor"_s;
-        if (!isSearch)
-            OpenAndWait();
-        m_server->Log().Clear();
-        m_server->AddFault(Fault::On(request).WithoutAnswer());
-        OnRequest(request, []() { QCoreApplication::quit(); });
-        QTimer::singleShot(0, m_dialog, [this, isSearch]() {
-            if (isSearch)
-                m_dialog->Open(nullptr);
-            else
-                ClickRow(Table(), 2);
-        });
-        QTimer::singleShot(c_promptly, m_dialog, []() { QCoreApplication::exit(99); });
-        QCOMPARE(QCoreApplication::exec(), 0);
-    }
-
-    void RepliesAreReleased()
-    {
-        korvel::Data::VenueDatabase::ConnectorJsonRest connector(nullptr);
-        QList<korvel::Data::VenueDatabase::Venue> venues;
-        QCOMPARE(connector.FindVenueEntries({}, venues), korvel::Data::VenueDatabase::Ok);
-        QCOMPARE(connector.GetPictureEntries(1).size(), 3);
-        QCOMPARE(connector.GetTSFileEntries(1).size(), 2);
-        QTRY_VERIFY(connector.findChildren<QNetworkReply*>().isEmpty());
     }
 
 private:
