@@ -9,7 +9,6 @@
 #include <QSet>
 
 using namespace Qt::StringLiterals;
-
 using namespace korvel::Test;
 
 namespace {
@@ -210,133 +209,121 @@ class tst_Documents : public StrictTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void EveryPieceOfCodeIsCompiledSomewhere_data();
-    void EveryPieceOfCodeIsCompiledSomewhere();
-    void EverySnippetIsShown();
-    void EveryLinkLeadsSomewhere_data();
-    void EveryLinkLeadsSomewhere();
-    void EveryGuideIsReachedFromTheReadme();
-    void PicturesAreSmall();
-    void TheGuideNamesEveryStyleValue();
-    void TheGuideNamesEveryFoldingIcon();
-    void EveryWidgetHeaderHasAnExample();
-};
+    void EveryPieceOfCodeIsCompiledSomewhere_data()
+    {
+        QTest::addColumn<QString>("path");
+        for (const QString& path : Documents() + PublicHeaders())
+            if (!CodeOf(path).isEmpty())
+                QTest::newRow(qPrintable(path)) << path;
+    }
+    void EveryPieceOfCodeIsCompiledSomewhere()
+    {
+        QFETCH(QString, path);
+        const QList<Code> compiled = CompiledTexts();
+        for (const Code& shown : CodeOf(path)) {
+            const bool isCompiled = std::any_of(compiled.begin(), compiled.end(), [&shown](const Code& code) {
+                return code.text == shown.text;
+            });
+            QVERIFY2(isCompiled, qPrintable(shown.place + u" is the text of no source:\n"_s + shown.text));
+        }
+    }
 
-void tst_Documents::EveryPieceOfCodeIsCompiledSomewhere_data()
-{
-    QTest::addColumn<QString>("path");
-    for (const QString& path : Documents() + PublicHeaders())
-        if (!CodeOf(path).isEmpty())
+    void EverySnippetIsShown()
+    {
+        QSet<QString> shown;
+        for (const QString& path : Documents() + PublicHeaders())
+            for (const Code& code : CodeOf(path))
+                shown.insert(code.text);
+        const QList<Code> snippets = AllSnippets();
+        QVERIFY(snippets.size() > 20);
+        for (const Code& snippet : snippets)
+            QVERIFY2(shown.contains(snippet.text), qPrintable(snippet.place + u" is shown nowhere"_s));
+    }
+
+    void EveryLinkLeadsSomewhere_data()
+    {
+        QTest::addColumn<QString>("path");
+        for (const QString& path : Documents())
             QTest::newRow(qPrintable(path)) << path;
-}
-
-void tst_Documents::EveryPieceOfCodeIsCompiledSomewhere()
-{
-    QFETCH(QString, path);
-    const QList<Code> compiled = CompiledTexts();
-    for (const Code& shown : CodeOf(path)) {
-        const bool isCompiled = std::any_of(compiled.begin(), compiled.end(),
-                                            [&shown](const Code& code) { return code.text == shown.text; });
-        QVERIFY2(isCompiled, qPrintable(shown.place + u" is the text of no source:\n"_s + shown.text));
     }
-}
-
-void tst_Documents::EverySnippetIsShown()
-{
-    QSet<QString> shown;
-    for (const QString& path : Documents() + PublicHeaders())
-        for (const Code& code : CodeOf(path))
-            shown.insert(code.text);
-    const QList<Code> snippets = AllSnippets();
-    QVERIFY(snippets.size() > 20);
-    for (const Code& snippet : snippets)
-        QVERIFY2(shown.contains(snippet.text), qPrintable(snippet.place + u" is shown nowhere"_s));
-}
-
-void tst_Documents::EveryLinkLeadsSomewhere_data()
-{
-    QTest::addColumn<QString>("path");
-    for (const QString& path : Documents())
-        QTest::newRow(qPrintable(path)) << path;
-}
-
-void tst_Documents::EveryLinkLeadsSomewhere()
-{
-    QFETCH(QString, path);
-    static const QRegularExpression link(u"\\]\\(([^)\\s]+)\\)"_s);
-    const QString file = SourcePath(path);
-    const QString prose = Prose(file);
-    for (const QRegularExpressionMatch& match : link.globalMatch(prose)) {
-        const QString target = match.captured(1);
-        if (target.startsWith(u"https://"_s))
-            continue;
-        const QString targetPath = target.section(QLatin1Char('#'), 0, 0);
-        const QString targetFile
-            = targetPath.isEmpty() ? file : QFileInfo(file).dir().absoluteFilePath(targetPath);
-        QVERIFY2(QFileInfo::exists(targetFile), qPrintable(target + u" does not exist"_s));
-        const QString anchor = target.section(QLatin1Char('#'), 1);
-        if (!anchor.isEmpty())
-            QVERIFY2(Anchors(targetFile).contains(anchor), qPrintable(target + u": no such heading"_s));
-    }
-}
-
-void tst_Documents::EveryGuideIsReachedFromTheReadme()
-{
-    const QString readme = ReadText(SourcePath(u"README.md"_s));
-    for (const QString& path : Documents())
-        if (path != u"README.md"_s)
-            QVERIFY2(readme.contains(u"]("_s + path), qPrintable(path));
-}
-
-void tst_Documents::PicturesAreSmall()
-{
-    constexpr qint64 c_limit = 3'000'000;
-    qint64 size = 0;
-    for (const QString& path : Files(u"docs/images"_s, {u"*"_s}))
-        size += QFileInfo(SourcePath(path)).size();
-    QVERIFY2(size < c_limit, qPrintable(u"%1 bytes"_s.arg(size)));
-}
-
-void tst_Documents::TheGuideNamesEveryStyleValue()
-{
-    const korvel::Ui::VenueDatabase::VenueDbDialog dialog;
-    QSet<QString> used{dialog.property("customStyle").toString()};
-    for (const QObject* child : dialog.findChildren<QObject*>()) {
-        const QVariant value = child->property("customStyle");
-        if (value.isValid())
-            used.insert(value.toString());
+    void EveryLinkLeadsSomewhere()
+    {
+        QFETCH(QString, path);
+        static const QRegularExpression link(u"\\]\\(([^)\\s]+)\\)"_s);
+        const QString file = SourcePath(path);
+        const QString prose = Prose(file);
+        for (const QRegularExpressionMatch& match : link.globalMatch(prose)) {
+            const QString target = match.captured(1);
+            if (target.startsWith(u"https://"_s))
+                continue;
+            const QString targetPath = target.section(QLatin1Char('#'), 0, 0);
+            const QString targetFile
+                = targetPath.isEmpty() ? file : QFileInfo(file).dir().absoluteFilePath(targetPath);
+            QVERIFY2(QFileInfo::exists(targetFile), qPrintable(target + u" does not exist"_s));
+            const QString anchor = target.section(QLatin1Char('#'), 1);
+            if (!anchor.isEmpty())
+                QVERIFY2(Anchors(targetFile).contains(anchor), qPrintable(target + u": no such heading"_s));
+        }
     }
 
-    static const QRegularExpression row(u"^\\| `([a-zA-Z]+Korvel\\w+)` \\|"_s,
-                                        QRegularExpression::MultilineOption);
-    QSet<QString> named;
-    const QString guide = ReadText(SourcePath(u"docs/HOST-GUIDE.md"_s));
-    for (const QRegularExpressionMatch& match : row.globalMatch(guide))
-        named.insert(match.captured(1));
-    QCOMPARE(named, used);
-}
+    void EveryGuideIsReachedFromTheReadme()
+    {
+        const QString readme = ReadText(SourcePath(u"README.md"_s));
+        for (const QString& path : Documents())
+            if (path != u"README.md"_s)
+                QVERIFY2(readme.contains(u"]("_s + path), qPrintable(path));
+    }
 
-void tst_Documents::TheGuideNamesEveryFoldingIcon()
-{
-    static const QRegularExpression icon(u"korvelFoldingWidget\\w+\\.svg"_s);
-    const auto iconsIn = [](const QString& path) {
-        QSet<QString> icons;
-        const QString text = ReadText(SourcePath(path));
-        for (const QRegularExpressionMatch& match : icon.globalMatch(text))
-            icons.insert(match.captured());
-        return icons;
-    };
-    const QSet<QString> wanted = iconsIn(u"ui/VenueDetailsWidget.cpp"_s);
-    QCOMPARE(wanted.size(), 4);
-    QCOMPARE(iconsIn(u"docs/HOST-GUIDE.md"_s), wanted);
-}
+    void PicturesAreSmall()
+    {
+        constexpr qint64 c_limit = 3'000'000;
+        qint64 size = 0;
+        for (const QString& path : Files(u"docs/images"_s, {u"*"_s}))
+            size += QFileInfo(SourcePath(path)).size();
+        QVERIFY2(size < c_limit, qPrintable(u"%1 bytes"_s.arg(size)));
+    }
 
-void tst_Documents::EveryWidgetHeaderHasAnExample()
-{
-    const QStringList without{u"data/Picture.h"_s, u"data/User.h"_s, u"data/VenueDatabaseExport.h"_s};
-    for (const QString& path : PublicHeaders())
-        QVERIFY2(CodeOfHeader(path).isEmpty() == without.contains(path), qPrintable(path));
-}
+    void TheGuideNamesEveryStyleValue()
+    {
+        const korvel::Ui::VenueDatabase::VenueDbDialog dialog;
+        QSet<QString> used{dialog.property("customStyle").toString()};
+        for (const QObject* child : dialog.findChildren<QObject*>()) {
+            const QVariant value = child->property("customStyle");
+            if (value.isValid())
+                used.insert(value.toString());
+        }
+
+        static const QRegularExpression row(u"^\\| `([a-zA-Z]+Korvel\\w+)` \\|"_s,
+                                            QRegularExpression::MultilineOption);
+        QSet<QString> named;
+        const QString guide = ReadText(SourcePath(u"docs/HOST-GUIDE.md"_s));
+        for (const QRegularExpressionMatch& match : row.globalMatch(guide))
+            named.insert(match.captured(1));
+        QCOMPARE(named, used);
+    }
+
+    void TheGuideNamesEveryFoldingIcon()
+    {
+        static const QRegularExpression icon(u"korvelFoldingWidget\\w+\\.svg"_s);
+        const auto iconsIn = [](const QString& path) {
+            QSet<QString> icons;
+            const QString text = ReadText(SourcePath(path));
+            for (const QRegularExpressionMatch& match : icon.globalMatch(text))
+                icons.insert(match.captured());
+            return icons;
+        };
+        const QSet<QString> wanted = iconsIn(u"ui/VenueDetailsWidget.cpp"_s);
+        QCOMPARE(wanted.size(), 4);
+        QCOMPARE(iconsIn(u"docs/HOST-GUIDE.md"_s), wanted);
+    }
+
+    void EveryWidgetHeaderHasAnExample()
+    {
+        const QStringList without{u"data/Picture.h"_s, u"data/User.h"_s, u"data/VenueDatabaseExport.h"_s};
+        for (const QString& path : PublicHeaders())
+            QVERIFY2(CodeOfHeader(path).isEmpty() == without.contains(path), qPrintable(path));
+    }
+};
 
 QTEST_MAIN(tst_Documents)
 #include "tst_Documents.moc"

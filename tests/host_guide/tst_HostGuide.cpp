@@ -5,7 +5,6 @@
 #include <QProcess>
 
 using namespace Qt::StringLiterals;
-
 using namespace korvel::Test;
 
 /// The host guide's first program, built as the guide says, against a venue server of its own. Without

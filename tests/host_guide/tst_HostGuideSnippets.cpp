@@ -27,7 +27,6 @@
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
-
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
 
@@ -98,354 +97,326 @@ private Q_SLOTS:
         StrictTest::cleanup();
     }
 
-    void ExplicitProxyCountsForTheApplication();
-    void SystemProxyComesFromTheEnvironment();
-    void AuthorityOfAFileIsTrusted();
-    void FileWithoutCertificateIsRefused();
-    void DialogOpensWhereItWasLeft();
-    void FirstOpeningHasTheModulesSize();
-    void DialogIsMaximisedOnASmallScreen_data();
-    void DialogIsMaximisedOnASmallScreen();
-    void HubLeadsDayModeAndHelpToTheHost();
-    void ImportedModelIsAnsweredOnce();
-    void RefusedImportIsAnsweredTwice();
-    void BackgroundImportIsAnsweredInTheUiThread_data();
-    void BackgroundImportIsAnsweredInTheUiThread();
-    void BackgroundImportOutlivesItsHost();
-    void DialogIsRemovedWhileDetailsLoad();
-    void DisconnectInASearchLeadsToTheErrorBox();
-    void RetryUsesTheNewConnector();
-    void DialogMayBeDeletedInASearch_data();
-    void DialogMayBeDeletedInASearch();
-    void MainWindowEndsTheApplicationPastItsOpenDialog_data();
-    void MainWindowEndsTheApplicationPastItsOpenDialog();
-    void GermanTextsAreInstalled();
-    void EnglishUserKeepsEnglish();
-    void TraceCategoryIsSwitchedOn();
-};
-
-void tst_HostGuideSnippets::ExplicitProxyCountsForTheApplication()
-{
-    Network::UseProxy(u"me"_s, u"secret"_s);
-    const QNetworkProxy proxy = QNetworkProxy::applicationProxy();
-    QCOMPARE(proxy.type(), QNetworkProxy::HttpProxy);
-    QCOMPARE(proxy.hostName(), u"proxy.company.example"_s);
-    QCOMPARE(proxy.port(), quint16(3128));
-    QCOMPARE(proxy.user(), u"me"_s);
-    QCOMPARE(proxy.password(), u"secret"_s);
-    Network::UseNoProxy();
-    QCOMPARE(QNetworkProxy::applicationProxy().type(), QNetworkProxy::NoProxy);
-}
-
-void tst_HostGuideSnippets::SystemProxyComesFromTheEnvironment()
-{
-    Network::UseSystemProxy();
-    QVERIFY(QNetworkProxyFactory::usesSystemConfiguration());
-}
-
-void tst_HostGuideSnippets::AuthorityOfAFileIsTrusted()
-{
-    const korvel::Demo::CertificateAuthority authority;
-    QTemporaryDir folder;
-    QFile file(folder.filePath(u"company.pem"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(authority.Pem());
-    file.close();
-
-    const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
-    QVERIFY(Network::TrustAuthority(file.fileName()));
-    const QList<QSslCertificate> trusted = QSslConfiguration::defaultConfiguration().caCertificates();
-    QSslConfiguration::setDefaultConfiguration(before);
-    QVERIFY(trusted.contains(authority.Certificate()));
-}
-
-void tst_HostGuideSnippets::FileWithoutCertificateIsRefused()
-{
-    const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
-    QVERIFY(!Network::TrustAuthority(QStringLiteral(VDB_SOURCE_DIR "/README.md")));
-    QVERIFY(!Network::TrustAuthority(u"/no/such/file.pem"_s));
-    QCOMPARE(QSslConfiguration::defaultConfiguration(), before);
-}
-
-void tst_HostGuideSnippets::DialogOpensWhereItWasLeft()
-{
-    // A dialog that may be narrow stands for a screen that has room for it.
-    const QSize narrow(600, 400);
-    QRect left;
+    void ExplicitProxyCountsForTheApplication()
     {
+        Network::UseProxy(u"me"_s, u"secret"_s);
+        const QNetworkProxy proxy = QNetworkProxy::applicationProxy();
+        QCOMPARE(proxy.type(), QNetworkProxy::HttpProxy);
+        QCOMPARE(proxy.hostName(), u"proxy.company.example"_s);
+        QCOMPARE(proxy.port(), quint16(3128));
+        QCOMPARE(proxy.user(), u"me"_s);
+        QCOMPARE(proxy.password(), u"secret"_s);
+        Network::UseNoProxy();
+        QCOMPARE(QNetworkProxy::applicationProxy().type(), QNetworkProxy::NoProxy);
+    }
+
+    void SystemProxyComesFromTheEnvironment()
+    {
+        Network::UseSystemProxy();
+        QVERIFY(QNetworkProxyFactory::usesSystemConfiguration());
+    }
+
+    void AuthorityOfAFileIsTrusted()
+    {
+        const korvel::Demo::CertificateAuthority authority;
+        QTemporaryDir folder;
+        QFile file(folder.filePath(u"company.pem"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(authority.Pem());
+        file.close();
+
+        const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+        QVERIFY(Network::TrustAuthority(file.fileName()));
+        const QList<QSslCertificate> trusted = QSslConfiguration::defaultConfiguration().caCertificates();
+        QSslConfiguration::setDefaultConfiguration(before);
+        QVERIFY(trusted.contains(authority.Certificate()));
+    }
+
+    void FileWithoutCertificateIsRefused()
+    {
+        const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+        QVERIFY(!Network::TrustAuthority(QStringLiteral(VDB_SOURCE_DIR "/README.md")));
+        QVERIFY(!Network::TrustAuthority(u"/no/such/file.pem"_s));
+        QCOMPARE(QSslConfiguration::defaultConfiguration(), before);
+    }
+
+    void DialogOpensWhereItWasLeft()
+    {
+        // A dialog that may be narrow stands for a screen that has room for it.
+        const QSize narrow(600, 400);
+        QRect left;
+        {
+            VenueDbDialog dialog;
+            dialog.setMinimumSize(narrow);
+            VenuePlace place(&dialog);
+            place.Open(nullptr);
+            dialog.setGeometry(40, 60, 700, 500);
+            left = dialog.geometry();
+            QVERIFY(left.size() != QSize(1062, 768));
+            dialog.close();
+            QVERIFY(!dialog.isVisible());
+        }
         VenueDbDialog dialog;
         dialog.setMinimumSize(narrow);
         VenuePlace place(&dialog);
         place.Open(nullptr);
-        dialog.setGeometry(40, 60, 700, 500);
-        left = dialog.geometry();
-        QVERIFY(left.size() != QSize(1062, 768));
-        dialog.close();
-        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.geometry(), left);
+        dialog.hide();
     }
-    VenueDbDialog dialog;
-    dialog.setMinimumSize(narrow);
-    VenuePlace place(&dialog);
-    place.Open(nullptr);
-    QCOMPARE(dialog.geometry(), left);
-    dialog.hide();
-}
 
-void tst_HostGuideSnippets::FirstOpeningHasTheModulesSize()
-{
-    VenueDbDialog dialog;
-    VenuePlace place(&dialog);
-    place.Open(nullptr);
-    QCOMPARE(dialog.size(), QSize(1062, 768));
-    dialog.hide();
-}
-
-void tst_HostGuideSnippets::DialogIsMaximisedOnASmallScreen_data()
-{
-    QTest::addColumn<bool>("fits");
-    QTest::newRow("the screen has room") << true;
-    QTest::newRow("the title bar would push it out") << false;
-}
-
-void tst_HostGuideSnippets::DialogIsMaximisedOnASmallScreen()
-{
-    QFETCH(bool, fits);
-    QScreen* screen = QGuiApplication::primaryScreen();
-    QWidget window;
-    Embedding embedding(&window);
-    // A dialog as high as the screen stands for a screen as low as the dialog.
-    if (!fits)
-        embedding.Dialog()->setMinimumHeight(screen->availableGeometry().height());
-    embedding.Open(screen);
-    QCOMPARE(embedding.Dialog()->isMaximized(), !fits);
-}
-
-void tst_HostGuideSnippets::HubLeadsDayModeAndHelpToTheHost()
-{
-    QWidget mainWindow;
-    Embedding embedding(&mainWindow);
-    QVERIFY(embedding.IsDayMode());
-    Q_EMIT VenueDbSignalHandler::GetInstance()->DayModeChangeRequested();
-    QVERIFY(!embedding.IsDayMode());
-    QVERIFY(qApp->styleSheet().contains(u"/dark/"_s));
-    Q_EMIT VenueDbSignalHandler::GetInstance()->HelpRequested();
-    int helpWindows = 0;
-    for (QDialog* dialog : mainWindow.findChildren<QDialog*>()) {
-        if (dialog->isVisible()) {
-            ++helpWindows;
-            dialog->close();
-        }
+    void FirstOpeningHasTheModulesSize()
+    {
+        VenueDbDialog dialog;
+        VenuePlace place(&dialog);
+        place.Open(nullptr);
+        QCOMPARE(dialog.size(), QSize(1062, 768));
+        dialog.hide();
     }
-    QCOMPARE(helpWindows, 1);
-}
 
-void tst_HostGuideSnippets::ImportedModelIsAnsweredOnce()
-{
-    QWidget mainWindow;
-    Embedding embedding(&mainWindow);
-    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
-    RequestImport(QStringLiteral(VDB_SOURCE_DIR "/README.md"));
-    QCOMPARE(Answers(answers), QList<bool>({true}));
-}
+    void DialogIsMaximisedOnASmallScreen_data()
+    {
+        QTest::addColumn<bool>("fits");
+        QTest::newRow("the screen has room") << true;
+        QTest::newRow("the title bar would push it out") << false;
+    }
+    void DialogIsMaximisedOnASmallScreen()
+    {
+        QFETCH(bool, fits);
+        QScreen* screen = QGuiApplication::primaryScreen();
+        QWidget window;
+        Embedding embedding(&window);
+        // A dialog as high as the screen stands for a screen as low as the dialog.
+        if (!fits)
+            embedding.Dialog()->setMinimumHeight(screen->availableGeometry().height());
+        embedding.Open(screen);
+        QCOMPARE(embedding.Dialog()->isMaximized(), !fits);
+    }
 
-void tst_HostGuideSnippets::RefusedImportIsAnsweredTwice()
-{
-    QWidget mainWindow;
-    Embedding embedding(&mainWindow);
-    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
-    RequestImport(u"/no/such/model"_s);
-    QCOMPARE(Answers(answers), QList<bool>({false}));
-    auto* box = embedding.Dialog()->findChild<QMessageBox*>();
-    QVERIFY(box && box->isVisible());
-    box->close();
-    QCOMPARE(Answers(answers), QList<bool>({false, true}));
-}
-
-void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread_data()
-{
-    const Rows<QString, bool> row("path", "answer");
-    row("readable", QStringLiteral(VDB_SOURCE_DIR "/README.md"), true);
-    row("missing", u"/no/such/model"_s, false);
-}
-
-void tst_HostGuideSnippets::BackgroundImportIsAnsweredInTheUiThread()
-{
-    QFETCH(QString, path);
-    QFETCH(bool, answer);
-    QWidget mainWindow;
-    Embedding embedding(&mainWindow);
-    const QThread* thread = nullptr;
-    connect(
-        VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, this,
-        [&thread] { thread = QThread::currentThread(); }, Qt::DirectConnection);
-    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
-    embedding.ImportInBackground(path);
-    QTRY_COMPARE(answers.size(), 1);
-    QCOMPARE(Answers(answers), QList<bool>({answer}));
-    QCOMPARE(thread, this->thread());
-    disconnect(VenueDbSignalHandler::GetInstance(), nullptr, this, nullptr);
-    if (auto* box = embedding.Dialog()->findChild<QMessageBox*>())
-        box->close();
-}
-
-void tst_HostGuideSnippets::BackgroundImportOutlivesItsHost()
-{
-    const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+    void HubLeadsDayModeAndHelpToTheHost()
     {
         QWidget mainWindow;
         Embedding embedding(&mainWindow);
-        embedding.ImportInBackground(QStringLiteral(VDB_SOURCE_DIR "/README.md"));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone());
+        QVERIFY(embedding.IsDayMode());
+        Q_EMIT VenueDbSignalHandler::GetInstance()->DayModeChangeRequested();
+        QVERIFY(!embedding.IsDayMode());
+        QVERIFY(qApp->styleSheet().contains(u"/dark/"_s));
+        Q_EMIT VenueDbSignalHandler::GetInstance()->HelpRequested();
+        int helpWindows = 0;
+        for (QDialog* dialog : mainWindow.findChildren<QDialog*>()) {
+            if (dialog->isVisible()) {
+                ++helpWindows;
+                dialog->close();
+            }
+        }
+        QCOMPARE(helpWindows, 1);
     }
-    QCoreApplication::processEvents();
-    QCOMPARE(answers.size(), 0);
-}
 
-void tst_HostGuideSnippets::DialogIsRemovedWhileDetailsLoad()
-{
-    QWidget mainWindow;
-    Embedding embedding(&mainWindow);
-    const QPointer<VenueDbDialog> dialog = embedding.Dialog();
-    ConnectorStub connector;
-    korvel::Data::VenueDatabase::Venue venue;
-    venue.SetId(7);
-    connector.venues = {venue};
-    bool wasAliveInTheWait = false;
-    connector.onGetPictures = [&](qint64) {
-        embedding.RemoveVenueDatabase();
-        // A nested event loop, as the real connector's.
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        wasAliveInTheWait = !dialog.isNull();
-        return QList<korvel::Data::VenueDatabase::Picture>();
-    };
-    auto* panel = dialog->findChild<VenueDbCentralWidget*>();
-    panel->SetConnector(&connector);
-    panel->PerformQuery();
-    dialog->findChild<QTableView*>()->selectRow(0);
-    QVERIFY(wasAliveInTheWait);
-    QTRY_VERIFY(dialog.isNull());
-}
+    void ImportedModelIsAnsweredOnce()
+    {
+        QWidget mainWindow;
+        Embedding embedding(&mainWindow);
+        const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+        RequestImport(QStringLiteral(VDB_SOURCE_DIR "/README.md"));
+        QCOMPARE(Answers(answers), QList<bool>({true}));
+    }
 
-void tst_HostGuideSnippets::DisconnectInASearchLeadsToTheErrorBox()
-{
-    SilentProxy proxy;
-    VenueDbDialog dialog;
-    connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
-    const ModalDriver<QMessageBox> driver([](QMessageBox* box) { box->button(QMessageBox::Close)->click(); });
-    dialog.ConnectVdb(u"JSONREST"_s);
-    dialog.Open(nullptr);
-    QTRY_COMPARE(driver.Count(), 1);
-    QTRY_VERIFY(!dialog.isVisible());
-}
+    void RefusedImportIsAnsweredTwice()
+    {
+        QWidget mainWindow;
+        Embedding embedding(&mainWindow);
+        const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+        RequestImport(u"/no/such/model"_s);
+        QCOMPARE(Answers(answers), QList<bool>({false}));
+        auto* box = embedding.Dialog()->findChild<QMessageBox*>();
+        QVERIFY(box && box->isVisible());
+        box->close();
+        QCOMPARE(Answers(answers), QList<bool>({false, true}));
+    }
 
-void tst_HostGuideSnippets::RetryUsesTheNewConnector()
-{
-    SilentProxy proxy;
-    VenueDbDialog dialog;
-    connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
-    int boxes = 0;
-    std::unique_ptr<ModalDriver<QMessageBox>> secondDriver;
-    const ModalDriver<QMessageBox> firstDriver([&](QMessageBox* box) {
+    void BackgroundImportIsAnsweredInTheUiThread_data()
+    {
+        const Rows<QString, bool> row("path", "answer");
+        row("readable", QStringLiteral(VDB_SOURCE_DIR "/README.md"), true);
+        row("missing", u"/no/such/model"_s, false);
+    }
+    void BackgroundImportIsAnsweredInTheUiThread()
+    {
+        QFETCH(QString, path);
+        QFETCH(bool, answer);
+        QWidget mainWindow;
+        Embedding embedding(&mainWindow);
+        const QThread* thread = nullptr;
+        connect(
+            VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, this,
+            [&thread] { thread = QThread::currentThread(); }, Qt::DirectConnection);
+        const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+        embedding.ImportInBackground(path);
+        QTRY_COMPARE(answers.size(), 1);
+        QCOMPARE(Answers(answers), QList<bool>({answer}));
+        QCOMPARE(thread, this->thread());
+        disconnect(VenueDbSignalHandler::GetInstance(), nullptr, this, nullptr);
+        if (auto* box = embedding.Dialog()->findChild<QMessageBox*>())
+            box->close();
+    }
+
+    void BackgroundImportOutlivesItsHost()
+    {
+        const QSignalSpy answers(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded);
+        {
+            QWidget mainWindow;
+            Embedding embedding(&mainWindow);
+            embedding.ImportInBackground(QStringLiteral(VDB_SOURCE_DIR "/README.md"));
+            QVERIFY(QThreadPool::globalInstance()->waitForDone());
+        }
+        QCoreApplication::processEvents();
+        QCOMPARE(answers.size(), 0);
+    }
+
+    void DialogIsRemovedWhileDetailsLoad()
+    {
+        QWidget mainWindow;
+        Embedding embedding(&mainWindow);
+        const QPointer<VenueDbDialog> dialog = embedding.Dialog();
+        ConnectorStub connector;
+        korvel::Data::VenueDatabase::Venue venue;
+        venue.SetId(7);
+        connector.venues = {venue};
+        bool wasAliveInTheWait = false;
+        connector.onGetPictures = [&](qint64) {
+            embedding.RemoveVenueDatabase();
+            // A nested event loop, as the real connector's.
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            wasAliveInTheWait = !dialog.isNull();
+            return QList<korvel::Data::VenueDatabase::Picture>();
+        };
+        auto* panel = dialog->findChild<VenueDbCentralWidget*>();
+        panel->SetConnector(&connector);
+        panel->PerformQuery();
+        dialog->findChild<QTableView*>()->selectRow(0);
+        QVERIFY(wasAliveInTheWait);
+        QTRY_VERIFY(dialog.isNull());
+    }
+
+    void DisconnectInASearchLeadsToTheErrorBox()
+    {
+        SilentProxy proxy;
+        VenueDbDialog dialog;
+        connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
+        const ModalDriver<QMessageBox> driver(
+            [](QMessageBox* box) { box->button(QMessageBox::Close)->click(); });
         dialog.ConnectVdb(u"JSONREST"_s);
-        secondDriver = std::make_unique<ModalDriver<QMessageBox>>([&boxes](QMessageBox* secondBox) {
+        dialog.Open(nullptr);
+        QTRY_COMPARE(driver.Count(), 1);
+        QTRY_VERIFY(!dialog.isVisible());
+    }
+
+    void RetryUsesTheNewConnector()
+    {
+        SilentProxy proxy;
+        VenueDbDialog dialog;
+        connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
+        int boxes = 0;
+        std::unique_ptr<ModalDriver<QMessageBox>> secondDriver;
+        const ModalDriver<QMessageBox> firstDriver([&](QMessageBox* box) {
+            dialog.ConnectVdb(u"JSONREST"_s);
+            secondDriver = std::make_unique<ModalDriver<QMessageBox>>([&boxes](QMessageBox* secondBox) {
+                ++boxes;
+                secondBox->button(QMessageBox::Close)->click();
+            });
             ++boxes;
-            secondBox->button(QMessageBox::Close)->click();
+            box->button(QMessageBox::Retry)->click();
         });
-        ++boxes;
-        box->button(QMessageBox::Retry)->click();
-    });
-    dialog.ConnectVdb(u"JSONREST"_s);
-    dialog.Open(nullptr);
-    QTRY_COMPARE(boxes, 2);
-    // Only a connector can reach the proxy.
-    QCOMPARE(proxy.ConnectionCount(), 2);
-    QTRY_VERIFY(!dialog.isVisible());
-}
+        dialog.ConnectVdb(u"JSONREST"_s);
+        dialog.Open(nullptr);
+        QTRY_COMPARE(boxes, 2);
+        // Only a connector can reach the proxy.
+        QCOMPARE(proxy.ConnectionCount(), 2);
+        QTRY_VERIFY(!dialog.isVisible());
+    }
 
-void tst_HostGuideSnippets::DialogMayBeDeletedInASearch_data()
-{
-    const Rows<bool> row("isLater");
-    row("deleteLater", true);
-    row("delete", false);
-}
+    void DialogMayBeDeletedInASearch_data()
+    {
+        const Rows<bool> row("isLater");
+        row("deleteLater", true);
+        row("delete", false);
+    }
+    void DialogMayBeDeletedInASearch()
+    {
+        QFETCH(bool, isLater);
+        SilentProxy proxy;
+        const QPointer<VenueDbDialog> dialog(new VenueDbDialog);
+        connect(&proxy, &QTcpServer::newConnection, this, [dialog, isLater] {
+            if (isLater)
+                dialog->deleteLater();
+            else
+                delete dialog;
+        });
+        dialog->ConnectVdb(u"JSONREST"_s);
+        dialog->Open(nullptr);
+        QTRY_VERIFY(dialog.isNull());
+    }
 
-void tst_HostGuideSnippets::DialogMayBeDeletedInASearch()
-{
-    QFETCH(bool, isLater);
-    SilentProxy proxy;
-    const QPointer<VenueDbDialog> dialog(new VenueDbDialog);
-    connect(&proxy, &QTcpServer::newConnection, this, [dialog, isLater] {
-        if (isLater)
-            dialog->deleteLater();
-        else
-            delete dialog;
-    });
-    dialog->ConnectVdb(u"JSONREST"_s);
-    dialog->Open(nullptr);
-    QTRY_VERIFY(dialog.isNull());
-}
+    void MainWindowEndsTheApplicationPastItsOpenDialog_data()
+    {
+        const Rows<bool> row("isChild");
+        row("child of the main window", true);
+        row("without a parent", false);
+    }
+    void MainWindowEndsTheApplicationPastItsOpenDialog()
+    {
+        QFETCH(bool, isChild);
+        QWidget mainWindow;
+        mainWindow.show();
+        VenueDbDialog dialog(isChild ? &mainWindow : nullptr);
+        dialog.Open(nullptr);
+        constexpr int c_stillRunning = 7;
+        QTimer::singleShot(0, &mainWindow, &QWidget::close);
+        QTimer::singleShot(500, &mainWindow, [] { QCoreApplication::exit(c_stillRunning); });
+        QCOMPARE(QCoreApplication::exec(), isChild ? 0 : c_stillRunning);
+        dialog.hide();
+    }
 
-void tst_HostGuideSnippets::MainWindowEndsTheApplicationPastItsOpenDialog_data()
-{
-    const Rows<bool> row("isChild");
-    row("child of the main window", true);
-    row("without a parent", false);
-}
+    void GermanTextsAreInstalled()
+    {
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::German));
+        QTranslator translator;
+        QVERIFY(Texts::InstallTranslations(translator));
+        const VenueDbDialog dialog;
+        QStringList texts;
+        for (const QPushButton* button : dialog.findChildren<QPushButton*>())
+            texts.append(button->text());
+        QVERIFY2(texts.contains(u"Suchen"_s), qPrintable(texts.join(QLatin1Char('|'))));
+        QCoreApplication::removeTranslator(&translator);
+        // Where Qt's own translations are installed; if not, nothing is installed and nothing is said.
+        QTranslator qtTranslator;
+        const bool hasQtTexts
+            = QFileInfo::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_de.qm"_s);
+        QCOMPARE(Texts::InstallQtTranslations(qtTranslator), hasQtTexts);
+        QCoreApplication::removeTranslator(&qtTranslator);
+        QLocale::setDefault(before);
+    }
 
-void tst_HostGuideSnippets::MainWindowEndsTheApplicationPastItsOpenDialog()
-{
-    QFETCH(bool, isChild);
-    QWidget mainWindow;
-    mainWindow.show();
-    VenueDbDialog dialog(isChild ? &mainWindow : nullptr);
-    dialog.Open(nullptr);
-    constexpr int c_stillRunning = 7;
-    QTimer::singleShot(0, &mainWindow, &QWidget::close);
-    QTimer::singleShot(500, &mainWindow, [] { QCoreApplication::exit(c_stillRunning); });
-    QCOMPARE(QCoreApplication::exec(), isChild ? 0 : c_stillRunning);
-    dialog.hide();
-}
+    void EnglishUserKeepsEnglish()
+    {
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::English));
+        QTranslator translator;
+        QVERIFY(Texts::InstallTranslations(translator));
+        QCOMPARE(VenueDbDialog::tr("Venue database"), u"Venue database"_s);
+        QCoreApplication::removeTranslator(&translator);
+        QLocale::setDefault(before);
+    }
 
-void tst_HostGuideSnippets::GermanTextsAreInstalled()
-{
-    const QLocale before;
-    QLocale::setDefault(QLocale(QLocale::German));
-    QTranslator translator;
-    QVERIFY(Texts::InstallTranslations(translator));
-    const VenueDbDialog dialog;
-    QStringList texts;
-    for (const QPushButton* button : dialog.findChildren<QPushButton*>())
-        texts.append(button->text());
-    QVERIFY2(texts.contains(u"Suchen"_s), qPrintable(texts.join(QLatin1Char('|'))));
-    QCoreApplication::removeTranslator(&translator);
-    // Where Qt's own translations are installed; if not, nothing is installed and nothing is said.
-    QTranslator qtTranslator;
-    const bool hasQtTexts
-        = QFileInfo::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_de.qm"_s);
-    QCOMPARE(Texts::InstallQtTranslations(qtTranslator), hasQtTexts);
-    QCoreApplication::removeTranslator(&qtTranslator);
-    QLocale::setDefault(before);
-}
-
-void tst_HostGuideSnippets::EnglishUserKeepsEnglish()
-{
-    const QLocale before;
-    QLocale::setDefault(QLocale(QLocale::English));
-    QTranslator translator;
-    QVERIFY(Texts::InstallTranslations(translator));
-    QCOMPARE(VenueDbDialog::tr("Venue database"), u"Venue database"_s);
-    QCoreApplication::removeTranslator(&translator);
-    QLocale::setDefault(before);
-}
-
-void tst_HostGuideSnippets::TraceCategoryIsSwitchedOn()
-{
-    const QLoggingCategory trace("vdb.trace", QtWarningMsg);
-    QVERIFY(!trace.isDebugEnabled());
-    Texts::TraceRequests();
-    QVERIFY(trace.isDebugEnabled());
-    QLoggingCategory::setFilterRules(QString());
-}
+    void TraceCategoryIsSwitchedOn()
+    {
+        const QLoggingCategory trace("vdb.trace", QtWarningMsg);
+        QVERIFY(!trace.isDebugEnabled());
+        Texts::TraceRequests();
+        QVERIFY(trace.isDebugEnabled());
+        QLoggingCategory::setFilterRules(QString());
+    }
+};
 
 QTEST_MAIN(tst_HostGuideSnippets)
 #include "tst_HostGuideSnippets.moc"
