@@ -47,15 +47,19 @@ QWidget* FindFieldBeside(const QWidget* root, const QString& text, int which,
 {
     const auto place
         = [root](const QWidget* widget) { return QRect(widget->mapTo(root, QPoint()), widget->size()); };
+    // How far \p field begins after \p label in the direction of reading.
+    const auto distance = [root](const QRect& label, const QRect& field) {
+        return root->isRightToLeft() ? label.right() - field.right() : field.left() - label.left();
+    };
     const auto nearestTo = [&](const QRect& label) {
         QWidget* nearest = nullptr;
         for (QWidget* widget : root->findChildren<QWidget*>()) {
             if (!widget->isVisible() || !isField(widget))
                 continue;
             const QRect field = place(widget);
-            const bool isBeside = field.left() > label.left() && field.top() <= label.center().y()
+            const bool isBeside = distance(label, field) > 0 && field.top() <= label.center().y()
                 && field.bottom() >= label.top();
-            if (isBeside && (!nearest || field.left() < place(nearest).left()))
+            if (isBeside && (!nearest || distance(label, field) < distance(label, place(nearest))))
                 nearest = widget;
         }
         return nearest;

@@ -43,8 +43,8 @@ void Settle();
 
 /// The visible button of \p root with the text \p text.
 QPushButton* Button(const QWidget* root, const QString& text);
-/// The visible child of type \p T that stands right of the label \p label, the nearest one; where several
-/// labels read the same, that of the label number \p which from the top.
+/// The visible child of type \p T that stands after the label \p label on its line, the nearest one; where
+/// several labels read the same, that of the label number \p which from the top.
 template <typename T> T* FieldBeside(const QWidget* root, const QString& label, int which = 0);
 
 void Click(QWidget* widget);
