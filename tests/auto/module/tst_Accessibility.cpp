@@ -412,7 +412,6 @@ private Q_SLOTS:
         // The viewer's own keys go on working there.
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
         QCOMPARE(Caption(*viewer)->text(), u"1/2 Stage"_s);
-        viewer->hide();
     }
 
     void TheFoldIconIsAButtonForKeyboardAndScreenReader()

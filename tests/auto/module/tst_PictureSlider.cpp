@@ -320,7 +320,6 @@ private Q_SLOTS:
         slider.ShowFullScreen();
         QVERIFY(Viewer(slider)->isVisible());
         QCOMPARE(ViewerCaption(slider), u"-/0"_s);
-        Viewer(slider)->hide();
     }
 
     void ResetOnlyClearsTheCaption()
@@ -565,7 +564,6 @@ private Q_SLOTS:
         // Steps there leave the slider where it is.
         Viewer(slider)->ModifyPicturesIndex(1);
         QCOMPARE(Caption(slider)->text(), u"2/2 b"_s);
-        Viewer(slider)->hide();
     }
 
     void ViewerMayBeGone()

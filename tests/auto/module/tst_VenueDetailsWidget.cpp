@@ -287,10 +287,8 @@ private Q_SLOTS:
         VenueDetailsWidget panel;
         const QSize hint = panel.minimumSizeHint();
         Fill(panel, venue);
-        QCOMPARE(Text(panel, ComplexName), markup);
-        QCOMPARE(Text(panel, VenueRoomName), markup);
-        QCOMPARE(Text(panel, DockAddress), markup);
-        for (const Field field : {GeneralComment, LocationComment, DockComment, RiggingComment})
+        for (const Field field : {ComplexName, VenueRoomName, DockAddress, GeneralComment, LocationComment,
+                                  DockComment, RiggingComment})
             QCOMPARE(Text(panel, field), markup);
         QVERIFY2(Text(panel, Address).startsWith(markup), qPrintable(Text(panel, Address)));
         QCOMPARE(panel.minimumSizeHint(), hint);
@@ -451,10 +449,8 @@ private Q_SLOTS:
         QVERIFY(!Body(panel)->horizontalScrollBar()->isVisible());
         QVERIFY(Body(panel)->verticalScrollBar()->isVisible());
         QList<QWidget*> shown;
-        for (QLineEdit* field : LineEdits(panel))
-            shown.append(field);
-        for (QTextEdit* field : TextEdits(panel))
-            shown.append(field);
+        for (int field = Id; field <= RiggingComment; ++field)
+            shown.append(Widget(panel, Field(field)));
         for (const char* section : {"General", "Loading dock", "Rigging"})
             shown.append(Label(panel, QString::fromLatin1(section)));
         shown.append(panel.findChild<PictureSlider*>());
@@ -587,7 +583,6 @@ private Q_SLOTS:
             QCOMPARE(panel->height(), 516);
             panel->hide();
         }
-        window.hide();
     }
 
     void FoldIconTogglesAndShowsTheState()

@@ -229,7 +229,6 @@ private Q_SLOTS:
         QTRY_VERIFY(viewer.findChild<PictureView*>()->hasFocus());
         viewer.showNormal();
         QTRY_COMPARE(viewer.size(), QSize(1062, 768));
-        viewer.hide();
     }
 
     void ZoomKeepsWhatIsUnderTheMouseBeforeItMoved_data()
@@ -258,7 +257,6 @@ private Q_SLOTS:
         QVERIFY(XdoTool(input));
         QTRY_COMPARE(view->transform().m11(), fitted * PictureView::c_zoomStep);
         VerifyNear(view->mapFromScene(pointed), position, 2);
-        viewer.hide();
     }
 
     void DialogAllowsQuittingWhileItIsOpen()
