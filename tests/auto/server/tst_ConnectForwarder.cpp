@@ -22,10 +22,7 @@ const QString c_secondHost = u"second.example"_s;
 
 NetworkFault FaultOf(Kind kind, qint64 value = 0)
 {
-    NetworkFault fault;
-    fault.kind = kind;
-    fault.value = value;
-    return fault;
+    return {.kind = kind, .value = value, .host = {}};
 }
 
 } // namespace

@@ -212,35 +212,24 @@ private Q_SLOTS:
         QCOMPARE(Image(u"modern"_s, u"view_from_the_outside"_s, size).size(), size);
     }
 
-    void ImpossibleSizesGiveNothing_data()
+    void ImpossiblePicturesAreNothing_data()
     {
-        const Rows<QSize> row("size");
-        row("null", {});
-        row("no width", QSize(0, 100));
-        row("negative height", QSize(100, -5));
+        const Rows<QString, QString, QSize> row("house", "view", "size");
+        row("null size", u"opera"_s, u"isometric"_s, {});
+        row("no width", u"opera"_s, u"isometric"_s, QSize(0, 100));
+        row("negative height", u"opera"_s, u"isometric"_s, QSize(100, -5));
+        row("no house", {}, u"isometric"_s, c_small);
+        row("unknown view", u"opera"_s, u"from_the_moon"_s, c_small);
+        row("way out of the folder", u"../pictures/opera"_s, u"isometric"_s, c_small);
     }
-    void ImpossibleSizesGiveNothing()
-    {
-        QFETCH(QSize, size);
-        const VenuePicture picture(Venue(), View(u"isometric"_s));
-        QVERIFY(picture.Image(size).isNull());
-        QVERIFY(picture.Jpeg(size).isEmpty());
-    }
-
-    void UnknownPicturesGiveNothing_data()
-    {
-        const Rows<QString, QString> row("house", "view");
-        row("no house", {}, u"isometric"_s);
-        row("unknown view", u"opera"_s, u"from_the_moon"_s);
-        row("way out of the folder", u"../pictures/opera"_s, u"isometric"_s);
-    }
-    void UnknownPicturesGiveNothing()
+    void ImpossiblePicturesAreNothing()
     {
         QFETCH(QString, house);
         QFETCH(QString, view);
+        QFETCH(QSize, size);
         const VenuePicture picture(Venue(house), View(view));
-        QVERIFY(picture.Image(c_small).isNull());
-        QVERIFY(picture.Jpeg(c_small).isEmpty());
+        QVERIFY(picture.Image(size).isNull());
+        QVERIFY(picture.Jpeg(size).isEmpty());
     }
 
     void AnyTextIsWritten_data()
