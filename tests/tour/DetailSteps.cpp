@@ -1,3 +1,4 @@
+#include <tests/support/Widgets.h>
 #include <tests/tour/Hands.h>
 #include <tests/tour/Texts.h>
 #include <tests/tour/TourSteps.h>
@@ -98,13 +99,8 @@ QString PictureSteps(TourContext& context)
 {
     const VenueRecord& venue = context.Venue(c_palaisGarnier);
     auto* slider = context.Details()->findChild<PictureSlider*>();
-    const auto step = [slider](bool forward) {
-        for (auto* button :
-             slider->findChildren<PictureNavigationButton*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if ((button->x() > 0) == forward)
-                Hands::Click(button);
-        }
-    };
+    const auto step
+        = [slider](bool forward) { Hands::Click(Test::NavigationButton(*slider, forward ? 1 : 0)); };
     const QImage first = slider->grab().toImage();
     step(true);
     RequireEqual(context.PictureCaption(), Caption(venue, 1), u"caption"_s);

@@ -1,6 +1,7 @@
 #include <demo/MainWindow.h>
 #include <demo/PlanView.h>
 #include <demo/Theme.h>
+#include <tests/support/Widgets.h>
 #include <tests/tour/Hands.h>
 #include <tests/tour/Texts.h>
 #include <tests/tour/TourSteps.h>
@@ -104,10 +105,7 @@ QString ChosenModel(TourContext& context)
     QStringList names;
     for (const ModelFileRecord& file : venue.modelFiles)
         names.append(file.name);
-    QStringList offered;
-    for (int i = 0; i < FileChooser(context)->count(); ++i)
-        offered.append(FileChooser(context)->itemText(i));
-    RequireEqual(offered, names, u"model files"_s);
+    RequireEqual(Test::ItemTexts(FileChooser(context)), names, u"model files"_s);
     ChooseFile(context, int(names.size()) - 1);
     Hands::Click(ImportButton(context));
     Require(context.window->windowTitle().contains(venue.title), u"the plan is of "_s + venue.title);

@@ -1,5 +1,6 @@
 #include <demo/MainWindow.h>
 #include <demo/PlanView.h>
+#include <tests/support/Widgets.h>
 #include <tests/tour/Hands.h>
 #include <tests/tour/Texts.h>
 #include <tests/tour/TourSteps.h>
@@ -31,16 +32,6 @@ void RequireListed(const TourContext& context, QList<qint64> expected, const QSt
     std::sort(expected.begin(), expected.end());
     Require(!expected.isEmpty(), u"the catalogue has something to find"_s);
     RequireEqual(listed, expected, what);
-}
-
-/// The texts of one column from top to bottom.
-QStringList ColumnTexts(const TourContext& context, int column)
-{
-    QStringList texts;
-    const QAbstractItemModel* model = context.Table()->model();
-    for (int row = 0; row < model->rowCount(); ++row)
-        texts.append(model->index(row, column).data().toString());
-    return texts;
 }
 
 QComboBox* CountryChooser(const TourContext& context)
@@ -79,7 +70,7 @@ QString AllVenues(TourContext& context)
         RequireEqual(dialog->size(), QSize(1062, 768), u"size of the dialog"_s);
     else
         Require(dialog->isMaximized(), u"the dialog is maximised on a small screen"_s);
-    const QStringList names = ColumnTexts(context, 1);
+    const QStringList names = Test::ColumnTexts(context.Table(), 1);
     for (const VenueRecord& venue : context.catalogue->Venues())
         Require(names.contains(venue.title), venue.title + u" is listed"_s);
     return u"%1 venues, the whole catalogue"_s.arg(everything.size());
@@ -92,7 +83,7 @@ QString FilteredSearch(TourContext& context)
     const auto inParis = context.CatalogueIds(
         [](const VenueRecord& venue) { return venue.locality.contains(u"paris"_s, Qt::CaseInsensitive); });
     RequireListed(context, inParis, u"listed"_s);
-    for (const QString& city : ColumnTexts(context, 3))
+    for (const QString& city : Test::ColumnTexts(context.Table(), 3))
         RequireEqual(city, u"Paris"_s, u"city"_s);
     return u"%1 venues, all in Paris"_s.arg(inParis.size());
 }
@@ -101,9 +92,7 @@ QString CountrySearch(TourContext& context)
 {
     context.ClickReset();
     QComboBox* chooser = CountryChooser(context);
-    QStringList countries;
-    for (int item = 0; item < chooser->count(); ++item)
-        countries.append(chooser->itemText(item));
+    const QStringList countries = Test::ItemTexts(chooser);
     RequireEqual(countries.value(0), u"--"_s, u"first entry"_s);
     const auto inJapan
         = context.CatalogueIds([](const VenueRecord& venue) { return venue.countryCode == u"JP"_s; });
@@ -116,7 +105,7 @@ QString CountrySearch(TourContext& context)
     RequireEqual(chooser->currentText(), u"Japan"_s, u"chosen"_s);
     context.ClickSearch();
     RequireListed(context, inJapan, u"listed"_s);
-    for (const QString& country : ColumnTexts(context, 4))
+    for (const QString& country : Test::ColumnTexts(context.Table(), 4))
         RequireEqual(country, u"Japan"_s, u"country"_s);
     RequireEqual(chooser->currentText(), u"Japan"_s, u"still chosen"_s);
     return u"%1 of %2 countries chosen, %3 venues"_s.arg(chooser->currentText())
@@ -129,7 +118,7 @@ QString CountrySearch(TourContext& context)
 void RequireNewestFirst(const TourContext& context, bool isReversed)
 {
     const QList<qint64> ids = context.ListedIds();
-    const QStringList texts = ColumnTexts(context, 5);
+    const QStringList texts = Test::ColumnTexts(context.Table(), 5);
     QStringList dates;
     for (qsizetype row = 0; row < ids.size(); ++row)
         dates.append(texts[row].isEmpty() ? QString() : context.Venue(ids[row]).changed.left(19));
@@ -151,7 +140,7 @@ QString DateSort(TourContext& context)
     };
     clickDates();
     RequireNewestFirst(context, false);
-    const QString newest = ColumnTexts(context, 5).constFirst();
+    const QString newest = Test::ColumnTexts(context.Table(), 5).constFirst();
     Hands::Settle();
     context.takePicture();
     clickDates();

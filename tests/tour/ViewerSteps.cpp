@@ -1,4 +1,5 @@
 #include <demo/MainWindow.h>
+#include <tests/support/Widgets.h>
 #include <tests/tour/Hands.h>
 #include <tests/tour/Texts.h>
 #include <tests/tour/TourSteps.h>
@@ -49,10 +50,7 @@ QString ViewerBeforeTheLargePicture(TourContext& context)
 {
     // Long enough to look at the small picture, short enough to wait for.
     context.server.AddFault(Fault::On(u"-large.jpg"_s).WithDelay(3500));
-    auto* slider = context.Details()->findChild<PictureSlider*>();
-    for (auto* button : slider->findChildren<QPushButton*>())
-        if (button->size() == QSize(24, 24))
-            Hands::Click(button);
+    Hands::Click(Test::FullscreenButton(*context.Details()->findChild<PictureSlider*>()));
     auto* viewer = Viewer(context);
     RequireEqual(viewer->GetStatusLabel()->text(), Texts::OfModule(c_viewer, "Loading large image..."),
                  u"status"_s);
