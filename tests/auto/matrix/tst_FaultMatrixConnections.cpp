@@ -65,6 +65,15 @@ private:
     }
 };
 
+/// The proxy's demand for credentials of that kind, before it leads to the other host.
+NetworkFault Demand(const QByteArray& challenge)
+{
+    return {.kind = NetworkFault::Kind::AnswerConnect,
+            .value = 407,
+            .challenge = challenge,
+            .host = u"second.example"_s};
+}
+
 QByteArray Early(const QByteArray& status, const QByteArray& headers = {})
 {
     return "HTTP/1.1 " + status + "\r\n" + headers + "\r\n";
@@ -149,10 +158,7 @@ private Q_SLOTS:
         QFETCH(bool, isDeleted);
         ServeOnce(u"/bytes"_s);
         // On a later connection; Qt tries the first one again by itself.
-        NetworkFault drop;
-        drop.skip = 1;
-        drop.times = 1;
-        m_server->AddFault(drop);
+        m_server->AddFault(NetworkFault{.host = {}, .skip = 1, .times = 1});
         QVERIFY(m_connector->waitForFinished(Send(u"/bytes"_s), 10'000));
         QNetworkReply* const lost = Send(u"/bytes"_s);
         if (isDeleted) {
@@ -216,13 +222,7 @@ private Q_SLOTS:
 
     void RefusedNtlmEndsWithItsWait()
     {
-        const QString host = u"second.example"_s;
-        NetworkFault refusal;
-        refusal.kind = NetworkFault::Kind::AnswerConnect;
-        refusal.value = 407;
-        refusal.challenge = "NTLM";
-        refusal.host = host;
-        m_server->AddFault(refusal);
+        m_server->AddFault(Demand("NTLM"));
         QNetworkReply* const refused = m_connector->SendGetUrlRequest(u"https://second.example/bytes"_s);
         if (c_noticesRefusedNtlm) {
             QVERIFY(m_connector->waitForFinished(refused, 10'000));
@@ -254,12 +254,7 @@ private Q_SLOTS:
 
     void BusyNetworkDoesNotHoldTheUserInterfaceUp()
     {
-        NetworkFault question;
-        question.kind = NetworkFault::Kind::AnswerConnect;
-        question.value = 407;
-        question.challenge = "Negotiate";
-        question.host = u"second.example"_s;
-        m_server->AddFault(question);
+        m_server->AddFault(Demand("Negotiate"));
         QNetworkReply* const reply = m_connector->SendGetUrlRequest(u"https://second.example/bytes"_s);
         QVERIFY(g_kerberosIsAsked.tryAcquire(1, 10'000));
         // Qt would wait for its network thread for five seconds.

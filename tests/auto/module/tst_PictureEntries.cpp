@@ -91,14 +91,12 @@ private Q_SLOTS:
 
     void PicturesMeetTheirFiles_data()
     {
-        QTest::addColumn<QByteArray>("elements");
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QList<qint64>>("ids");
+        const Rows<QByteArray, QStringList, QList<qint64>> joined("elements", "names", "ids");
         const QByteArray fileA = R"({"type": "file", "id": "a"})";
         const QByteArray fileB = R"({"type": "file", "id": "b"})";
         const auto row
-            = [](const char* name, const QByteArrayList& elements, const QStringList& names,
-                 const QList<qint64>& ids) { QTest::newRow(name) << elements.join(',') << names << ids; };
+            = [&joined](const char* name, const QByteArrayList& elements, const QStringList& names,
+                        const QList<qint64>& ids) { joined(name, elements.join(','), names, ids); };
         row("nothing", {}, {}, {});
         row("picture before its file", {PictureElement("a", "A"), fileA}, {u"A"_s}, {7});
         row("picture behind its file", {fileA, PictureElement("a", "A")}, {u"A"_s}, {7});

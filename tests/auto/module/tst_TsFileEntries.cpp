@@ -108,14 +108,12 @@ private Q_SLOTS:
 
     void ModelsMeetTheirFiles_data()
     {
-        QTest::addColumn<QByteArray>("elements");
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QList<qint64>>("ids");
+        const Rows<QByteArray, QStringList, QList<qint64>> joined("elements", "names", "ids");
         const QByteArray fileA = FileElement("a");
         const QByteArray fileB = FileElement("b");
         const auto row
-            = [](const char* name, const QByteArrayList& elements, const QStringList& names,
-                 const QList<qint64>& ids) { QTest::newRow(name) << elements.join(',') << names << ids; };
+            = [&joined](const char* name, const QByteArrayList& elements, const QStringList& names,
+                        const QList<qint64>& ids) { joined(name, elements.join(','), names, ids); };
         row("nothing", {}, {}, {});
         row("model before its file", {ModelElement("a", "A"), fileA}, {u"A"_s}, {7});
         row("model behind its file", {fileA, ModelElement("a", "A")}, {u"A"_s}, {7});
