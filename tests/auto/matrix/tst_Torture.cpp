@@ -48,7 +48,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-
 using namespace korvel::Demo;
 using namespace korvel::Test;
 using namespace korvel::Ui::VenueDatabase;
@@ -229,7 +228,23 @@ public:
     Q_ENUM(Deed)
 
     /// Runs one scenario with one deed in a process of its own, whose exit code this returns.
-    int RunAsChild(const QStringList& arguments);
+    int RunAsChild(const QStringList& arguments)
+    {
+        const Scenario& scenario = Scenarios().at(arguments.at(2).toInt());
+        const Deed deed = Deed(arguments.at(3).toInt());
+        QFile authority(arguments.at(6));
+        if (!authority.open(QIODevice::ReadOnly))
+            return c_scenarioHangs;
+        const QNetworkProxy proxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, arguments.at(5).toUShort());
+        m_network = std::make_unique<ApplicationNetworkGuard>(proxy, QSslCertificate(&authority));
+        m_turns = std::make_unique<TurnCounter>();
+        m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
+        m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);
+        m_reportsDeed = true;
+        const Outcome outcome = Run(scenario, {{arguments.at(4).toInt(), deed}}, u"child"_s);
+        delete m_dialog;
+        return outcome.code;
+    }
 
 private:
     using Step = void (tst_Torture::*)();
@@ -291,8 +306,40 @@ private:
     /// Whether a line on the standard output is to tell the parent process when the deed is done.
     bool m_reportsDeed = false;
 
-    static const QList<Scenario>& Scenarios();
-    static QList<Deed> Deeds();
+    static const QList<Scenario>& Scenarios()
+    {
+        using T = tst_Torture;
+        static const QList<Scenario> c_scenarios{
+            {"open and search", {}, {&T::StepOpen, &T::StepSearch}, &T::ListsAllVenues, true},
+            {"search with Retry", {}, {&T::StepOpen}, &T::ListsAllVenuesAfterRetry, true, true},
+            {"select a venue", {&T::StepOpen}, {&T::StepClickRow}, &T::ShowsDetails, true},
+            {"full screen",
+             {&T::StepOpen, &T::StepClickRow},
+             {&T::StepFullScreen, &T::StepNextPicture, &T::StepLeaveFullScreen},
+             &T::HasFetchedTwoLargePictures,
+             true},
+            {"save by key",
+             {&T::StepOpen, &T::StepClickRow, &T::StepFullScreen},
+             {&T::StepSaveByKey},
+             &T::HasSaved},
+            {"save by menu",
+             {&T::StepOpen, &T::StepClickRow, &T::StepFullScreen},
+             {&T::StepSaveByMenu},
+             &T::HasSaved},
+            {"import", {&T::StepOpen, &T::StepClickRow}, {&T::StepImport}, &T::HasImported},
+        };
+        return c_scenarios;
+    }
+
+    static QList<Deed> Deeds()
+    {
+        QList<Deed> deeds;
+        const QMetaEnum names = QMetaEnum::fromType<Deed>();
+        for (int index = 0; index < names.keyCount(); ++index)
+            deeds.append(Deed(names.value(index)));
+        return deeds;
+    }
+
     static QString Name(Deed deed)
     {
         return QString::fromLatin1(QMetaEnum::fromType<Deed>().valueToKey(int(deed)));
@@ -421,549 +468,465 @@ private:
         return m_importCount == 1 && Details()->findChild<TsFileOpener*>()->isEnabled();
     }
 
-    bool Do(Deed deed);
+    bool Do(Deed deed)
+    {
+        if (!m_dialog)
+            return false;
+        // The one moment at which hosts are told not to.
+        if (deed == Deed::Delete && m_selections > 0)
+            return false;
+
+        m_hasActed = true;
+        m_isQuitting = m_isQuitting || deed == Deed::Quit || deed == Deed::Exit;
+        m_sinceDeed.start();
+        if (m_reportsDeed) {
+            std::fputs("deed\n", stdout);
+            std::fflush(stdout);
+        }
+        switch (deed) {
+        case Deed::Delete:
+            delete m_dialog;
+            break;
+        case Deed::DeleteLater:
+            m_dialog->deleteLater();
+            break;
+        case Deed::Disconnect:
+            m_dialog->DisconnectVdb();
+            break;
+        case Deed::ConnectAnew:
+            m_dialog->ConnectVdb(u"JSONREST"_s);
+            break;
+        case Deed::Open:
+            m_dialog->Open(nullptr);
+            break;
+        case Deed::Hide:
+            m_dialog->hide();
+            break;
+        case Deed::SetDayMode:
+            m_dialog->SetDayMode(true);
+            break;
+        case Deed::SearchAgain:
+            Panel()->PerformQuery();
+            break;
+        case Deed::SelectAnotherRow:
+            if (Rows() == 0)
+                return false;
+            Selecting([this] { Table()->selectRow((Table()->currentIndex().row() + 1) % Rows()); });
+            break;
+        case Deed::SayLoaded:
+            m_dialog->SetVenueLoaded(true);
+            break;
+        case Deed::SayNotLoaded:
+            m_dialog->SetVenueLoaded(false);
+            break;
+        case Deed::Quit:
+            QCoreApplication::quit();
+            break;
+        case Deed::Exit:
+            QCoreApplication::exit(c_hostsExitCode);
+            break;
+        }
+        return true;
+    }
+
     /// Runs \p scenario with \p injections; \p begin is called between its prelude and itself.
     Outcome Run(const Scenario& scenario, const QList<Injection>& injections, const QString& what,
-                const std::function<void()>& begin = {});
+                const std::function<void()>& begin = {})
+    {
+        const HangGuard::Watch watch(*m_hangGuard, what);
+        Outcome outcome;
+        m_hasActed = false;
+        m_isQuitting = false;
+        m_importCount = 0;
+        m_server.Log().Clear();
+        if (scenario.needsRetry)
+            m_server.AddFault(Fault::On(u"/api/venue"_s).WithStatus(503).Times(1));
+        m_fileToSave = m_folder.filePath(u"saved.jpg"_s);
+        QFile::remove(m_fileToSave);
+        m_answerer->Start(m_fileToSave, scenario.needsRetry);
+        m_dialog = new VenueDbDialog;
+        m_dialog->ConnectVdb(u"JSONREST"_s);
+
+        QList<std::pair<int, TurnCounter::Action>> actions;
+        for (const Injection& injection : injections) {
+            actions.append({injection.turn, [this, &outcome, deed = injection.deed]() {
+                                ++outcome.reached;
+                                // Counted before: exec() may end within it.
+                                ++outcome.done;
+                                if (!Do(deed))
+                                    --outcome.done;
+                            }});
+        }
+
+        QList<Step> steps = scenario.prelude + scenario.steps;
+        m_turns->OnRest([this]() { return IsAtRest(); },
+                        [&]() {
+                            // The host's own exit code is not to be replaced in the same turn.
+                            if (m_isQuitting)
+                                return;
+                            if (steps.size() == scenario.steps.size()) {
+                                m_turns->Start(actions);
+                                if (begin)
+                                    begin();
+                            }
+                            if (steps.isEmpty()) {
+                                m_turns->Stop();
+                                QCoreApplication::exit(c_scenarioEnded);
+                                return;
+                            }
+                            (this->*steps.takeFirst())();
+                        });
+        QTimer limit;
+        // In slices: a machine that stood still meanwhile has used up one of them, not all.
+        int slices = c_limitSlices;
+        connect(&limit, &QTimer::timeout, this, [&slices]() {
+            if (--slices == 0)
+                QCoreApplication::exit(c_scenarioHangs);
+        });
+        limit.start(c_scenarioLimit / c_limitSlices);
+        outcome.code = QCoreApplication::exec();
+        limit.stop();
+        outcome.elapsed = m_hasActed ? m_sinceDeed.elapsed() : 0;
+        outcome.turns = m_turns->Turns();
+        m_turns->Stop();
+        outcome.diedByDeed = !m_dialog;
+        outcome.hasSucceeded = m_dialog && (this->*scenario.hasSucceeded)();
+        return outcome;
+    }
+
     /// Runs \p scenario with \p injections and verifies the aftermath. Null when that failed.
-    std::optional<Outcome> Torment(const Scenario& scenario, const QList<Injection>& injections);
+    std::optional<Outcome> Torment(const Scenario& scenario, const QList<Injection>& injections)
+    {
+        QString what = QLatin1String(scenario.name);
+        for (const Injection& injection : injections)
+            what += u", %1 in turn %2"_s.arg(Name(injection.deed)).arg(injection.turn);
+        const Outcome outcome = Run(scenario, injections, what);
+        m_injections += outcome.done;
+        m_server.ClearFaults();
+        VerifyAftermath(outcome, injections);
+        if (!QTest::currentTestFailed())
+            return outcome;
+        qInfo("torture: failed at %s", qPrintable(what));
+        return {};
+    }
+
     /// Verifies what must hold after every run, whatever was done.
-    void VerifyAftermath(const Outcome& outcome, const QList<Injection>& injections);
+    void VerifyAftermath(const Outcome& outcome, const QList<Injection>& injections)
+    {
+        const auto did = [&](Deed deed) {
+            return outcome.done == injections.size()
+                && std::any_of(injections.cbegin(), injections.cend(),
+                               [deed](const Injection& injection) { return injection.deed == deed; });
+        };
+        QVERIFY2(outcome.code != c_scenarioHangs, "a wait does not end");
+        if (injections.size() == 1 && (did(Deed::Quit) || did(Deed::Exit))) {
+            QCOMPARE(outcome.code, did(Deed::Quit) ? 0 : c_hostsExitCode);
+            QVERIFY2(outcome.elapsed < c_exitLimit, qPrintable(QString::number(outcome.elapsed)));
+        }
+        if (injections.size() == 1) {
+            QCOMPARE(outcome.diedByDeed, did(Deed::Delete) || did(Deed::DeleteLater));
+            if (!did(Deed::Quit) && !did(Deed::Exit))
+                QCOMPARE(outcome.code, c_scenarioEnded);
+        }
+        QVERIFY2(m_answerer->Orphans().isEmpty(), qPrintable(m_answerer->Orphans().join(QLatin1Char(' '))));
+        QVERIFY(!QApplication::activePopupWidget());
+
+        if (m_dialog) {
+            // Nothing is locked or says that it is busy.
+            QVERIFY(Details()->isEnabled());
+            QVERIFY(Panel()->cursor().shape() != Qt::WaitCursor);
+            const auto labels = m_dialog->findChildren<QLabel*>();
+            QVERIFY(std::none_of(labels.cbegin(), labels.cend(),
+                                 [](const QLabel* label) { return label->text() == u"Loading..."_s; }));
+            delete m_dialog;
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        QVERIFY2(QApplication::topLevelWidgets().isEmpty(), "a window is left");
+        QVERIFY(!QApplication::activeModalWidget());
+
+        // The host's own, and nothing on top of it or instead of it.
+        QVERIFY(QApplication::overrideCursor());
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::CrossCursor);
+        QApplication::restoreOverrideCursor();
+        QVERIFY(!QApplication::overrideCursor());
+        QApplication::setOverrideCursor(Qt::CrossCursor);
+    }
+
     /// The turns of a scenario when nothing interferes.
-    int UndisturbedTurns(int scenario);
-    bool IsAtRest() const;
+    int UndisturbedTurns(int scenario)
+    {
+        int& turns = m_undisturbedTurns[scenario];
+        if (turns == 0) {
+            const auto outcome = Torment(Scenarios().at(scenario), {});
+            turns = outcome ? outcome->turns : 1;
+        }
+        return turns;
+    }
+
+    bool IsAtRest() const
+    {
+        if (!m_dialog || (m_isServerSilent && m_hasActed))
+            return true;
+        const auto replies = m_dialog->findChildren<QNetworkReply*>();
+        return std::none_of(replies.cbegin(), replies.cend(),
+                            [](const QNetworkReply* reply) { return reply->isRunning(); });
+    }
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        g_previousHandler = qInstallMessageHandler(DropPlatformRemarks);
+        m_catalogue
+            = CatalogueGenerator({.venueCount = c_venueCount, .picturesPerVenue = 5, .modelFilesPerVenue = 2})
+                  .Catalogue();
+        m_server.SetCatalogue(m_catalogue);
+        QVERIFY2(m_server.Start(), qPrintable(m_server.ErrorText()));
+        m_network = m_server.InstallInApplication();
+        m_turns = std::make_unique<TurnCounter>();
+        m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
+        m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);
+        connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::ImportVenueFromTempFileRequest,
+                this, &tst_Torture::OnImportRequest);
+        QVERIFY(m_folder.isValid());
+    }
 
-    void UndisturbedScenariosSucceed_data();
-    void UndisturbedScenariosSucceed();
-    void OneDeedInAnyTurn_data();
-    void OneDeedInAnyTurn();
-    void TwoDeedsInAnyTurns_data();
-    void TwoDeedsInAnyTurns();
-    void EveryWaitForASilentServerEnds_data();
-    void EveryWaitForASilentServerEnds();
-    void ProcessEndsSoonAfterExit_data();
-    void ProcessEndsSoonAfterExit();
+    void init()
+    {
+        StrictTest::init();
+        QApplication::setOverrideCursor(Qt::CrossCursor);
+    }
+
+    void cleanup()
+    {
+        m_server.ClearFaults();
+        m_isServerSilent = false;
+        delete m_dialog;
+        QApplication::restoreOverrideCursor();
+        const bool isCursorLeft = QApplication::overrideCursor();
+        // The next row is to begin without what this one left.
+        while (QApplication::overrideCursor())
+            QApplication::restoreOverrideCursor();
+        QVERIFY(!isCursorLeft);
+        StrictTest::cleanup();
+    }
+
+    void cleanupTestCase()
+    {
+        qInfo("torture: %d injections", m_injections);
+        qInstallMessageHandler(g_previousHandler);
+        m_answerer.reset();
+        m_turns.reset();
+        m_hangGuard.reset();
+        m_network.reset();
+    }
+
+    void UndisturbedScenariosSucceed_data()
+    {
+        QTest::addColumn<int>("scenario");
+        for (int index = 0; index < Scenarios().size(); ++index)
+            QTest::newRow(Scenarios().at(index).name) << index;
+    }
+    void UndisturbedScenariosSucceed()
+    {
+        QFETCH(int, scenario);
+        const VdbMessages messages;
+        QElapsedTimer elapsed;
+        elapsed.start();
+        const Outcome outcome = Run(Scenarios().at(scenario), {}, u"undisturbed"_s);
+        qInfo("torture: %s, %d turns, %lld ms", Scenarios().at(scenario).name, outcome.turns,
+              elapsed.elapsed());
+        QCOMPARE(outcome.code, c_scenarioEnded);
+        QVERIFY(outcome.hasSucceeded);
+        QVERIFY(outcome.turns > 3);
+        VerifyAftermath(outcome, {});
+    }
+
+    void OneDeedInAnyTurn_data()
+    {
+        QTest::addColumn<int>("scenario");
+        QTest::addColumn<Deed>("deed");
+        for (int index = 0; index < Scenarios().size(); ++index)
+            for (const Deed deed : Deeds())
+                QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
+    }
+    void OneDeedInAnyTurn()
+    {
+        QFETCH(int, scenario);
+        QFETCH(Deed, deed);
+        const VdbMessages messages;
+        // A part of the turns for every deed, and others for each of them.
+        const int step = IsFull() ? 1 : std::max(3, UndisturbedTurns(scenario) / 4);
+        int turn = IsFull() ? 1 : 1 + (int(deed) * 5 + scenario) % step;
+        int count = 0;
+        for (bool isReached = true; isReached && (IsFull() || turn <= UndisturbedTurns(scenario));
+             turn += step) {
+            const auto outcome = Torment(Scenarios().at(scenario), {{turn, deed}});
+            if (!outcome)
+                return;
+            isReached = outcome->reached > 0;
+            count += outcome->done;
+        }
+        qInfo("torture: %s: %s, %d injections", Scenarios().at(scenario).name, qPrintable(Name(deed)), count);
+    }
+
+    void TwoDeedsInAnyTurns_data()
+    {
+        UndisturbedScenariosSucceed_data();
+    }
+    void TwoDeedsInAnyTurns()
+    {
+        QFETCH(int, scenario);
+        const VdbMessages messages;
+        // Drawn, but the same ones every time.
+        QRandomGenerator random(quint32(scenario) + 1);
+        const int runs = IsFull() ? 40 : 8;
+        const int turns = UndisturbedTurns(scenario);
+        const QList<Deed> deeds = Deeds();
+        int count = 0;
+        for (int run = 0; run < runs; ++run) {
+            const int first = random.bounded(1, turns + 1);
+            const int second = first + random.bounded(1, turns / 2 + 2);
+            const auto outcome = Torment(Scenarios().at(scenario),
+                                         {{first, deeds.at(random.bounded(deeds.size()))},
+                                          {second, deeds.at(random.bounded(deeds.size()))}});
+            if (!outcome)
+                return;
+            count += outcome->done;
+        }
+        qInfo("torture: %s: two deeds, %d injections", Scenarios().at(scenario).name, count);
+    }
+
+    void EveryWaitForASilentServerEnds_data()
+    {
+        QTest::addColumn<int>("scenario");
+        QTest::addColumn<Deed>("deed");
+        for (int index = 0; index < Scenarios().size(); ++index) {
+            if (!Scenarios().at(index).asksServer)
+                continue;
+            for (const Deed deed : {Deed::Delete, Deed::DeleteLater, Deed::Disconnect, Deed::ConnectAnew,
+                                    Deed::Quit, Deed::Exit})
+                QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
+        }
+    }
+    void EveryWaitForASilentServerEnds()
+    {
+        QFETCH(int, scenario);
+        QFETCH(Deed, deed);
+        const VdbMessages messages;
+        int count = 0;
+        bool isReached = true;
+        // The request that is never answered; -1 for the connection that is never made.
+        for (int request = -1; isReached; ++request) {
+            // Without further ado every second one.
+            if (!IsFull() && (request + int(deed)) % 2 != 0)
+                continue;
+            const QString what = u"%1: %2 while request %3 waits"_s
+                                     .arg(QLatin1String(Scenarios().at(scenario).name), Name(deed))
+                                     .arg(request);
+            int arrived = request < 0 ? 0 : -1;
+            bool isDone = false;
+            QObject context;
+            m_isServerSilent = true;
+            const auto onArrival = [&]() {
+                if (arrived++ != request + (request < 0 ? 1 : 0) || isDone)
+                    return;
+                isDone = true;
+                // What is asked from now on is answered again.
+                m_server.ClearFaults();
+                const bool isForbidden = deed == Deed::Delete && m_selections > 0;
+                Do(isForbidden ? Deed::DeleteLater : deed);
+            };
+            const Outcome outcome = Run(Scenarios().at(scenario), {}, what, [&]() {
+                if (request < 0) {
+                    m_server.AddFault(NetworkFault{.kind = NetworkFault::Kind::NeverAnswer, .host = {}});
+                    connect(&m_server.Log(), &RequestLog::ConnectReceived, &context, onArrival);
+                } else {
+                    arrived = 0;
+                    m_server.AddFault(Fault::On(QString()).Skip(request).WithoutAnswer());
+                    connect(&m_server.Log(), &RequestLog::RequestReceived, &context, onArrival);
+                }
+            });
+            m_server.ClearFaults();
+            m_isServerSilent = false;
+            isReached = isDone || request < 0;
+            count += isDone ? 1 : 0;
+            VerifyAftermath(outcome, {});
+            QVERIFY2(outcome.elapsed < c_waitLimit, qPrintable(what));
+            if (QTest::currentTestFailed()) {
+                qInfo("torture: failed at %s", qPrintable(what));
+                return;
+            }
+        }
+        m_injections += count;
+        qInfo("torture: %s: %s while the server is silent, %d injections", Scenarios().at(scenario).name,
+              qPrintable(Name(deed)), count);
+    }
+
+    void ProcessEndsSoonAfterExit_data()
+    {
+        QTest::addColumn<int>("scenario");
+        QTest::addColumn<Deed>("deed");
+        for (int index = 0; index < Scenarios().size(); ++index) {
+            if (Scenarios().at(index).needsRetry)
+                continue;
+            for (const Deed deed : {Deed::Quit, Deed::Exit})
+                QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
+        }
+    }
+    void ProcessEndsSoonAfterExit()
+    {
+        QFETCH(int, scenario);
+        QFETCH(Deed, deed);
+        const QString authority = m_folder.filePath(u"authority.pem"_s);
+        WriteFile(authority, m_server.CaPem());
+
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        // The search for leaks takes seconds of its own.
+        environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s);
+        process.setProcessEnvironment(environment);
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        // In the middle of it. A process of its own may need fewer turns, and then ends before the deed: try
+        // an earlier one.
+        QByteArray output;
+        for (int turn = UndisturbedTurns(scenario) / 2; turn > 0 && !output.contains("deed\n"); turn /= 2) {
+            process.waitForFinished(c_exitLimit);
+            process.start(QCoreApplication::applicationFilePath(),
+                          {u"--child"_s, QString::number(scenario), QString::number(int(deed)),
+                           QString::number(turn), QString::number(m_server.ProxyPort()), authority});
+            while (!output.contains("deed\n") && process.waitForReadyRead(2 * c_scenarioLimit))
+                output += process.readAll();
+        }
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QVERIFY2(output.contains("deed\n"), output.constData());
+        QVERIFY2(process.waitForFinished(c_exitLimit), "the process goes on");
+        QVERIFY(elapsed.elapsed() < c_exitLimit);
+        output += process.readAll();
+        QVERIFY2(process.exitStatus() == QProcess::NormalExit, output.constData());
+        QVERIFY2(process.exitCode() == (deed == Deed::Quit ? 0 : c_hostsExitCode), output.constData());
+        ++m_injections;
+    }
 
 public:
     /// The host's side of an import: it reads the file and lets the event loop turn meanwhile.
-    void OnImportRequest(const QString& path);
-};
-
-const QList<tst_Torture::Scenario>& tst_Torture::Scenarios()
-{
-    using T = tst_Torture;
-    static const QList<Scenario> c_scenarios{
-        {"open and search", {}, {&T::StepOpen, &T::StepSearch}, &T::ListsAllVenues, true},
-        {"search with Retry", {}, {&T::StepOpen}, &T::ListsAllVenuesAfterRetry, true, true},
-        {"select a venue", {&T::StepOpen}, {&T::StepClickRow}, &T::ShowsDetails, true},
-        {"full screen",
-         {&T::StepOpen, &T::StepClickRow},
-         {&T::StepFullScreen, &T::StepNextPicture, &T::StepLeaveFullScreen},
-         &T::HasFetchedTwoLargePictures,
-         true},
-        {"save by key",
-         {&T::StepOpen, &T::StepClickRow, &T::StepFullScreen},
-         {&T::StepSaveByKey},
-         &T::HasSaved},
-        {"save by menu",
-         {&T::StepOpen, &T::StepClickRow, &T::StepFullScreen},
-         {&T::StepSaveByMenu},
-         &T::HasSaved},
-        {"import", {&T::StepOpen, &T::StepClickRow}, {&T::StepImport}, &T::HasImported},
-    };
-    return c_scenarios;
-}
-
-QList<tst_Torture::Deed> tst_Torture::Deeds()
-{
-    QList<Deed> deeds;
-    const QMetaEnum names = QMetaEnum::fromType<Deed>();
-    for (int index = 0; index < names.keyCount(); ++index)
-        deeds.append(Deed(names.value(index)));
-    return deeds;
-}
-
-bool tst_Torture::Do(Deed deed)
-{
-    if (!m_dialog)
-        return false;
-    // The one moment at which hosts are told not to.
-    if (deed == Deed::Delete && m_selections > 0)
-        return false;
-
-    m_hasActed = true;
-    m_isQuitting = m_isQuitting || deed == Deed::Quit || deed == Deed::Exit;
-    m_sinceDeed.start();
-    if (m_reportsDeed) {
-        std::fputs("deed\n", stdout);
-        std::fflush(stdout);
-    }
-    switch (deed) {
-    case Deed::Delete:
-        delete m_dialog;
-        break;
-    case Deed::DeleteLater:
-        m_dialog->deleteLater();
-        break;
-    case Deed::Disconnect:
-        m_dialog->DisconnectVdb();
-        break;
-    case Deed::ConnectAnew:
-        m_dialog->ConnectVdb(u"JSONREST"_s);
-        break;
-    case Deed::Open:
-        m_dialog->Open(nullptr);
-        break;
-    case Deed::Hide:
-        m_dialog->hide();
-        break;
-    case Deed::SetDayMode:
-        m_dialog->SetDayMode(true);
-        break;
-    case Deed::SearchAgain:
-        Panel()->PerformQuery();
-        break;
-    case Deed::SelectAnotherRow:
-        if (Rows() == 0)
-            return false;
-        Selecting([this] { Table()->selectRow((Table()->currentIndex().row() + 1) % Rows()); });
-        break;
-    case Deed::SayLoaded:
-        m_dialog->SetVenueLoaded(true);
-        break;
-    case Deed::SayNotLoaded:
-        m_dialog->SetVenueLoaded(false);
-        break;
-    case Deed::Quit:
-        QCoreApplication::quit();
-        break;
-    case Deed::Exit:
-        QCoreApplication::exit(c_hostsExitCode);
-        break;
-    }
-    return true;
-}
-
-bool tst_Torture::IsAtRest() const
-{
-    if (!m_dialog || (m_isServerSilent && m_hasActed))
-        return true;
-    const auto replies = m_dialog->findChildren<QNetworkReply*>();
-    return std::none_of(replies.cbegin(), replies.cend(),
-                        [](const QNetworkReply* reply) { return reply->isRunning(); });
-}
-
-tst_Torture::Outcome tst_Torture::Run(const Scenario& scenario, const QList<Injection>& injections,
-                                      const QString& what, const std::function<void()>& begin)
-{
-    const HangGuard::Watch watch(*m_hangGuard, what);
-    Outcome outcome;
-    m_hasActed = false;
-    m_isQuitting = false;
-    m_importCount = 0;
-    m_server.Log().Clear();
-    if (scenario.needsRetry)
-        m_server.AddFault(Fault::On(u"/api/venue"_s).WithStatus(503).Times(1));
-    m_fileToSave = m_folder.filePath(u"saved.jpg"_s);
-    QFile::remove(m_fileToSave);
-    m_answerer->Start(m_fileToSave, scenario.needsRetry);
-    m_dialog = new VenueDbDialog;
-    m_dialog->ConnectVdb(u"JSONREST"_s);
-
-    QList<std::pair<int, TurnCounter::Action>> actions;
-    for (const Injection& injection : injections) {
-        actions.append({injection.turn, [this, &outcome, deed = injection.deed]() {
-                            ++outcome.reached;
-                            // Counted before: exec() may end within it.
-                            ++outcome.done;
-                            if (!Do(deed))
-                                --outcome.done;
-                        }});
-    }
-
-    QList<Step> steps = scenario.prelude + scenario.steps;
-    m_turns->OnRest([this]() { return IsAtRest(); },
-                    [&]() {
-                        // The host's own exit code is not to be replaced in the same turn.
-                        if (m_isQuitting)
-                            return;
-                        if (steps.size() == scenario.steps.size()) {
-                            m_turns->Start(actions);
-                            if (begin)
-                                begin();
-                        }
-                        if (steps.isEmpty()) {
-                            m_turns->Stop();
-                            QCoreApplication::exit(c_scenarioEnded);
-                            return;
-                        }
-                        (this->*steps.takeFirst())();
-                    });
-    QTimer limit;
-    // In slices: a machine that stood still meanwhile has used up one of them, not all.
-    int slices = c_limitSlices;
-    connect(&limit, &QTimer::timeout, this, [&slices]() {
-        if (--slices == 0)
-            QCoreApplication::exit(c_scenarioHangs);
-    });
-    limit.start(c_scenarioLimit / c_limitSlices);
-    outcome.code = QCoreApplication::exec();
-    limit.stop();
-    outcome.elapsed = m_hasActed ? m_sinceDeed.elapsed() : 0;
-    outcome.turns = m_turns->Turns();
-    m_turns->Stop();
-    outcome.diedByDeed = !m_dialog;
-    outcome.hasSucceeded = m_dialog && (this->*scenario.hasSucceeded)();
-    return outcome;
-}
-
-void tst_Torture::VerifyAftermath(const Outcome& outcome, const QList<Injection>& injections)
-{
-    const auto did = [&](Deed deed) {
-        return outcome.done == injections.size()
-            && std::any_of(injections.cbegin(), injections.cend(),
-                           [deed](const Injection& injection) { return injection.deed == deed; });
-    };
-    QVERIFY2(outcome.code != c_scenarioHangs, "a wait does not end");
-    if (injections.size() == 1 && (did(Deed::Quit) || did(Deed::Exit))) {
-        QCOMPARE(outcome.code, did(Deed::Quit) ? 0 : c_hostsExitCode);
-        QVERIFY2(outcome.elapsed < c_exitLimit, qPrintable(QString::number(outcome.elapsed)));
-    }
-    if (injections.size() == 1) {
-        QCOMPARE(outcome.diedByDeed, did(Deed::Delete) || did(Deed::DeleteLater));
-        if (!did(Deed::Quit) && !did(Deed::Exit))
-            QCOMPARE(outcome.code, c_scenarioEnded);
-    }
-    QVERIFY2(m_answerer->Orphans().isEmpty(), qPrintable(m_answerer->Orphans().join(QLatin1Char(' '))));
-    QVERIFY(!QApplication::activePopupWidget());
-
-    if (m_dialog) {
-        // Nothing is locked or says that it is busy.
-        QVERIFY(Details()->isEnabled());
-        QVERIFY(Panel()->cursor().shape() != Qt::WaitCursor);
-        const auto labels = m_dialog->findChildren<QLabel*>();
-        QVERIFY(std::none_of(labels.cbegin(), labels.cend(),
-                             [](const QLabel* label) { return label->text() == u"Loading..."_s; }));
-        delete m_dialog;
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-    QVERIFY2(QApplication::topLevelWidgets().isEmpty(), "a window is left");
-    QVERIFY(!QApplication::activeModalWidget());
-
-    // The host's own, and nothing on top of it or instead of it.
-    QVERIFY(QApplication::overrideCursor());
-    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::CrossCursor);
-    QApplication::restoreOverrideCursor();
-    QVERIFY(!QApplication::overrideCursor());
-    QApplication::setOverrideCursor(Qt::CrossCursor);
-}
-
-std::optional<tst_Torture::Outcome> tst_Torture::Torment(const Scenario& scenario,
-                                                         const QList<Injection>& injections)
-{
-    QString what = QLatin1String(scenario.name);
-    for (const Injection& injection : injections)
-        what += u", %1 in turn %2"_s.arg(Name(injection.deed)).arg(injection.turn);
-    const Outcome outcome = Run(scenario, injections, what);
-    m_injections += outcome.done;
-    m_server.ClearFaults();
-    VerifyAftermath(outcome, injections);
-    if (!QTest::currentTestFailed())
-        return outcome;
-    qInfo("torture: failed at %s", qPrintable(what));
-    return {};
-}
-
-int tst_Torture::UndisturbedTurns(int scenario)
-{
-    int& turns = m_undisturbedTurns[scenario];
-    if (turns == 0) {
-        const auto outcome = Torment(Scenarios().at(scenario), {});
-        turns = outcome ? outcome->turns : 1;
-    }
-    return turns;
-}
-
-void tst_Torture::OnImportRequest(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.readAll().isEmpty())
-        return;
-    ++m_importCount;
-    const QPointer<VenueDbDialog> dialog = m_dialog;
-    for (int turn = 0; turn < 4; ++turn) {
-        QEventLoop loop;
-        QTimer::singleShot(0, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-    if (dialog)
-        dialog->SetVenueLoaded(true);
-}
-
-void tst_Torture::initTestCase()
-{
-    g_previousHandler = qInstallMessageHandler(DropPlatformRemarks);
-    m_catalogue
-        = CatalogueGenerator({.venueCount = c_venueCount, .picturesPerVenue = 5, .modelFilesPerVenue = 2})
-              .Catalogue();
-    m_server.SetCatalogue(m_catalogue);
-    QVERIFY2(m_server.Start(), qPrintable(m_server.ErrorText()));
-    m_network = m_server.InstallInApplication();
-    m_turns = std::make_unique<TurnCounter>();
-    m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
-    m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);
-    connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::ImportVenueFromTempFileRequest, this,
-            &tst_Torture::OnImportRequest);
-    QVERIFY(m_folder.isValid());
-}
-
-void tst_Torture::cleanupTestCase()
-{
-    qInfo("torture: %d injections", m_injections);
-    qInstallMessageHandler(g_previousHandler);
-    m_answerer.reset();
-    m_turns.reset();
-    m_hangGuard.reset();
-    m_network.reset();
-}
-
-void tst_Torture::init()
-{
-    StrictTest::init();
-    QApplication::setOverrideCursor(Qt::CrossCursor);
-}
-
-void tst_Torture::cleanup()
-{
-    m_server.ClearFaults();
-    m_isServerSilent = false;
-    delete m_dialog;
-    QApplication::restoreOverrideCursor();
-    const bool isCursorLeft = QApplication::overrideCursor();
-    // The next row is to begin without what this one left.
-    while (QApplication::overrideCursor())
-        QApplication::restoreOverrideCursor();
-    QVERIFY(!isCursorLeft);
-    StrictTest::cleanup();
-}
-
-void tst_Torture::UndisturbedScenariosSucceed_data()
-{
-    QTest::addColumn<int>("scenario");
-    for (int index = 0; index < Scenarios().size(); ++index)
-        QTest::newRow(Scenarios().at(index).name) << index;
-}
-
-void tst_Torture::UndisturbedScenariosSucceed()
-{
-    QFETCH(int, scenario);
-    const VdbMessages messages;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    const Outcome outcome = Run(Scenarios().at(scenario), {}, u"undisturbed"_s);
-    qInfo("torture: %s, %d turns, %lld ms", Scenarios().at(scenario).name, outcome.turns, elapsed.elapsed());
-    QCOMPARE(outcome.code, c_scenarioEnded);
-    QVERIFY(outcome.hasSucceeded);
-    QVERIFY(outcome.turns > 3);
-    VerifyAftermath(outcome, {});
-}
-
-void tst_Torture::OneDeedInAnyTurn_data()
-{
-    QTest::addColumn<int>("scenario");
-    QTest::addColumn<Deed>("deed");
-    for (int index = 0; index < Scenarios().size(); ++index)
-        for (const Deed deed : Deeds())
-            QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
-}
-
-void tst_Torture::OneDeedInAnyTurn()
-{
-    QFETCH(int, scenario);
-    QFETCH(Deed, deed);
-    const VdbMessages messages;
-    // A part of the turns for every deed, and others for each of them.
-    const int step = IsFull() ? 1 : std::max(3, UndisturbedTurns(scenario) / 4);
-    int turn = IsFull() ? 1 : 1 + (int(deed) * 5 + scenario) % step;
-    int count = 0;
-    for (bool isReached = true; isReached && (IsFull() || turn <= UndisturbedTurns(scenario)); turn += step) {
-        const auto outcome = Torment(Scenarios().at(scenario), {{turn, deed}});
-        if (!outcome)
+    void OnImportRequest(const QString& path)
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly) || file.readAll().isEmpty())
             return;
-        isReached = outcome->reached > 0;
-        count += outcome->done;
-    }
-    qInfo("torture: %s: %s, %d injections", Scenarios().at(scenario).name, qPrintable(Name(deed)), count);
-}
-
-void tst_Torture::TwoDeedsInAnyTurns_data()
-{
-    UndisturbedScenariosSucceed_data();
-}
-
-void tst_Torture::TwoDeedsInAnyTurns()
-{
-    QFETCH(int, scenario);
-    const VdbMessages messages;
-    // Drawn, but the same ones every time.
-    QRandomGenerator random(quint32(scenario) + 1);
-    const int runs = IsFull() ? 40 : 8;
-    const int turns = UndisturbedTurns(scenario);
-    const QList<Deed> deeds = Deeds();
-    int count = 0;
-    for (int run = 0; run < runs; ++run) {
-        const int first = random.bounded(1, turns + 1);
-        const int second = first + random.bounded(1, turns / 2 + 2);
-        const auto outcome = Torment(Scenarios().at(scenario),
-                                     {{first, deeds.at(random.bounded(deeds.size()))},
-                                      {second, deeds.at(random.bounded(deeds.size()))}});
-        if (!outcome)
-            return;
-        count += outcome->done;
-    }
-    qInfo("torture: %s: two deeds, %d injections", Scenarios().at(scenario).name, count);
-}
-
-void tst_Torture::EveryWaitForASilentServerEnds_data()
-{
-    QTest::addColumn<int>("scenario");
-    QTest::addColumn<Deed>("deed");
-    for (int index = 0; index < Scenarios().size(); ++index) {
-        if (!Scenarios().at(index).asksServer)
-            continue;
-        for (const Deed deed :
-             {Deed::Delete, Deed::DeleteLater, Deed::Disconnect, Deed::ConnectAnew, Deed::Quit, Deed::Exit})
-            QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
-    }
-}
-
-void tst_Torture::EveryWaitForASilentServerEnds()
-{
-    QFETCH(int, scenario);
-    QFETCH(Deed, deed);
-    const VdbMessages messages;
-    int count = 0;
-    bool isReached = true;
-    // The request that is never answered; -1 for the connection that is never made.
-    for (int request = -1; isReached; ++request) {
-        // Without further ado every second one.
-        if (!IsFull() && (request + int(deed)) % 2 != 0)
-            continue;
-        const QString what
-            = u"%1: %2 while request %3 waits"_s.arg(QLatin1String(Scenarios().at(scenario).name), Name(deed))
-                  .arg(request);
-        int arrived = request < 0 ? 0 : -1;
-        bool isDone = false;
-        QObject context;
-        m_isServerSilent = true;
-        const auto onArrival = [&]() {
-            if (arrived++ != request + (request < 0 ? 1 : 0) || isDone)
-                return;
-            isDone = true;
-            // What is asked from now on is answered again.
-            m_server.ClearFaults();
-            const bool isForbidden = deed == Deed::Delete && m_selections > 0;
-            Do(isForbidden ? Deed::DeleteLater : deed);
-        };
-        const Outcome outcome = Run(Scenarios().at(scenario), {}, what, [&]() {
-            if (request < 0) {
-                NetworkFault fault;
-                fault.kind = NetworkFault::Kind::NeverAnswer;
-                m_server.AddFault(fault);
-                connect(&m_server.Log(), &RequestLog::ConnectReceived, &context, onArrival);
-            } else {
-                arrived = 0;
-                m_server.AddFault(Fault::On(QString()).Skip(request).WithoutAnswer());
-                connect(&m_server.Log(), &RequestLog::RequestReceived, &context, onArrival);
-            }
-        });
-        m_server.ClearFaults();
-        m_isServerSilent = false;
-        isReached = isDone || request < 0;
-        count += isDone ? 1 : 0;
-        VerifyAftermath(outcome, {});
-        QVERIFY2(outcome.elapsed < c_waitLimit, qPrintable(what));
-        if (QTest::currentTestFailed()) {
-            qInfo("torture: failed at %s", qPrintable(what));
-            return;
+        ++m_importCount;
+        const QPointer<VenueDbDialog> dialog = m_dialog;
+        for (int turn = 0; turn < 4; ++turn) {
+            QEventLoop loop;
+            QTimer::singleShot(0, &loop, &QEventLoop::quit);
+            loop.exec();
         }
+        if (dialog)
+            dialog->SetVenueLoaded(true);
     }
-    m_injections += count;
-    qInfo("torture: %s: %s while the server is silent, %d injections", Scenarios().at(scenario).name,
-          qPrintable(Name(deed)), count);
-}
-
-void tst_Torture::ProcessEndsSoonAfterExit_data()
-{
-    QTest::addColumn<int>("scenario");
-    QTest::addColumn<Deed>("deed");
-    for (int index = 0; index < Scenarios().size(); ++index) {
-        if (Scenarios().at(index).needsRetry)
-            continue;
-        for (const Deed deed : {Deed::Quit, Deed::Exit})
-            QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
-    }
-}
-
-void tst_Torture::ProcessEndsSoonAfterExit()
-{
-    QFETCH(int, scenario);
-    QFETCH(Deed, deed);
-    const QString authority = m_folder.filePath(u"authority.pem"_s);
-    WriteFile(authority, m_server.CaPem());
-
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    // The search for leaks takes seconds of its own.
-    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s);
-    process.setProcessEnvironment(environment);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    // In the middle of it. A process of its own may need fewer turns, and then ends before the deed: try an
-    // earlier one.
-    QByteArray output;
-    for (int turn = UndisturbedTurns(scenario) / 2; turn > 0 && !output.contains("deed\n"); turn /= 2) {
-        process.waitForFinished(c_exitLimit);
-        process.start(QCoreApplication::applicationFilePath(),
-                      {u"--child"_s, QString::number(scenario), QString::number(int(deed)),
-                       QString::number(turn), QString::number(m_server.ProxyPort()), authority});
-        while (!output.contains("deed\n") && process.waitForReadyRead(2 * c_scenarioLimit))
-            output += process.readAll();
-    }
-    QElapsedTimer elapsed;
-    elapsed.start();
-    QVERIFY2(output.contains("deed\n"), output.constData());
-    QVERIFY2(process.waitForFinished(c_exitLimit), "the process goes on");
-    QVERIFY(elapsed.elapsed() < c_exitLimit);
-    output += process.readAll();
-    QVERIFY2(process.exitStatus() == QProcess::NormalExit, output.constData());
-    QVERIFY2(process.exitCode() == (deed == Deed::Quit ? 0 : c_hostsExitCode), output.constData());
-    ++m_injections;
-}
-
-int tst_Torture::RunAsChild(const QStringList& arguments)
-{
-    const Scenario& scenario = Scenarios().at(arguments.at(2).toInt());
-    const Deed deed = Deed(arguments.at(3).toInt());
-    QFile authority(arguments.at(6));
-    if (!authority.open(QIODevice::ReadOnly))
-        return c_scenarioHangs;
-    const QNetworkProxy proxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, arguments.at(5).toUShort());
-    m_network = std::make_unique<ApplicationNetworkGuard>(proxy, QSslCertificate(&authority));
-    m_turns = std::make_unique<TurnCounter>();
-    m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
-    m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);
-    m_reportsDeed = true;
-    const Outcome outcome = Run(scenario, {{arguments.at(4).toInt(), deed}}, u"child"_s);
-    delete m_dialog;
-    return outcome.code;
-}
+};
 
 int main(int argc, char** argv)
 {
