@@ -195,11 +195,7 @@ FaultRow Slow(const QByteArray& name, NetworkFault::Kind kind, qint64 value = 0)
 {
     FaultRow row = Harmless(name, [](Fault&, const FaultTarget&) { });
     row.make = [kind, value](ScriptedServer& server, const FaultTarget& target) {
-        NetworkFault fault;
-        fault.kind = kind;
-        fault.value = value;
-        fault.host = target.host;
-        server.AddFault(fault);
+        server.AddFault(NetworkFault{.kind = kind, .value = value, .host = target.host});
         server.AddFault(Honest(target));
     };
     return row;
@@ -222,18 +218,13 @@ FaultRow Unreachable(const QByteArray& name, const NetworkFault& fault)
 
 FaultRow Unreachable(const QByteArray& name, NetworkFault::Kind kind, qint64 value = 0)
 {
-    NetworkFault fault;
-    fault.kind = kind;
-    fault.value = value;
-    return Unreachable(name, fault);
+    return Unreachable(name, NetworkFault{.kind = kind, .value = value, .host = {}});
 }
 
 FaultRow BadCertificate(const QByteArray& name, CertificateKind certificate)
 {
-    NetworkFault fault;
-    fault.kind = NetworkFault::Kind::BadCertificate;
-    fault.certificate = certificate;
-    return Unreachable("certificate " + name, fault);
+    return Unreachable("certificate " + name,
+                       {.kind = NetworkFault::Kind::BadCertificate, .certificate = certificate, .host = {}});
 }
 
 /// Something happens to the way to the server once the requests that go well have finished.
