@@ -402,7 +402,7 @@ private Q_SLOTS:
         Press(FullscreenButton(*shown.slider));
         QTRY_VERIFY(viewer->isVisible());
         // Tab leads from the picture to its buttons, which the mouse leaves without the focus.
-        QCOMPARE(FocusedName(), u"1/2 Stage"_s);
+        QTRY_COMPARE(FocusedName(), u"1/2 Stage"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(FocusedName(), u"Previous picture"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
