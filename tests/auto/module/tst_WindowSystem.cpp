@@ -248,7 +248,8 @@ private Q_SLOTS:
         QTRY_VERIFY(viewer.isMaximized());
         QVERIFY(QTest::qWaitForWindowActive(&viewer));
         const PictureView* view = viewer.findChild<PictureView*>();
-        QTRY_COMPARE(viewer.width(), QGuiApplication::primaryScreen()->availableGeometry().width());
+        // Its last place and size.
+        QTRY_COMPARE(viewer.frameGeometry(), QGuiApplication::primaryScreen()->availableGeometry());
         QTRY_VERIFY(view->underMouse());
 
         const QPoint position = view->viewport()->mapFromGlobal(mouse);
