@@ -1,6 +1,7 @@
 #include <data/ConnectorJsonRest.h>
 
 #include <data/CountryCodeTranslator.h>
+#include <data/network/ArrivingBody_p.h>
 #include <data/network/Logging_p.h>
 #include <data/network/RenewingNetworkManager_p.h>
 #include <data/network/ReplyReleaser_p.h>
@@ -45,15 +46,6 @@ QNetworkReply* SendUrlRequest(QNetworkAccessManager& manager, const QUrl& wanted
     QNetworkReply* const reply = manager.get(ServerRequest(wanted));
     RequestTracer::Follow("Request"_L1, wanted, reply);
     return reply;
-}
-
-/// The whole body of \p reply, which gives back its own memory piece by piece.
-QByteArray TakeBody(QNetworkReply& reply)
-{
-    QByteArray body(reply.bytesAvailable(), Qt::Uninitialized);
-    body.resize(qMax(qint64(0), reply.read(body.data(), body.size())));
-    // What a compressed body had more than it said.
-    return body.append(reply.readAll());
 }
 
 QString SmallestUrl(const Picture& picture)
@@ -149,6 +141,7 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
                                                  QList<Venue>& venues)
 {
     const ReplyReleaser reply(SendGetJsonRequest(c_venuePath, SearchQuery(filters)));
+    ArrivingBody body(reply.Get());
     if (!waitForFinished(reply.Get(), c_timeout))
         return Timeout;
     // A body that was cut short or an error page can carry the right media type; only the error tells.
@@ -162,7 +155,7 @@ ResultStatus ConnectorJsonRest::FindVenueEntries(QList<std::pair<QString, QStrin
         RequestTracer::NoteUnusable(*reply, NotJsonApiReason(ContentType(*reply)));
         return WrongContentType;
     }
-    std::optional<QList<Venue>> found = VenueReader(*m_countryCodeTranslator).ReadBody(TakeBody(*reply));
+    std::optional<QList<Venue>> found = VenueReader(*m_countryCodeTranslator).ReadBody(body.Take());
     if (!found)
         RequestTracer::NoteUnusable(*reply, u"the reply is not a JSON object with a list \"data\""_s);
     venues = std::move(found).value_or(QList<Venue>());

@@ -60,6 +60,12 @@ void RequestTracer::NoteUnusable(const QNetworkReply& reply, const QString& why)
                                     << Loggable(why);
 }
 
+void RequestTracer::NoteTaken(const QNetworkReply& reply, qint64 size)
+{
+    if (auto* const tracer = reply.findChild<RequestTracer*>())
+        tracer->m_takenSize += size;
+}
+
 RequestTracer::RequestTracer(const QString& title, const QString& address, QNetworkReply* reply)
     : QObject(reply)
     , m_reply(reply)
@@ -93,8 +99,9 @@ void RequestTracer::OnFinished()
     qCDebug(VdbTrace).noquote() << m_title << "ended:"_L1
                                 << (wasRedirected ? m_address + u" -> "_s + AddressText(m_reply->url())
                                                   : m_address)
-                                << "-"_L1 << StatusText(status) << "-"_L1 << m_reply->bytesAvailable()
-                                << "bytes -"_L1 << m_elapsed.elapsed() << "ms -"_L1 << errorText;
+                                << "-"_L1 << StatusText(status) << "-"_L1
+                                << m_takenSize + m_reply->bytesAvailable() << "bytes -"_L1
+                                << m_elapsed.elapsed() << "ms -"_L1 << errorText;
 }
 
 } // namespace korvel::Data::VenueDatabase

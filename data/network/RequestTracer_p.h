@@ -29,6 +29,9 @@ public:
     /// One more line about \p reply, if it is followed: it came, but \p why it is of no use.
     static void NoteUnusable(const QNetworkReply& reply, const QString& why);
 
+    /// Tells that \p size bytes were taken out of the body of \p reply, if it is followed.
+    static void NoteTaken(const QNetworkReply& reply, qint64 size);
+
     ~RequestTracer() override;
 
 private Q_SLOTS:
@@ -41,6 +44,7 @@ private:
     QString m_title; ///< number and kind, the same in both lines
     QString m_address;
     QElapsedTimer m_elapsed;
+    qint64 m_takenSize = 0;
     bool m_hasEnded = false;
 };
 

@@ -237,10 +237,12 @@ private Q_SLOTS:
 
     void SearchThatFindsNothingIsNotUnusable()
     {
-        m_server->AnswerJsonApi(u"/api/venue"_s, "{\"data\": []}");
+        const QByteArray body = "{\"data\": []}";
+        m_server->AnswerJsonApi(u"/api/venue"_s, body);
         QList<Venue> venues;
         QCOMPARE(m_connector->FindVenueEntries({}, venues), Ok);
-        VdbMessages::Verify({u".+ sent: .+"_s, u".+ ended: .+"_s});
+        VdbMessages::Verify(
+            {u".+ sent: .+"_s, u".+ ended: .+ - %1 bytes - \\d+ ms - no error"_s.arg(body.size())});
     }
 
     void PathThatDoesNotFitTheHostStandsApart_data()

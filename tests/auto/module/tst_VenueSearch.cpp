@@ -420,6 +420,26 @@ private Q_SLOTS:
         QCOMPARE(ReplyCount(), 0);
     }
 
+    void BodyIsInMemoryOnce()
+    {
+        m_server->AnswerJsonApi(u"/api/venue"_s, c_oneVenue + QByteArray(4'000'000, ' '));
+        int pieceCount = 0;
+        qint64 leftBehind = 0;
+        QTimer::singleShot(0, this, [&, this]() {
+            const auto* const reply = m_connector->findChild<QNetworkReply*>();
+            QVERIFY(reply);
+            connect(reply, &QNetworkReply::readyRead, this, [&pieceCount, &leftBehind, reply]() {
+                ++pieceCount;
+                leftBehind = qMax(leftBehind, reply->bytesAvailable());
+            });
+        });
+        QList<Venue> venues;
+        QCOMPARE(m_connector->FindVenueEntries({}, venues), Ok);
+        QCOMPARE(NamesOf(venues), QStringList{u"new"_s});
+        QCOMPARE_GT(pieceCount, 1);
+        QCOMPARE(leftBehind, 0);
+    }
+
     void ConnectorMayBeDeletedDuringTheWait()
     {
         m_server->Withhold(u"/api/venue"_s);
