@@ -125,8 +125,9 @@ JsonScalar JsonCursor::ReadText()
         GoThroughEscapes(from);
     const QByteArrayView raw(from, m_at);
     Expect('"');
-    // Whether it belongs to the text depends on where one asks QJsonDocument for it.
-    if (raw.startsWith(c_byteOrderMark))
+    // Whether it belongs to the text depends on where one asks QJsonDocument for it. Hardly a text begins
+    // with its first byte.
+    if (!raw.isEmpty() && raw.front() == c_byteOrderMark.front() && raw.startsWith(c_byteOrderMark))
         Refuse();
     return {raw, JsonScalar::Text, hasEscapes};
 }

@@ -3,6 +3,7 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <cstring>
 #include <span>
 
 namespace korvel::Data::VenueDatabase {
@@ -68,6 +69,12 @@ public:
     JsonScalar ReadScalar();
 
 private:
+    /// What == says, without a call into another library for each name of a reply.
+    static bool IsSame(QByteArrayView name, QByteArrayView other)
+    {
+        return name.size() == other.size()
+            && std::memcmp(name.data(), other.data(), static_cast<std::size_t>(name.size())) == 0;
+    }
     /// The next character that is not white space; NUL at the end.
     char Next()
     {
@@ -123,8 +130,8 @@ template <typename Visit> void JsonCursor::ReadObject(std::span<const QByteArray
             return Refuse();
         Expect(':');
         std::size_t index = likely;
-        if (index >= names.size() || names[index] != key.raw) {
-            for (index = 0; index < names.size() && names[index] != key.raw; ++index) { }
+        if (index >= names.size() || !IsSame(names[index], key.raw)) {
+            for (index = 0; index < names.size() && !IsSame(names[index], key.raw); ++index) { }
         }
         if (index == names.size()) {
             Skip();

@@ -10,9 +10,6 @@ namespace korvel::Data::VenueDatabase {
 
 namespace {
 
-/// How many bytes of a reply a venue has, roughly.
-constexpr qsizetype c_venueSize = 1024;
-
 /// The names in the table \p fields and after them \p more.
 template <std::size_t count, typename Field, typename... More>
 constexpr auto NamesOf(const std::array<Field, count>& fields, More... more)
@@ -83,8 +80,6 @@ private:
 QuickVenueReader::QuickVenueReader(QByteArrayView body, const CountryCodeTranslator& countries)
     : m_cursor(body)
     , m_countries(countries)
-    , m_texts(body.size() / c_venueSize)
-    , m_countryNames(0)
 {
 }
 

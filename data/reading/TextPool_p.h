@@ -2,7 +2,6 @@
 
 #include <QHashFunctions>
 #include <QString>
-#include <QtMath>
 
 #include <vector>
 
@@ -12,36 +11,33 @@ namespace korvel::Data::VenueDatabase {
 /// other venues their city or a number, and each stands in the reply for itself.
 ///
 /// Key is what texts are known by: what was not seen lately is made, and nothing else. Remembers only the
-/// last text of each slot: a look-up costs the same in every reply.
+/// last text of each slot, and so few of them that they stay in the processor's cache: a text that was never
+/// seen before costs hardly more than without a pool, in a reply of any size.
 template <typename Key> class TextPool
 {
 public:
-    /// A pool of a suitable size for a reply of \p venueCount venues; an estimate will do.
-    explicit TextPool(qsizetype venueCount)
-        : m_slots(qNextPowerOfTwo(static_cast<quint32>(qBound(c_fewest, venueCount, c_most))))
-    {
-    }
-
     /// The text that make() returns for \p key, in the memory of an earlier one where the pool remembers it.
     template <typename Make> QString Shared(const Key& key, Make&& make)
     {
-        Slot& slot = m_slots[qHash(key, 0) & (m_slots.size() - 1)];
-        if (slot.text.isNull() || slot.key != key)
-            slot = {key, make()};
+        const std::size_t hash = qHash(key, 0);
+        Slot& slot = m_slots[hash % c_slotCount];
+        // The hash first: the key's characters may be far away.
+        if (slot.hash != hash || slot.text.isNull() || slot.key != key)
+            slot = {hash, key, make()};
         return slot.text;
     }
 
 private:
-    static constexpr qsizetype c_fewest = 1000;
-    static constexpr qsizetype c_most = 65535;
+    static constexpr std::size_t c_slotCount = 1024;
 
     struct Slot
     {
+        std::size_t hash = 0;
         Key key{};
         QString text;
     };
 
-    std::vector<Slot> m_slots;
+    std::vector<Slot> m_slots = std::vector<Slot>(c_slotCount);
 };
 
 } // namespace korvel::Data::VenueDatabase

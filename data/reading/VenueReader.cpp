@@ -129,7 +129,7 @@ QList<Venue> VenueReader::Read(const QJsonObject& document) const
 
     const QHash<QString, qint64> editors = EditorsById(document.value("included"_L1).toArray());
     venues.reserve(data.size());
-    TextPool<QString> pool(data.size());
+    TextPool<QString> pool;
     // Deliberate: the list is in the reverse order of the server's.
     for (qsizetype index = data.size() - 1; index >= 0; --index) {
         const QJsonObject element = data.at(index).toObject();
