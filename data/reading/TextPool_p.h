@@ -28,7 +28,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t c_slotCount = 1024;
+    static constexpr std::size_t c_slotCount = 4096;
 
     struct Slot
     {
