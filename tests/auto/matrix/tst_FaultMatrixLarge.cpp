@@ -92,8 +92,7 @@ private Q_SLOTS:
     }
     void SearchReply()
     {
-        QFETCH(QByteArray, body);
-        QFETCH(int, rows);
+        const auto [body, rows] = Fetch<QByteArray, int>();
         Connector().asksForVenues = true;
         m_server->AnswerJsonApi(u"/api/venue"_s, body);
         Panel()->PerformQuery();
@@ -166,8 +165,7 @@ private Q_SLOTS:
     }
     void PictureList()
     {
-        QFETCH(QByteArray, body);
-        QFETCH(int, count);
+        const auto [body, count] = Fetch<QByteArray, int>();
         Connector().asksForPictures = true;
         m_server->AnswerJsonApi(u"/api/venue"_s, body);
         m_dialog->SelectVenue();

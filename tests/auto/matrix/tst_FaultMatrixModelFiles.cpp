@@ -160,8 +160,7 @@ private Q_SLOTS:
     }
     void ListOfWrongTypes()
     {
-        QFETCH(QByteArray, included);
-        QFETCH(int, count);
+        const auto [included, count] = Fetch<QByteArray, int>();
         m_server->AnswerJsonApi(u"/api/venue"_s, R"({"included": )" + included + "}");
         // An empty path is the host's root.
         m_server->Answer(QString(), Model(), "text/html");
@@ -203,8 +202,7 @@ private Q_SLOTS:
     }
     void Path()
     {
-        QFETCH(QByteArray, path);
-        QFETCH(QByteArray, target);
+        const auto [path, target] = Fetch<QByteArray, QByteArray>();
         m_server->AnswerJsonApi(u"/api/venue"_s, ModelFileList("hall.tessra", path));
         m_server->Answer(QString(), Model(), "application/octet-stream");
         m_dialog->SelectVenue();
@@ -270,9 +268,7 @@ private Q_SLOTS:
     }
     void FileName()
     {
-        QFETCH(QByteArray, json);
-        QFETCH(QString, name);
-        QFETCH(bool, isPlain);
+        const auto [json, name, isPlain] = Fetch<QByteArray, QString, bool>();
         m_server->AnswerJsonApi(u"/api/venue"_s, ModelFileList(json));
         m_server->Answer(u"/files/hall.tessra"_s, Model(), "application/octet-stream");
         m_dialog->SelectVenue();
@@ -318,9 +314,7 @@ private Q_SLOTS:
     }
     void TemporaryFolder()
     {
-        QFETCH(QString, folder);
-        QFETCH(int, size);
-        QFETCH(bool, isFull);
+        const auto [folder, size, isFull] = Fetch<QString, int, bool>();
         m_server->AnswerJsonApi(u"/api/venue"_s, ModelFileList("hall.tessra"));
         m_server->Answer(u"/files/hall.tessra"_s, QByteArray(size, 'm'), "application/octet-stream");
         WriteFile(m_folder->FilePath(u"file"_s));

@@ -170,8 +170,7 @@ private Q_SLOTS:
     }
     void ListOfWrongTypes()
     {
-        QFETCH(QByteArray, included);
-        QFETCH(int, count);
+        const auto [included, count] = Fetch<QByteArray, int>();
         m_server->AnswerJsonApi(u"/api/venue"_s, R"({"included": )" + included + "}");
         // Where no text tells an address, the picture's own is asked: the host's root, or /pictures/odd.png.
         m_server->Answer(QString(), SmallPng(), "image/png");
@@ -277,8 +276,7 @@ private Q_SLOTS:
     }
     void CaptionIsPlain()
     {
-        QFETCH(QString, text);
-        QFETCH(QByteArray, json);
+        const auto [text, json] = Fetch<QString, QByteArray>();
         m_server->AnswerJsonApi(
             u"/api/venue"_s,
             QByteArray(R"({"included": [{"type": "picture", "attributes": {"name": "TEXT"},)"

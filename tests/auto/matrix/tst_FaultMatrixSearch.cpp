@@ -253,8 +253,7 @@ private Q_SLOTS:
     }
     void HostileText()
     {
-        QFETCH(QString, text);
-        QFETCH(QByteArray, json);
+        const auto [text, json] = Fetch<QString, QByteArray>();
         m_server->AnswerJsonApi(
             u"/api/venue"_s,
             OneAttribute(

@@ -220,8 +220,7 @@ private Q_SLOTS:
     }
     void OddShape()
     {
-        QFETCH(QSize, size);
-        QFETCH(bool, isSaved);
+        const auto [size, isSaved] = Fetch<QSize, bool>();
         m_server->Answer(c_path, BlankPng(size), "image/png");
         Show(ScriptedServer::Url(c_path));
         VerifyOutcome(Signals::Image);

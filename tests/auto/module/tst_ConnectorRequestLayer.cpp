@@ -268,9 +268,7 @@ private Q_SLOTS:
     }
     void JsonRequestOnTheWire()
     {
-        QFETCH(QString, path);
-        QFETCH(Query, query);
-        QFETCH(QByteArray, target);
+        const auto [path, query, target] = Fetch<QString, Query, QByteArray>();
         m_server->Answer(QString(), "body", "text/plain");
         m_connector->SetServerAddress(u"https://second.example"_s);
         QNetworkReply* const reply = m_connector->SendGetJsonRequest(path, query);
@@ -321,9 +319,7 @@ private Q_SLOTS:
     }
     void UrlRequestGoesWhereItsTextSays()
     {
-        QFETCH(QString, url);
-        QFETCH(QString, host);
-        QFETCH(QByteArray, target);
+        const auto [url, host, target] = Fetch<QString, QString, QByteArray>();
         m_server->Answer(QString(), "body", "text/plain");
         m_connector->SetServerAddress(u"https://third.example"_s);
         QNetworkReply* const reply = m_connector->SendGetUrlRequest(url);

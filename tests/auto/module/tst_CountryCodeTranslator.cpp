@@ -48,8 +48,7 @@ private Q_SLOTS:
     }
     void CodeTranslatesToName()
     {
-        QFETCH(QString, code);
-        QFETCH(QString, name);
+        const auto [code, name] = Fetch<QString, QString>();
         QCOMPARE(CountryCodeTranslator().GetCountry(code), name);
     }
 
@@ -66,8 +65,7 @@ private Q_SLOTS:
     }
     void NameTranslatesToCode()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, code);
+        const auto [name, code] = Fetch<QString, QString>();
         QCOMPARE(CountryCodeTranslator().GetCountryCode(name), code);
     }
 
@@ -98,8 +96,7 @@ private Q_SLOTS:
     }
     void NeighboursFollowCodeUnitOrder()
     {
-        QFETCH(QString, first);
-        QFETCH(QString, second);
+        const auto [first, second] = Fetch<QString, QString>();
         const QList<QString> names = CountryCodeTranslator().GetCountryList();
         QVERIFY(names.contains(first));
         QCOMPARE(names.indexOf(second), names.indexOf(first) + 1);

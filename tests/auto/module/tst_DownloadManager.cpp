@@ -192,8 +192,7 @@ private Q_SLOTS:
     }
     void ReplyIsKeptButItsBodyIsNot()
     {
-        QFETCH(QByteArray, mediaType);
-        QFETCH(bool, isPicture);
+        const auto [mediaType, isPicture] = Fetch<QByteArray, bool>();
         m_server->Answer(u"/a.jpg"_s, QByteArray(1'000'000, 'x'), mediaType);
         m_manager->RequestPictureBinaryData(Url());
         const QPointer<QNetworkReply> reply(m_manager->findChild<QNetworkReply*>());
@@ -235,8 +234,7 @@ private Q_SLOTS:
     }
     void OtherSchemesFail()
     {
-        QFETCH(QUrl, url);
-        QFETCH(QString, logged);
+        const auto [url, logged] = Fetch<QUrl, QString>();
         m_manager->RequestPictureBinaryData(url);
         // Nothing is reported before the caller is back in its event loop.
         QCOMPARE(m_outcomes.size(), 0);

@@ -60,8 +60,7 @@ private Q_SLOTS:
     }
     void TextIsKeptAndTouchesNoOther()
     {
-        QFETCH(TextGetter, getter);
-        QFETCH(TextSetter, setter);
+        const auto [getter, setter] = Fetch<TextGetter, TextSetter>();
         Picture picture;
         QCOMPARE((picture.*getter)(), QString());
         (picture.*setter)(u"<i>\u0416</i>"_s);
@@ -79,8 +78,7 @@ private Q_SLOTS:
     }
     void BytesAreKeptAndTouchNoOther()
     {
-        QFETCH(BytesGetter, getter);
-        QFETCH(BytesSetter, setter);
+        const auto [getter, setter] = Fetch<BytesGetter, BytesSetter>();
         const QByteArray bytes("\xff\0\xd8", 3);
         Picture picture;
         QCOMPARE((picture.*getter)(), QByteArray());
@@ -110,9 +108,7 @@ private Q_SLOTS:
     }
     void BestDataAtHand()
     {
-        QFETCH(QByteArray, small);
-        QFETCH(QByteArray, medium);
-        QFETCH(QByteArray, large);
+        const auto [small, medium, large] = Fetch<QByteArray, QByteArray, QByteArray>();
         Picture picture;
         picture.SetPictureDataSmall(small);
         picture.SetPictureDataMedium(medium);
@@ -135,8 +131,7 @@ private Q_SLOTS:
     }
     void ColumnHoldsItsValue()
     {
-        QFETCH(qint64, index);
-        QFETCH(QVariant, value);
+        const auto [index, value] = Fetch<qint64, QVariant>();
         const QVariant found = FilledPicture().GetDataAt(index);
         QCOMPARE(found.metaType(), value.metaType());
         QCOMPARE(found, value);

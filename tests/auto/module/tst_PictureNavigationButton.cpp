@@ -129,9 +129,7 @@ private Q_SLOTS:
     }
     void StandsOnItsEdgeAsSoonAsItIsShown()
     {
-        QFETCH(int, direction);
-        QFETCH(QSize, parentSize);
-        QFETCH(QRect, geometry);
+        const auto [direction, parentSize, geometry] = Fetch<int, QSize, QRect>();
         GreenParent parent(parentSize);
         const PictureNavigationButton button(direction, &parent);
         parent.show();
@@ -161,9 +159,7 @@ private Q_SLOTS:
     }
     void OffsetMovesItFromItsEdge()
     {
-        QFETCH(int, direction);
-        QFETCH(int, offset);
-        QFETCH(QRect, geometry);
+        const auto [direction, offset, geometry] = Fetch<int, int, QRect>();
         GreenParent parent;
         PictureNavigationButton button(direction, &parent);
         parent.show();
@@ -191,9 +187,7 @@ private Q_SLOTS:
     }
     void DiscTellsThemeAndHover()
     {
-        QFETCH(bool, dayMode);
-        QFETCH(bool, hovered);
-        QFETCH(QRgb, disc);
+        const auto [dayMode, hovered, disc] = Fetch<bool, bool, QRgb>();
         GreenParent parent;
         PictureNavigationButton button(-1, &parent);
         button.SetDayMode(dayMode);
@@ -268,8 +262,7 @@ private Q_SLOTS:
     }
     void ChevronIsTheInverseOfTheDisc()
     {
-        QFETCH(bool, dayMode);
-        QFETCH(QRgb, chevron);
+        const auto [dayMode, chevron] = Fetch<bool, QRgb>();
         GreenParent parent;
         PictureNavigationButton button(-1, &parent);
         button.SetDayMode(dayMode);

@@ -101,9 +101,7 @@ private Q_SLOTS:
     }
     void TheFoldIconIsRenderedForTheScreen()
     {
-        QFETCH(bool, collapsed);
-        QFETCH(bool, dayMode);
-        QFETCH(QString, file);
+        const auto [collapsed, dayMode, file] = Fetch<bool, bool, QString>();
         const double scale = ExpectedScale();
         VenueDetailsWidget panel;
         panel.SetDayMode(dayMode);
@@ -147,8 +145,7 @@ private Q_SLOTS:
     }
     void TheFullscreenIconIsRenderedForTheScreen()
     {
-        QFETCH(bool, dayMode);
-        QFETCH(QString, file);
+        const auto [dayMode, file] = Fetch<bool, QString>();
         const double scale = ExpectedScale();
         PictureSlider slider;
         slider.SetDayMode(dayMode);

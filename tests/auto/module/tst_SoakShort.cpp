@@ -62,8 +62,7 @@ private Q_SLOTS:
     }
     void EveryRoundRan()
     {
-        QFETCH(QString, phase);
-        QFETCH(qint64, rounds);
+        const auto [phase, rounds] = Fetch<QString, qint64>();
         QCOMPARE(Phase(phase).constFirst().round, 0);
         QCOMPARE(Phase(phase).constLast().round, rounds);
     }
@@ -82,8 +81,7 @@ private Q_SLOTS:
     }
     void HeapDoesNotGrow()
     {
-        QFETCH(QString, phase);
-        QFETCH(qint64, limit);
+        const auto [phase, limit] = Fetch<QString, qint64>();
         const QList<Sample>& samples = Phase(phase);
         const qint64 growth = samples.constLast().heap - samples.constFirst().heap;
         QVERIFY2(growth < limit, qPrintable(u"%1 bytes"_s.arg(growth)));
@@ -105,8 +103,7 @@ private Q_SLOTS:
     }
     void FilesAndDescriptorsStay()
     {
-        QFETCH(QString, phase);
-        QFETCH(qint64, perRound);
+        const auto [phase, perRound] = Fetch<QString, qint64>();
         const Sample& first = Phase(phase).constFirst();
         const Sample& last = Phase(phase).constLast();
         // A connection may be made anew at the moment of a sample, with two ends and a tunnel between.
@@ -139,8 +136,7 @@ private Q_SLOTS:
     }
     void TooMuchIsReported()
     {
-        QFETCH(Sample, last);
-        QFETCH(bool, isFine);
+        const auto [last, isFine] = Fetch<Sample, bool>();
         QCOMPARE(Complaints(FromCsv(ToCsv({Sample{last.phase, 0, 0, 0, 0, 0}, last}))).isEmpty(), isFine);
     }
 };

@@ -115,8 +115,7 @@ private Q_SLOTS:
     }
     void EachRequestHasTwoLines()
     {
-        QFETCH(Action, action);
-        QFETCH(QString, what);
+        const auto [what, action] = Fetch<QString, Action>();
         m_server->AnswerJsonApi(u"/api/venue"_s, "{\"data\": []}");
         m_server->Answer(u"/a.png"_s, "123456789012", "image/png");
         m_server->Answer(u"/file"_s, "123456789012", "application/octet-stream");
@@ -173,8 +172,7 @@ private Q_SLOTS:
     }
     void FailureIsTold()
     {
-        QFETCH(Script, script);
-        QFETCH(QString, end);
+        const auto [end, script] = Fetch<QString, Script>();
         // A connection kept from an earlier test would not meet the faults of new ones.
         QVERIFY(m_server->Server().DropConnections());
         script(*m_server);
@@ -256,8 +254,7 @@ private Q_SLOTS:
     }
     void PathThatDoesNotFitTheHostStandsApart()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, shown);
+        const auto [path, shown] = Fetch<QString, QString>();
         m_connector->GetBinaryData(path);
         VdbMessages::Verify(
             {u"debug: #\\d+ Server request sent: "_s + c_host + u" \""_s + shown + u"\""_s,
@@ -323,8 +320,7 @@ private Q_SLOTS:
     }
     void SecretsStayOut()
     {
-        QFETCH(QString, url);
-        QFETCH(QString, shown);
+        const auto [url, shown] = Fetch<QString, QString>();
         // A failure, so that Qt's own text, which quotes the address, is among what is written.
         m_server->Answer(u"/file"_s, "gone", "text/plain", 404);
         QVERIFY(m_connector->waitForFinished(m_connector->SendGetUrlRequest(url), c_wait));

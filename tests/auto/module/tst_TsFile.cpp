@@ -124,8 +124,7 @@ private Q_SLOTS:
     }
     void ColumnHoldsItsValue()
     {
-        QFETCH(qint64, index);
-        QFETCH(QVariant, value);
+        const auto [index, value] = Fetch<qint64, QVariant>();
         const QVariant found = FilledFile().GetDataAt(index);
         QCOMPARE(found.metaType(), value.metaType());
         QCOMPARE(found, value);
@@ -195,8 +194,7 @@ private Q_SLOTS:
     }
     void FileNameInTempFolder()
     {
-        QFETCH(QString, name);
-        QFETCH(bool, accepted);
+        const auto [name, accepted] = Fetch<QString, bool>();
         const QStringList before = Tree(m_folder->Root());
         TsFile file = FilledFile(name);
         QCOMPARE(file.CopyToTempFolder(), accepted);
@@ -379,8 +377,7 @@ private Q_SLOTS:
     }
     void CopyToAFullDisk()
     {
-        QFETCH(qsizetype, size);
-        QFETCH(QString, name);
+        const auto [size, name] = Fetch<qsizetype, QString>();
         TsFile file = FilledFile(name, QByteArray(size, 'x'));
         bool copied = true;
         {

@@ -195,9 +195,7 @@ private Q_SLOTS:
     }
     void ColumnHoldsItsValue()
     {
-        QFETCH(bool, minimized);
-        QFETCH(qint64, index);
-        QFETCH(QVariant, value);
+        const auto [minimized, index, value] = Fetch<bool, qint64, QVariant>();
         Venue venue = FilledVenue();
         venue.SetMinimizedElementCount(minimized);
         const QVariant found = venue.GetDataAt(index);
@@ -250,8 +248,7 @@ private Q_SLOTS:
     }
     void LabelOfColumn()
     {
-        QFETCH(bool, minimized);
-        QFETCH(qint64, index);
+        const auto [minimized, index] = Fetch<bool, qint64>();
         QTEST(Venue::GetLabelAt(index, minimized), "label");
     }
 

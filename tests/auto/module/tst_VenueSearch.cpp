@@ -89,8 +89,7 @@ private Q_SLOTS:
     }
     void AttributeGoesToItsField()
     {
-        QFETCH(QByteArray, attributes);
-        QFETCH(TextGetter, getter);
+        const auto [attributes, getter] = Fetch<QByteArray, TextGetter>();
         const Venue venue = OnlyVenue(DocumentWithAttributes(attributes));
         QCOMPARE((venue.*getter)(), u"x"_s);
         for (const Attribute& other : c_attributes)
@@ -213,8 +212,7 @@ private Q_SLOTS:
     }
     void EditDate()
     {
-        QFETCH(QByteArray, changed);
-        QFETCH(bool, valid);
+        const auto [changed, valid] = Fetch<QByteArray, bool>();
         const QDateTime date
             = OnlyVenue(DocumentWithAttributes(R"({"changed": )" + changed + "}")).GetEditDate();
         QCOMPARE(date.isValid(), valid);
@@ -265,8 +263,7 @@ private Q_SLOTS:
     }
     void Editor()
     {
-        QFETCH(QByteArray, relationships);
-        QFETCH(QByteArray, included);
+        const auto [relationships, included] = Fetch<QByteArray, QByteArray>();
         const Venue venue = OnlyVenue(R"({"data": [{"relationships": )" + relationships
                                       + R"(}], "included": )" + included + "}");
         QTEST(venue.GetEditor(), "editor");
@@ -342,8 +339,7 @@ private Q_SLOTS:
     }
     void RequestOnTheWire()
     {
-        QFETCH(Filters, filters);
-        QFETCH(QByteArray, target);
+        const auto [filters, target] = Fetch<Filters, QByteArray>();
         m_server->AnswerJsonApi(u"/api/venue"_s, c_oneVenue);
         QList<Venue> venues;
         QCOMPARE(m_connector->FindVenueEntries(filters, venues), Ok);

@@ -63,8 +63,7 @@ private Q_SLOTS:
     }
     void OrderFollowsTheColumn()
     {
-        QFETCH(int, column);
-        QFETCH(Qt::SortOrder, order);
+        const auto [column, order] = Fetch<int, Qt::SortOrder>();
         m_proxy.sort(column, order);
         QTEST(ShownIds(), "ids");
     }

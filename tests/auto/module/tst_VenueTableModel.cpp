@@ -41,8 +41,7 @@ private Q_SLOTS:
     }
     void CellHoldsTheMinimizedValue()
     {
-        QFETCH(int, column);
-        QFETCH(QVariant, value);
+        const auto [column, value] = Fetch<int, QVariant>();
         for (const bool minimized : {false, true}) {
             Venue venue = FilledVenue(4294967297, u"<b>Arena</b>"_s);
             venue.SetMinimizedElementCount(minimized);
@@ -102,8 +101,7 @@ private Q_SLOTS:
     }
     void ColumnHasItsLabel()
     {
-        QFETCH(int, section);
-        QFETCH(QString, label);
+        const auto [section, label] = Fetch<int, QString>();
         const QVariant shown = VenueTableModel().headerData(section, Qt::Horizontal, Qt::DisplayRole);
         QCOMPARE(shown.metaType(), QMetaType::fromType<QString>());
         QCOMPARE(shown.toString(), label);

@@ -29,9 +29,7 @@ private Q_SLOTS:
     }
     void SizeIsAsAsked()
     {
-        QFETCH(qsizetype, venues);
-        QFETCH(qsizetype, venuesPerUser);
-        QFETCH(qsizetype, users);
+        const auto [venues, venuesPerUser, users] = Fetch<qsizetype, qsizetype, qsizetype>();
         const VenueCatalogue catalogue
             = CatalogueGenerator({.venueCount = venues, .venuesPerUser = venuesPerUser}).Catalogue();
         QCOMPARE(catalogue.Venues().size(), venues);
@@ -101,8 +99,7 @@ private Q_SLOTS:
     }
     void BodyHoldsEveryVenueAndEditor()
     {
-        QFETCH(qsizetype, venuesPerUser);
-        QFETCH(qsizetype, included);
+        const auto [venuesPerUser, included] = Fetch<qsizetype, qsizetype>();
         const CatalogueGenerator generator({.venueCount = 50, .venuesPerUser = venuesPerUser});
         const QJsonObject document
             = QJsonDocument::fromJson(generator.Body(u"venues.test.example"_s)).object();

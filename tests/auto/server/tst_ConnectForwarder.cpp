@@ -68,8 +68,7 @@ private Q_SLOTS:
     }
     void ConnectIsAnswered()
     {
-        QFETCH(QByteArray, request);
-        QFETCH(QByteArray, answer);
+        const auto [request, answer] = Fetch<QByteArray, QByteArray>();
         QCOMPARE(AnswerToConnect(request), answer);
         const bool isConnect = request.startsWith("CONNECT");
         QCOMPARE(m_server->Log().ConnectCount(), isConnect ? 1 : 0);
@@ -150,8 +149,7 @@ private Q_SLOTS:
     }
     void SlowTunnels()
     {
-        QFETCH(NetworkFault, fault);
-        QFETCH(qint64, atLeast);
+        const auto [fault, atLeast] = Fetch<NetworkFault, qint64>();
         m_server->AddFault(fault);
         const Outcome outcome = Get();
         QCOMPARE(outcome.status, 200);

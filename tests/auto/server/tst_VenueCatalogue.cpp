@@ -96,8 +96,7 @@ private Q_SLOTS:
     }
     void MistakesAreReported()
     {
-        QFETCH(QByteArray, json);
-        QFETCH(QString, part);
+        const auto [json, part] = Fetch<QByteArray, QString>();
         QString error;
         QVERIFY(VenueCatalogue::FromJson(json, &error).Venues().isEmpty());
         QVERIFY2(error.contains(part), qPrintable(error));

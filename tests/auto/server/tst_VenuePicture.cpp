@@ -165,10 +165,7 @@ private Q_SLOTS:
     }
     void CaptionTellsWhatIsShown()
     {
-        QFETCH(QString, title);
-        QFETCH(QString, room);
-        QFETCH(QString, city);
-        QFETCH(QString, view);
+        const auto [title, room, city, view] = Fetch<QString, QString, QString, QString>();
         VenueRecord venue = Venue();
         venue.title = title;
         venue.venueRoomName = room;
@@ -224,9 +221,7 @@ private Q_SLOTS:
     }
     void ImpossiblePicturesAreNothing()
     {
-        QFETCH(QString, house);
-        QFETCH(QString, view);
-        QFETCH(QSize, size);
+        const auto [house, view, size] = Fetch<QString, QString, QSize>();
         const VenuePicture picture(Venue(house), View(view));
         QVERIFY(picture.Image(size).isNull());
         QVERIFY(picture.Jpeg(size).isEmpty());

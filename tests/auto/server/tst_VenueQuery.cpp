@@ -130,8 +130,7 @@ private Q_SLOTS:
     }
     void MistakesAreNamed()
     {
-        QFETCH(QString, query);
-        QFETCH(QString, part);
+        const auto [query, part] = Fetch<QString, QString>();
         const VenueQuery understood = QueryOf(query);
         QVERIFY2(understood.Error().contains(part), qPrintable(understood.Error()));
     }

@@ -121,9 +121,7 @@ private Q_SLOTS:
     }
     void RequestAnswers()
     {
-        QFETCH(QString, target);
-        QFETCH(int, status);
-        QFETCH(qsizetype, count);
+        const auto [target, status, count] = Fetch<QString, int, qsizetype>();
         const Outcome outcome = Get(target);
         QCOMPARE(outcome.status, status);
         QCOMPARE(outcome.contentType, c_jsonApi);
@@ -363,10 +361,7 @@ private Q_SLOTS:
     }
     void FaultsChangeTheAnswer()
     {
-        QFETCH(Fault, fault);
-        QFETCH(int, status);
-        QFETCH(QByteArray, contentType);
-        QFETCH(QByteArray, body);
+        const auto [fault, status, contentType, body] = Fetch<Fault, int, QByteArray, QByteArray>();
         m_server->AddFault(fault);
         const Outcome outcome = Get(u"/api/venue?filter[entity_id]=1"_s);
         QCOMPARE(outcome.status, status);
