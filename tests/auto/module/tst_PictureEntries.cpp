@@ -196,8 +196,7 @@ private Q_SLOTS:
     }
     void RenditionThatIsDownloaded()
     {
-        QFETCH(QByteArray, links);
-        QFETCH(QString, url);
+        const auto [links, url] = Fetch<QByteArray, QString>();
         RecordingConnector connector;
         const QList<Picture> pictures = connector.ProcessPictureEntriesReply(
             Included(R"({"type": "file", "id": "a", "attributes": {"url": "/f.jpg"}, "links": )" + links
@@ -237,8 +236,7 @@ private Q_SLOTS:
     }
     void PictureUrlIsOnTheFixedHost()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, url);
+        const auto [path, url] = Fetch<QString, QString>();
         RecordingConnector connector;
         connector.SetServerAddress(u"other.example"_s);
         const QJsonArray included{QJsonObject{
@@ -364,8 +362,7 @@ private Q_SLOTS:
     }
     void MediaTypeDecides()
     {
-        QFETCH(QByteArray, mediaType);
-        QFETCH(bool, accepted);
+        const auto [mediaType, accepted] = Fetch<QByteArray, bool>();
         if (mediaType.isEmpty())
             m_server->AddFault(Fault::On(u"/a.jpg"_s).WithStatus(200).WithBody(c_bytes).WithoutMediaType());
         else
@@ -384,6 +381,15 @@ private Q_SLOTS:
     {
         m_server->Answer(u"/a.jpg"_s, {}, "image/png");
         QCOMPARE(m_connector->GetPictureBinaryData(ScriptedServer::Url(u"/a.jpg"_s)), QByteArray());
+    }
+
+    void PictureWithinItsAddressLeavesTheConnection()
+    {
+        m_server->Answer(u"/a.jpg"_s, c_bytes, "image/jpeg");
+        const QString onServer = ScriptedServer::Url(u"/a.jpg"_s);
+        for (const QString& url : {onServer, u"data:image/png;base64,AAAA"_s, onServer})
+            QVERIFY(!m_connector->GetPictureBinaryData(url).isEmpty());
+        QCOMPARE(m_server->Log().ConnectCount(), 1);
     }
 
     void OtherSchemesFail_data()
@@ -414,8 +420,7 @@ private Q_SLOTS:
     }
     void OtherSchemesFail()
     {
-        QFETCH(QString, url);
-        QFETCH(QString, logged);
+        const auto [url, logged] = Fetch<QString, QString>();
         QCOMPARE(m_connector->GetPictureBinaryData(url), QByteArray());
         VdbMessages::Verify({u"Picture download failed: "_s + QRegularExpression::escape(logged)
                              + u" - no HTTP status - .+"_s});
@@ -443,8 +448,7 @@ private Q_SLOTS:
     }
     void MessageKeepsSecretsAndStaysOneLine()
     {
-        QFETCH(QString, url);
-        QFETCH(QByteArray, redirect);
+        const auto [url, redirect] = Fetch<QString, QByteArray>();
         if (!redirect.isEmpty())
             m_server->AddFault(Fault::On(u"/a.jpg"_s).WithRedirect(redirect));
         m_server->Answer(QString(), "<html>", "text/html", 404);
