@@ -48,8 +48,6 @@ Reading Read(const QByteArray& data)
 {
     QBuffer buffer;
     buffer.setData(data);
-    // Cannot fail: there is nothing to open but memory.
-    buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     // Deliberate: no SVG. Qt's reader opens the local files that a drawing names, and a pipe among them
     // blocks the application for ever.

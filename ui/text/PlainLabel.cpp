@@ -21,11 +21,6 @@ QSize PlainLabel::sizeHint() const
     return IsShownWhole() ? QLabel::sizeHint() : SizeFor(ShownText(), QWIDGETSIZE_MAX);
 }
 
-QSize PlainLabel::minimumSizeHint() const
-{
-    return IsShownWhole() ? QLabel::minimumSizeHint() : SizeFor(ShownText(), QWIDGETSIZE_MAX);
-}
-
 int PlainLabel::heightForWidth(int width) const
 {
     return IsShownWhole() || !wordWrap() ? QLabel::heightForWidth(width)

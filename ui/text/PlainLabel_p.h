@@ -14,7 +14,6 @@ public:
     PlainLabel(const QString& text, QWidget* parent);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
     int heightForWidth(int width) const override;
 
 protected:
