@@ -2,6 +2,7 @@
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureSlider.h>
 #include <ui/VenueDbCentralWidget.h>
+#include <ui/VenueDetailsWidget.h>
 
 #include <tests/support/ConnectorStub.h>
 #include <tests/support/PictureFixtures.h>
@@ -96,6 +97,19 @@ private Q_SLOTS:
         QCOMPARE(Listener::TakeNames(), QStringList());
         NavigationButton(slider, 1)->click();
         QCOMPARE(Listener::TakeNames(), QStringList(u"2/2 Dock"_s));
+    }
+
+    void FoldingTheDetailsIsTold()
+    {
+        VenueDetailsWidget panel;
+        const Listener changes(QAccessible::StateChanged);
+        panel.SetCollapsed(true);
+        QCOMPARE(Listener::TakeNames().count(u"Expand venue details"_s), 1);
+        // Another look is no other state.
+        panel.SetDayMode(true);
+        QCOMPARE(Listener::TakeNames().count(u"Expand venue details"_s), 0);
+        panel.SetCollapsed(false);
+        QCOMPARE(Listener::TakeNames().count(u"Collapse venue details"_s), 1);
     }
 
     void ThePanelTellsWhenItIsBusy()

@@ -467,6 +467,17 @@ private Q_SLOTS:
         }
     }
 
+    void RiggingStandsAtTheBottomOfItsColumn()
+    {
+        const VenueDetailsWidget panel;
+        const QLabel* caption = Label(panel, u"Rigging"_s);
+        QLayout* column = caption->parentWidget()->layout();
+        const QSpacerItem* gap = column->itemAt(column->indexOf(caption) - 1)->spacerItem();
+        QVERIFY(gap);
+        QCOMPARE(gap->sizeHint(), QSize(1, 0));
+        QCOMPARE(gap->expandingDirections(), Qt::Vertical);
+    }
+
     void ColumnsStandInLine()
     {
         const ShownPanel panel(1200);
