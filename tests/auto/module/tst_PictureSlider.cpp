@@ -399,6 +399,26 @@ private Q_SLOTS:
         QVERIFY(IsNear(image.pixelColor(250, 236), c_green));
     }
 
+    void ThemeReachesBothArrows_data()
+    {
+        const Rows<bool, QColor> row("dayMode", "disc");
+        // (0, 200, 0) under black or white at 0.5.
+        row("light", true, QColor(0, 100, 0));
+        row("dark", false, QColor(127, 227, 127));
+    }
+    void ThemeReachesBothArrows()
+    {
+        const auto [dayMode, disc] = Fetch<bool, QColor>();
+        FilledSlider slider(QList<Picture>(2, SmallPicture(u"Hall"_s, c_green, QSize(500, 240))));
+        slider.SetDayMode(!dayMode);
+        slider.SetDayMode(dayMode);
+        const QImage image = slider.grab().toImage();
+        for (const int which : {0, 1}) {
+            const QPoint onDisc = NavigationButton(slider, which)->geometry().center() + QPoint(0, 9);
+            QVERIFY(IsNear(image.pixelColor(onDisc), disc));
+        }
+    }
+
     void WithoutPictureThereIsNoBand()
     {
         PictureSlider slider;

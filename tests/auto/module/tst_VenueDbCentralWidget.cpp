@@ -652,13 +652,16 @@ private Q_SLOTS:
         QCOMPARE(panel.ShownNames().first(), u"Beta Arena"_s);
     }
 
-    void ClearedSelectionHidesTheDetails()
+    void ClearedSelectionEmptiesAndHidesTheDetails()
     {
+        m_stub.venues[0].SetRiggingComment(u"rigging"_s);
         const FilledPanel panel(&m_stub);
         panel.table->selectRow(0);
         QVERIFY(!panel.details->isHidden());
         panel.table->clearSelection();
         QVERIFY(panel.details->isHidden());
+        for (const QTextEdit* edit : panel.details->findChildren<QTextEdit*>())
+            QCOMPARE(edit->toPlainText(), QString());
         QVERIFY(panel.details->isEnabled());
         QCOMPARE(panel.statusLabel.text(), QString());
     }
