@@ -387,7 +387,8 @@ private Q_SLOTS:
     {
         m_server->Answer(u"/a.jpg"_s, c_bytes, "image/jpeg");
         const QString onServer = ScriptedServer::Url(u"/a.jpg"_s);
-        for (const QString& url : {onServer, u"data:image/png;base64,AAAA"_s, onServer})
+        // Qt tells of the end of the second one while the third is on its way.
+        for (const QString& url : {onServer, u"data:image/png;base64,AAAA"_s, onServer, onServer})
             QVERIFY(!m_connector->GetPictureBinaryData(url).isEmpty());
         QCOMPARE(m_server->Log().ConnectCount(), 1);
     }
