@@ -436,6 +436,31 @@ private Q_SLOTS:
         QCOMPARE(leftBehind, 0);
     }
 
+    void EqualTextsShareTheirMemory_data()
+    {
+        const Rows<QByteArray> row("before");
+        row("read from the bytes", {});
+        // Only QJsonDocument reads what follows a byte order mark.
+        row("read by QJsonDocument", "\xef\xbb\xbf");
+    }
+    void EqualTextsShareTheirMemory()
+    {
+        QFETCH(QByteArray, before);
+        QByteArrayList elements;
+        QStringList names;
+        // More names than are remembered.
+        for (int number = 0; number < 6000; ++number) {
+            elements.append(R"({"attributes": {"title": "Hall )" + QByteArray::number(number)
+                            + R"(", "address": {"locality": "Salzburg"}}})");
+            names.prepend(u"Hall %1"_s.arg(number));
+        }
+        m_server->AnswerJsonApi(u"/api/venue"_s, before + R"({"data": [)" + elements.join(',') + "]}");
+        QList<Venue> venues;
+        QCOMPARE(m_connector->FindVenueEntries({}, venues), Ok);
+        QCOMPARE(NamesOf(venues), names);
+        QVERIFY(venues.at(0).GetCity().constData() == venues.at(1).GetCity().constData());
+    }
+
     void ConnectorMayBeDeletedDuringTheWait()
     {
         m_server->Withhold(u"/api/venue"_s);
