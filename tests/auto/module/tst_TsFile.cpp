@@ -218,11 +218,6 @@ private Q_SLOTS:
         QCOMPARE(after, before);
     }
 
-    void TempPathIsEmptyBeforeTheFirstCopy()
-    {
-        QCOMPARE(FilledFile().GetTempPath(), QString());
-    }
-
     void SecondCopyReplacesTheFirst_data()
     {
         const Rows<QString> row("name");

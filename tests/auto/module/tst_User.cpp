@@ -1,6 +1,5 @@
 #include <data/User.h>
 
-#include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,8 +11,6 @@ namespace {
 using TextGetter = QString (User::*)() const;
 
 } // namespace
-
-Q_DECLARE_METATYPE(TextGetter)
 
 class tst_User : public StrictTest
 {
@@ -29,26 +26,7 @@ private Q_SLOTS:
             QCOMPARE((user.*field.getter)(), QString());
     }
 
-    void TextIsKept_data()
-    {
-        const Rows<TextGetter, QString> row("getter", "text");
-        for (const TextField& field : c_textFields)
-            row(field.text, field.getter, QString::fromLatin1(field.text));
-    }
-    void TextIsKept()
-    {
-        QFETCH(TextGetter, getter);
-        QTEST((FilledUser().*getter)(), "text");
-    }
-
-    void NumbersAreKept()
-    {
-        const User user = FilledUser();
-        QCOMPARE(user.GetId(), 12);
-        QCOMPARE(user.GetUserType(), 3);
-    }
-
-    void CopyKeepsEverythingAndIsIndependent()
+    void EverythingIsKeptAndACopyIsIndependent()
     {
         User source = FilledUser();
         const User copy(source);

@@ -57,26 +57,18 @@ private Q_SLOTS:
         QVERIFY(venue.GetAddress().isEmpty());
     }
 
-    void DefaultTextIsEmpty_data()
-    {
-        TextFields();
-    }
-    void DefaultTextIsEmpty()
-    {
-        QFETCH(TextGetter, getter);
-        QCOMPARE((Venue().*getter)(), QString());
-    }
-
     void TextIsKeptAndTouchesNoOther_data()
     {
-        TextFields();
+        const Rows<TextGetter, TextSetter> row("getter", "setter");
+        for (const TextField& field : c_textFields)
+            row(field.name, field.getter, field.setter);
     }
     void TextIsKeptAndTouchesNoOther()
     {
-        QFETCH(TextGetter, getter);
-        QFETCH(TextSetter, setter);
+        const auto [getter, setter] = Fetch<TextGetter, TextSetter>();
         const QString text = u"<b>Gro\u00dfer Saal</b>\n\u0416 "_s;
         Venue venue;
+        QCOMPARE((venue.*getter)(), QString());
         (venue.*setter)(text);
         QCOMPARE((venue.*getter)(), text);
         for (const TextField& other : c_textFields)
@@ -86,23 +78,15 @@ private Q_SLOTS:
         QCOMPARE(venue.GetEditor(), -1);
     }
 
-    void NumbersAndDatesAreKept()
+    void DatesAndIdsOfSixtyFourBitsAreKept()
     {
-        const Venue venue = FilledVenue();
-        QCOMPARE(venue.GetId(), 4711);
-        QCOMPARE(venue.GetEditor(), 42);
-        QCOMPARE(venue.GetUploadDate(), QDate(2023, 2, 1));
-        QCOMPARE(venue.GetEditDate().date(), QDate(2024, 3, 1));
-        QCOMPARE(venue.GetEditDate().time(), QTime(10, 20, 30));
-    }
-
-    void IdsKeepSixtyFourBits()
-    {
-        Venue venue;
-        venue.SetId(std::numeric_limits<qint64>::max());
+        Venue venue = FilledVenue(std::numeric_limits<qint64>::max());
         venue.SetEditor(std::numeric_limits<qint64>::min());
         QCOMPARE(venue.GetId(), std::numeric_limits<qint64>::max());
         QCOMPARE(venue.GetEditor(), std::numeric_limits<qint64>::min());
+        QCOMPARE(venue.GetUploadDate(), QDate(2023, 2, 1));
+        QCOMPARE(venue.GetEditDate().date(), QDate(2024, 3, 1));
+        QCOMPARE(venue.GetEditDate().time(), QTime(10, 20, 30));
     }
 
     void DateTextsHaveTheSystemsShortFormat()
@@ -126,10 +110,6 @@ private Q_SLOTS:
         QCOMPARE(address.city(), u"Berlin"_s);
         QCOMPARE(address.countryCode(), u"DE"_s);
         QCOMPARE(address.country(), u"Germany"_s);
-    }
-
-    void AddressTextIsTheFormattedAddress()
-    {
         QCOMPARE(FilledVenue().GetAddressText(), u"Main St 5<br/>10115 Berlin<br/>Germany"_s);
     }
 
@@ -142,14 +122,6 @@ private Q_SLOTS:
         QCOMPARE(venue.GetAddress(), address);
         QCOMPARE(venue.GetCity(), u"Paris"_s);
         QCOMPARE(venue.GetCountry(), QString());
-    }
-
-    void ReturnedAddressIsACopy()
-    {
-        const Venue venue = FilledVenue();
-        QGeoAddress address = venue.GetAddress();
-        address.setCity(u"Paris"_s);
-        QCOMPARE(venue.GetCity(), u"Berlin"_s);
     }
 
     void CountryCodeDoesNotSetTheCountry()
@@ -223,25 +195,14 @@ private Q_SLOTS:
     void LabelOfColumn_data()
     {
         const Rows<bool, qint64, QString> row("minimized", "index", "label");
-        const QStringList minimizedLabels = {u"ID"_s,   u"Complex name"_s, u"Venue/room name"_s,
-                                             u"City"_s, u"Country"_s,      u"Editing date (UTC)"_s};
-        const QStringList fullLabels = {u"ID"_s,
-                                        u"Complex name"_s,
-                                        u"Venue/room name"_s,
-                                        u"General comment"_s,
-                                        u"Address"_s,
-                                        u"Location comment"_s,
-                                        u"Address"_s,
-                                        u"Comment"_s,
-                                        u"Clearance of house grid (m)"_s,
-                                        u"Comment"_s,
-                                        u"Upload date"_s,
-                                        u"Editor"_s,
-                                        u"Editing date (UTC)"_s};
+        const QStringList minimizedLabels
+            = u"ID|Complex name|Venue/room name|City|Country|Editing date (UTC)"_s.split(u'|');
+        const QStringList fullLabels
+            = u"ID|Complex name|Venue/room name|General comment|Address|Location comment|Address|Comment|"
+              "Clearance of house grid (m)|Comment|Upload date|Editor|Editing date (UTC)"_s.split(u'|');
         for (qsizetype index = -1; index <= 14; ++index) {
-            QTest::addRow("minimised %lld", qlonglong(index))
-                << true << qint64(index) << minimizedLabels.value(index);
-            QTest::addRow("full %lld", qlonglong(index)) << false << qint64(index) << fullLabels.value(index);
+            row("minimised " + QByteArray::number(index), true, index, minimizedLabels.value(index));
+            row("full " + QByteArray::number(index), false, index, fullLabels.value(index));
         }
         row("minimised, no 32 bit number", true, (1LL << 32), {});
         row("full, no 32 bit number", false, (1LL << 32), {});
@@ -327,12 +288,6 @@ private:
         {"clearance", &Venue::GetClearingOfHouseGrid, &Venue::SetClearingOfHouseGrid},
         {"rigging comment", &Venue::GetRiggingComment, &Venue::SetRiggingComment},
     };
-    static void TextFields()
-    {
-        const Rows<TextGetter, TextSetter> row("getter", "setter");
-        for (const TextField& field : c_textFields)
-            row(field.name, field.getter, field.setter);
-    }
 };
 
 QTEST_GUILESS_MAIN(tst_Venue)
