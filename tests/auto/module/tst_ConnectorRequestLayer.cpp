@@ -28,57 +28,22 @@ extern quintptr Q_CORE_EXPORT qtHookData[];
 
 using Query = QList<std::pair<QString, QString>>;
 
-namespace {
-
-/// The least that implements the interface.
-class SilentConnector : public Connector_Interface
+/// Whatever implements the interface can be made, copied and assigned: its own part does not object.
+class Implementation : public Connector_Interface
 {
-public:
-    ResultStatus FindVenueEntries(Query, QList<Venue>&) override
-    {
-        return Ok;
-    }
-    QList<User> FindUserEntries(Query) override
-    {
-        return {};
-    }
-    QList<Picture> GetPictureEntries(qint64) override
-    {
-        return {};
-    }
-    QList<TsFile> GetTSFileEntries(qint64) override
-    {
-        return {};
-    }
-    QByteArray GetPictureBinaryData(const QString&) override
-    {
-        return {};
-    }
-
-private:
-    QList<Venue> GetAllVenueEntries() override
-    {
-        return {};
-    }
-    QList<Venue> GetVenueEntries() override
-    {
-        return {};
-    }
-    QList<User> GetAllUserEntries() override
-    {
-        return {};
-    }
-    QList<User> GetUserEntries() override
-    {
-        return {};
-    }
+protected:
+    Implementation();
+    Implementation(const Implementation& other);
 };
+// Here, where a default that cannot be had is an error.
+Implementation::Implementation() = default;
+Implementation::Implementation(const Implementation& other) = default;
+
+namespace {
 
 static_assert(std::is_abstract_v<Connector_Interface>);
 static_assert(std::has_virtual_destructor_v<Connector_Interface>);
-static_assert(std::is_default_constructible_v<SilentConnector>);
-static_assert(std::is_copy_constructible_v<SilentConnector>);
-static_assert(std::is_copy_assignable_v<SilentConnector>);
+static_assert(std::is_copy_assignable_v<Connector_Interface>);
 static_assert(int(Ok) == 0 && int(WrongContentType) == 1 && int(Timeout) == 2);
 
 // The private operations of the interface have no caller. Their members can be named where a template is
@@ -478,12 +443,11 @@ private Q_SLOTS:
 
     void WaitEndsWhen_data()
     {
-        QTest::addColumn<std::function<void()>>("happening");
-        QTest::newRow("the reply is deleted") << std::function([this]() { delete m_reply; });
-        QTest::newRow("the reply is deleted later") << std::function([this]() { m_reply->deleteLater(); });
-        QTest::newRow("the connector is deleted") << std::function([this]() { m_connector.reset(); });
-        QTest::newRow("the connector is deleted later")
-            << std::function([this]() { m_connector.release()->deleteLater(); });
+        const Rows<std::function<void()>> row("happening");
+        row("the reply is deleted", [this]() { delete m_reply; });
+        row("the reply is deleted later", [this]() { m_reply->deleteLater(); });
+        row("the connector is deleted", [this]() { m_connector.reset(); });
+        row("the connector is deleted later", [this]() { m_connector.release()->deleteLater(); });
     }
     void WaitEndsWhen()
     {

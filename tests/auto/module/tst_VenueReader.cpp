@@ -2,10 +2,8 @@
 #include <fuzz/MutatedReplies.h>
 #include <fuzz/ReaderComparison.h>
 
+#include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
-
-#include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 using namespace korvel::Test;
@@ -45,12 +43,11 @@ class tst_VenueReader : public StrictTest
 private Q_SLOTS:
     void ReadsLikeQJsonDocument_data()
     {
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<bool>("isQuick");
-        AddDocuments();
-        AddNumbers();
-        AddTexts();
-        AddUsers();
+        const Rows<QByteArray, bool> row("body", "isQuick");
+        AddDocuments(row);
+        AddNumbers(row);
+        AddTexts(row);
+        AddUsers(row);
     }
     void ReadsLikeQJsonDocument()
     {
@@ -58,18 +55,6 @@ private Q_SLOTS:
         QCOMPARE(ReaderDifference(body), QString());
         // What is refused costs more than before, so it must not become more by the way.
         QTEST(IsReadQuickly(body), "isQuick");
-    }
-
-    void ReadsTheFuzzersCorpusLikeQJsonDocument()
-    {
-        const QDir folder(QStringLiteral(VDB_SOURCE_DIR "/fuzz/corpus/VenueReply"));
-        const QStringList names = folder.entryList(QDir::Files);
-        QVERIFY(names.size() >= 10);
-        for (const QString& name : names) {
-            QFile file(folder.filePath(name));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QVERIFY2(ReaderDifference(file.readAll()).isEmpty(), qPrintable(name));
-        }
     }
 
     /// script/more/mutate-replies asks for many more.
@@ -95,11 +80,8 @@ private Q_SLOTS:
     }
 
 private:
-    static void AddDocuments()
+    static void AddDocuments(const Rows<QByteArray, bool>& add)
     {
-        const auto add = [](const char* name, const QByteArray& body, bool isQuick) {
-            QTest::newRow(name) << body << isQuick;
-        };
         add("document: a list without venues", R"({"data":[]})", true);
         add("document: no list", R"({"meta":1})", false);
         add("document: an object instead of the list", R"({"data":{"attributes":{"title":"x"}}})", false);
@@ -157,12 +139,11 @@ private:
         add("document: an array that is never closed", "{\"data\":" + QByteArray(100000, '['), false);
     }
 
-    static void AddNumbers()
+    static void AddNumbers(const Rows<QByteArray, bool>& row)
     {
-        const auto add = [](const char* number, bool isQuick) {
-            QTest::addRow("number: %s", number) << WithAttributes(R"({"entity_id":)" + QByteArray(number)
-                                                                  + R"(,"title":5,"lat":)" + number + "}")
-                                                << isQuick;
+        const auto add = [&row](const QByteArray& number, bool isQuick) {
+            row("number: " + number,
+                WithAttributes(R"({"entity_id":)" + number + R"(,"title":5,"lat":)" + number + "}"), isQuick);
         };
         for (const char* number :
              {"0",          "7",           "-7",         "-0",          "5.0",        "-5.00",
@@ -181,21 +162,22 @@ private:
               "1e309",  "1e400", "NaN", "Infinity", "5 5", "12345678901234567890123456789012345678901",
               "\"5\"5", "- 5"})
             add(number, false);
-        QTest::newRow("number: as a text") << WithAttributes(R"({"entity_id":"5"})") << true;
-        QTest::newRow("number: missing") << WithAttributes(R"({"title":"x"})") << true;
-        QTest::newRow("number: other types") << WithAttributes(R"({"entity_id":true})") << true;
-        QTest::newRow("number: an array") << WithAttributes(R"({"entity_id":[5]})") << true;
-        QTest::newRow("number: at the end") << QByteArray("{\"data\":5") << false;
+        row("number: as a text", WithAttributes(R"({"entity_id":"5"})"), true);
+        row("number: missing", WithAttributes(R"({"title":"x"})"), true);
+        row("number: other types", WithAttributes(R"({"entity_id":true})"), true);
+        row("number: an array", WithAttributes(R"({"entity_id":[5]})"), true);
+        row("number: at the end", "{\"data\":5", false);
     }
 
-    static void AddTexts()
+    static void AddTexts(const Rows<QByteArray, bool>& row)
     {
-        const auto add = [](const char* name, const QByteArray& text, bool isQuick) {
+        const auto add = [&row](const QByteArray& name, const QByteArray& text, bool isQuick) {
             const QByteArray value = '"' + text + '"';
-            QTest::addRow("text: %s", name) << WithAttributes(
-                R"({"title":)" + value + R"(,"general_comment":)" + value + R"(,"created":)" + value
-                + R"(,"address":{"country_code":)" + value + R"(},"unread":)" + value + "}")
-                                            << isQuick;
+            row("text: " + name,
+                WithAttributes(R"({"title":)" + value + R"(,"general_comment":)" + value + R"(,"created":)"
+                               + value + R"(,"address":{"country_code":)" + value + R"(},"unread":)" + value
+                               + "}"),
+                isQuick);
         };
         add("empty", "", true);
         add("plain", "Opera", true);
@@ -239,28 +221,24 @@ private:
             "024-02-29",
             true);
         add("long", QByteArray(100000, 'x'), true);
-        QTest::newRow("text: missing") << WithAttributes("{}") << true;
-        QTest::newRow("text: null") << WithAttributes(R"({"title":null,"address":{"locality":null}})")
-                                    << true;
-        for (const char* dateTime :
+        row("text: missing", WithAttributes("{}"), true);
+        row("text: null", WithAttributes(R"({"title":null,"address":{"locality":null}})"), true);
+        for (const QByteArray dateTime :
              {"2024-03-01T10:20:30+00:00", "2024-03-01T10:20:30Z", "2024-03-01T24:00:00+00:00", "2024-03-01",
-              "2024-03-01T10:20:30+01:00", "2024-03-01T10:20:30\\u002b00:00", "0000-00-00T00:00:00+00:00"}) {
-            QTest::addRow("text: edited %s", dateTime)
-                << WithAttributes(R"({"changed":)" + ('"' + QByteArray(dateTime) + '"') + "}") << true;
-        }
+              "2024-03-01T10:20:30+01:00", "2024-03-01T10:20:30\\u002b00:00", "0000-00-00T00:00:00+00:00"})
+            row("text: edited " + dateTime, WithAttributes(R"({"changed":)" + ('"' + dateTime) + "\"}"),
+                true);
         // Rooms of one building: the second text is the memory of the first.
-        QTest::newRow("text: equal texts in several spellings")
-            << QByteArray(R"({"data":[{"attributes":{"title":"a/b"}},{"attributes":{"title":"a\/b"}},)"
-                          R"({"attributes":{"title":"a/b"}},{"attributes":{"title":""}},{"attributes":{}}]})")
-            << true;
+        row("text: equal texts in several spellings",
+            R"({"data":[{"attributes":{"title":"a/b"}},{"attributes":{"title":"a\/b"}},)"
+            R"({"attributes":{"title":"a/b"}},{"attributes":{"title":""}},{"attributes":{}}]})",
+            true);
     }
 
-    static void AddUsers()
+    static void AddUsers(const Rows<QByteArray, bool>& row)
     {
-        const auto add
-            = [](const char* name, const QByteArray& editor, const QByteArray& users, bool isQuick) {
-                  QTest::addRow("users: %s", name) << WithUsers(editor, users) << isQuick;
-              };
+        const auto add = [&row](const QByteArray& name, const QByteArray& editor, const QByteArray& users,
+                                bool isQuick) { row("users: " + name, WithUsers(editor, users), isQuick); };
         const QByteArray user = R"({"type":"user","id":"u","attributes":{"entity_id":4}})";
         add("known", R"("u")", user, true);
         add("unknown", R"("v")", user, true);
@@ -293,8 +271,7 @@ private:
             R"({"type":"user","id":"u","attributes":{"entity_id":2.5}})", true);
         add("members of any type", R"("u")", R"(5,null,"x",[],{"type":"user","id":"u","attributes":[]})",
             true);
-        QTest::newRow("users: not a list")
-            << QByteArray(R"({"data":[{}],"included":{"type":"user","id":"u"}})") << true;
+        row("users: not a list", R"({"data":[{}],"included":{"type":"user","id":"u"}})", true);
     }
 };
 

@@ -31,6 +31,7 @@ QByteArray DocumentWithAttributes(const QByteArray& attributes)
 }
 
 const QByteArray c_oneVenue = R"({"data": [{"attributes": {"title": "new"}}]})";
+const QStringList c_oldNames{u"old"_s, u"old"_s};
 
 } // namespace
 
@@ -170,18 +171,14 @@ private Q_SLOTS:
         QTEST(venue.GetCountry(), "name");
     }
 
+    // More dates, and what Qt makes of them, stand in tst_ServerDate.
     void UploadDate_data()
     {
         const Rows<QByteArray, QDate> row("created", "date");
         row("date", R"("2023-02-01")", QDate(2023, 2, 1));
         row("leap day", R"("2024-02-29")", QDate(2024, 2, 29));
-        row("no leap day", R"("2023-02-29")", {});
-        row("with a time", R"("2023-02-01T00:00:00+00:00")", {});
-        row("single digits", R"("2023-2-1")", {});
         row("without hyphens", R"("20230201")", {});
         row("other order", R"("01-02-2023")", {});
-        row("blank behind", R"("2023-02-01 ")", {});
-        row("empty", R"("")", {});
         row("number", "20230201", {});
         row("null", "null", {});
     }
@@ -195,18 +192,10 @@ private Q_SLOTS:
     {
         const Rows<QByteArray, bool> row("changed", "valid");
         row("+00:00", R"("2024-03-01T10:20:30+00:00")", true);
-        row("Z", R"("2024-03-01T10:20:30Z")", false);
-        row("+01:00", R"("2024-03-01T10:20:30+01:00")", false);
         row("-00:00", R"("2024-03-01T10:20:30-00:00")", false);
         row("+0000", R"("2024-03-01T10:20:30+0000")", false);
-        row("no zone", R"("2024-03-01T10:20:30")", false);
         row("fraction of a second", R"("2024-03-01T10:20:30.123+00:00")", false);
-        row("date only", R"("2024-03-01")", false);
-        row("blank instead of T", R"("2024-03-01 10:20:30+00:00")", false);
-        row("hour 24", R"("2024-03-01T24:20:30+00:00")", false);
-        row("no such day", R"("2024-02-30T10:20:30+00:00")", false);
         row("text behind", R"("2024-03-01T10:20:30+00:00 UTC")", false);
-        row("empty", R"("")", false);
         row("number", "1709288430", false);
         row("null", "null", false);
     }
@@ -351,43 +340,13 @@ private Q_SLOTS:
 
     // The outcome.
 
-    // Every way to fail stands in the matrix; these are answers that are hardly different.
-    void Outcome_data()
+    // Every way to fail stands in the matrix; this answer is hardly different.
+    void MediaTypeWithASemicolonIsAnother()
     {
-        const Rows<Fault, ResultStatus, QStringList> row("answer", "status", "names");
-        const QStringList old{u"old"_s, u"old"_s};
-        const QStringList found{u"new"_s};
-        const Fault answer
-            = Fault::On(u"/api/venue"_s).WithStatus(200).WithBody(c_oneVenue).WithMediaType(c_jsonApi);
-
-        row("venues", answer, Ok, found);
-        row("media type with a semicolon", Fault(answer).WithMediaType("application/vnd.api+json;"),
-            WrongContentType, old);
-        for (const int status : {401, 403, 410, 418, 429, 502}) {
-            const QByteArray name = "status " + QByteArray::number(status) + " with the right media type";
-            row(name, Fault(answer).WithStatus(status), WrongContentType, old);
-        }
-        row("byte order mark", Fault(answer).WithBody("\xef\xbb\xbf" + c_oneVenue), Ok, found);
-        row("in drips", Fault(answer).WithBody(c_oneVenue + QByteArray(20'000, ' ')).WithDrip(5000, 10), Ok,
-            found);
-    }
-    void Outcome()
-    {
-        QFETCH(Fault, answer);
-        m_server->AddFault(answer);
+        m_server->Answer(u"/api/venue"_s, c_oneVenue, "application/vnd.api+json;");
         QList<Venue> venues = OldVenues();
-        QTEST(m_connector->FindVenueEntries({}, venues), "status");
-        QTEST(NamesOf(venues), "names");
-    }
-
-    void ConnectorWorksAgainAfterAFailure()
-    {
-        m_server->AddFault(Fault::On(u"/api/venue"_s).WithStatus(503).Times(1));
-        m_server->AnswerJsonApi(u"/api/venue"_s, c_oneVenue);
-        QList<Venue> venues;
         QCOMPARE(m_connector->FindVenueEntries({}, venues), WrongContentType);
-        QCOMPARE(m_connector->FindVenueEntries({}, venues), Ok);
-        QCOMPARE(NamesOf(venues), QStringList{u"new"_s});
+        QCOMPARE(NamesOf(venues), c_oldNames);
     }
 
     void PagingLinksAreNotFollowed()
@@ -464,12 +423,11 @@ private Q_SLOTS:
     void ConnectorMayBeDeletedDuringTheWait()
     {
         m_server->Withhold(u"/api/venue"_s);
-        const QObject context;
-        connect(&m_server->Log(), &RequestLog::RequestReceived, &context, [this]() { m_connector.reset(); });
+        OnRequest({}, [this]() { m_connector.reset(); });
         QList<Venue> venues = OldVenues();
         QCOMPARE(m_connector->FindVenueEntries({}, venues), Timeout);
         QCOMPARE(m_connector, nullptr);
-        QCOMPARE(NamesOf(venues), QStringList({u"old"_s, u"old"_s}));
+        QCOMPARE(NamesOf(venues), c_oldNames);
     }
 
     void ConnectorMayBeDeletedWhenItsReplyFinishes()
@@ -486,11 +444,8 @@ private Q_SLOTS:
         const QPointer<ConnectorJsonRest> alive(connector);
         const ResultStatus status = connector->FindVenueEntries({}, venues);
         // Whether the deletion or the end of the wait comes first is the event loop's affair.
-        if (status == Ok)
-            QCOMPARE(NamesOf(venues), QStringList{u"new"_s});
-        else
-            QCOMPARE(NamesOf(venues), QStringList({u"old"_s, u"old"_s}));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(NamesOf(venues), status == Ok ? QStringList{u"new"_s} : c_oldNames);
+        DeleteWhatIsDue();
         QVERIFY(!alive);
     }
 
@@ -501,7 +456,7 @@ private Q_SLOTS:
         ResultStatus status = Ok;
         QVERIFY(QuittingEnds({}, [&]() { status = m_connector->FindVenueEntries({}, venues); }));
         QCOMPARE(status, Timeout);
-        QCOMPARE(NamesOf(venues), QStringList({u"old"_s, u"old"_s}));
+        QCOMPARE(NamesOf(venues), c_oldNames);
     }
 
     void SearchInsideASearchIsIndependent_data()
