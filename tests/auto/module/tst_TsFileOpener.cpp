@@ -372,36 +372,19 @@ private Q_SLOTS:
         QCOMPARE(ContentOf(opener.requests.at(1).first().toString()), "two");
     }
 
-    void FileThatCannotBeWrittenIsOnlyLogged_data()
-    {
-        const Rows<QString, bool> row("fileName", "folderExists");
-        row("no temporary folder", u"hall.tessra"_s, false);
-        row("name leads elsewhere", u"x/../../hall.tessra"_s, true);
-        row("name too long", QString(300, u'a'), true);
-    }
+    // Files that cannot be written, and why, stand in tst_TsFile.
     void FileThatCannotBeWrittenIsOnlyLogged()
     {
-        const auto [fileName, folderExists] = Fetch<QString, bool>();
-        if (!folderExists)
-            m_folder->Pretend(u"missing"_s);
         FilledOpener opener;
-        Show(opener, {MakeFile(fileName)});
-        QTest::ignoreMessage(QtCriticalMsg, "An error occurred while writing TSFile to disk.");
+        Show(opener, {MakeFile(u"x/../../hall.tessra"_s)});
+        // Hears no other category than the module's.
+        const VdbMessages messages;
         QTest::mouseClick(ImportButton(opener), Qt::LeftButton);
+        QCOMPARE(VdbMessages::Take(), QStringList(u"An error occurred while writing TSFile to disk."_s));
         QCOMPARE(opener.requests.count(), 0);
         QVERIFY(opener.isEnabled());
         QVERIFY(ImportButton(opener)->isEnabled());
         QCOMPARE(Tree(m_folder->Path()), QStringList());
-    }
-
-    void FailureGoesToTheModulesCategory()
-    {
-        TsFileOpener opener;
-        Show(opener, {MakeFile(u".."_s)});
-        // Hears no other category.
-        const VdbMessages messages;
-        opener.OnTsFileButtonClicked();
-        QCOMPARE(VdbMessages::Take(), QStringList(u"An error occurred while writing TSFile to disk."_s));
     }
 
     void ResetEmptiesTheRowButKeepsTheSelection()

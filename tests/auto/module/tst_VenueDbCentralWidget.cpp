@@ -150,7 +150,7 @@ private Q_SLOTS:
 
     void ConstructionBuildsEverythingAndAsksNobody()
     {
-        const Panel panel;
+        const Panel panel(&m_stub);
         QCOMPARE(panel.fields.size(), 3);
         QCOMPARE(panel.country->count(), 246);
         QCOMPARE(panel.country->itemText(0), u"--"_s);
@@ -440,15 +440,6 @@ private Q_SLOTS:
             m_stub.venues.append(MakeVenue(1, {}, country));
         QCOMPARE(panel.widget->UpdateCountryComboBox(), Ok);
         QCOMPARE(ItemTexts(panel.country), QStringList(u"--"_s) + listed);
-    }
-
-    void CountriesDifferingInCaseAreDifferent()
-    {
-        const Panel panel(&m_stub);
-        m_stub.venues = {MakeVenue(1, {}, u"Germany"_s), MakeVenue(2, {}, u"germany"_s),
-                         MakeVenue(3, {}, u"Austria"_s)};
-        panel.widget->UpdateCountryComboBox();
-        QCOMPARE(panel.country->count(), 4);
     }
 
     void ChosenCountryStaysWhileItOccurs_data()

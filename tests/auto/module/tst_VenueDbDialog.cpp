@@ -6,7 +6,6 @@
 #include <ui/VenueDbSignalHandler.h>
 
 #include <tests/support/ConnectorStub.h>
-#include <tests/support/ModalDriver.h>
 #include <tests/support/Records.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
@@ -17,15 +16,12 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QTableView>
 #include <QTimer>
-
-#include <memory>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace korvel::Data::VenueDatabase;
@@ -219,16 +215,6 @@ private Q_SLOTS:
         QCOMPARE(dialog.focusWidget(), dialog.table);
     }
 
-    void GivingUpHidesTheDialog()
-    {
-        StubbedDialog dialog(m_stub);
-        m_stub.result = Timeout;
-        const auto driver = AnswerBox(QMessageBox::Close);
-        dialog.Open(nullptr);
-        QTRY_VERIFY(dialog.isHidden());
-        QCOMPARE(driver->Count(), 1);
-    }
-
     void VenueLoadedReachesTheHubOnce_data()
     {
         const Rows<bool> row("loaded");
@@ -348,15 +334,6 @@ private Q_SLOTS:
         dialog->findChild<QTableView*>()->selectRow(1);
         QTRY_VERIFY(!dialog);
         QVERIFY(!wasVisibleAfterTheEvent);
-    }
-
-    void DeletionEndsTheConnector()
-    {
-        auto dialog = std::make_unique<VenueDbDialog>();
-        dialog->ConnectVdb(u"JSONREST"_s);
-        dialog->ConnectVdb(u"JSONREST"_s);
-        dialog.reset();
-        QVERIFY(NoWindowIsLeft());
     }
 };
 

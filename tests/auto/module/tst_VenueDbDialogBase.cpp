@@ -220,18 +220,6 @@ private Q_SLOTS:
         QCOMPARE(rejections.count(), 1);
     }
 
-    void ReturnPressesTheDefaultButton()
-    {
-        VenueDbDialogBase dialog;
-        auto* button = new QPushButton;
-        dialog.SetContentWidget(button);
-        button->setDefault(true);
-        QSignalSpy clicks(button, &QPushButton::clicked);
-        dialog.show();
-        QTest::keyClick(&dialog, Qt::Key_Return);
-        QCOMPARE(clicks.count(), 1);
-    }
-
     void HostMayDeleteTheDialogInItsHandler()
     {
         auto* dialog = new VenueDbDialogBase;

@@ -164,19 +164,6 @@ private Q_SLOTS:
         QCOMPARE(requests.count(), 3);
     }
 
-    void ListenersEndWithTheirObject()
-    {
-        int answers = 0;
-        {
-            const QObject host;
-            connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::VenueLoaded, &host,
-                    [&answers] { ++answers; });
-            Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(true);
-        }
-        Q_EMIT VenueDbSignalHandler::GetInstance()->VenueLoaded(true);
-        QCOMPARE(answers, 1);
-    }
-
     void ListenersInOtherThreadsHearEverythingInOrder()
     {
         constexpr int threadCount = 3;

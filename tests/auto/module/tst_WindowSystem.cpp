@@ -18,7 +18,6 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
-#include <QSplitter>
 #include <QTableView>
 #include <QTimer>
 
@@ -166,22 +165,6 @@ private Q_SLOTS:
             QTRY_VERIFY(import->hasFocus());
             QVERIFY(dialog.isVisible());
         }
-    }
-
-    void SplitterDraggedToTheBottomKeepsTheDetails()
-    {
-        m_stub.venues = {MakeVenue(7, u"Hall"_s)};
-        FilledDialog dialog(m_stub);
-        dialog.findChild<QTableView*>()->selectRow(0);
-        auto* splitter = dialog.findChild<QSplitter*>();
-        QTRY_VERIFY(splitter->sizes().value(1) > 300);
-        const QPoint grip = splitter->handle(1)->mapToGlobal(splitter->handle(1)->rect().center());
-        const QPoint bottom = dialog.mapToGlobal(dialog.rect().bottomLeft());
-        QVERIFY(XdoTool({u"mousemove"_s, QString::number(grip.x()), QString::number(grip.y()), u"mousedown"_s,
-                         u"1"_s, u"mousemove"_s, QString::number(grip.x()), QString::number(bottom.y()),
-                         u"mouseup"_s, u"1"_s}));
-        QTRY_VERIFY(splitter->sizes().value(1) < 300);
-        QVERIFY(splitter->sizes().value(1) > 100);
     }
 
     void OpenCentresTheDialogAgain_data()
