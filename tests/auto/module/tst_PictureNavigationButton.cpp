@@ -271,19 +271,6 @@ private Q_SLOTS:
         // Pixels of the full colour, within the disc.
         QVERIFY(CountNear(parent.grab().toImage(), QRect(13, 112, 14, 16), chevron) > 0);
     }
-
-    void ThemeChangeRepaints()
-    {
-        GreenParent parent;
-        PictureNavigationButton button(1, &parent);
-        parent.show();
-        const QImage dark = parent.grab().toImage();
-        button.SetDayMode(true);
-        const QImage light = parent.grab().toImage();
-        QVERIFY(light != dark);
-        button.SetDayMode(false);
-        QCOMPARE(parent.grab().toImage(), dark);
-    }
 };
 
 QTEST_MAIN(tst_PictureNavigationButton)
