@@ -29,6 +29,14 @@ QJsonObject JsonObject(const QByteArray& text)
     return document.object();
 }
 
+QJsonValue At(const QJsonValue& from, const QString& path)
+{
+    QJsonValue value = from;
+    for (const QString& name : path.split(QLatin1Char('.')))
+        value = value.isArray() ? value.toArray().at(name.toInt()) : value.toObject().value(name);
+    return value;
+}
+
 QJsonArray Included(const QByteArray& elements)
 {
     return JsonObject(R"({"included": [)" + elements + "]}").value("included"_L1).toArray();

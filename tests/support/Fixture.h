@@ -13,6 +13,8 @@ QByteArray Fixture(const QString& name);
 QJsonObject FixtureObject(const QString& name);
 /// The JSON object that \p text spells; aborts when it is none.
 QJsonObject JsonObject(const QByteArray& text);
+/// The member at the end of \p path, names and array indexes joined by dots.
+QJsonValue At(const QJsonValue& from, const QString& path);
 /// The "included" of a reply with these elements, joined by commas.
 QJsonArray Included(const QByteArray& elements);
 

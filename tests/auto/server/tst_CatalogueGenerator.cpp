@@ -1,11 +1,9 @@
 #include <server/catalogue/CatalogueGenerator.h>
+#include <tests/support/Fixture.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
 #include <QDate>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -101,13 +99,10 @@ private Q_SLOTS:
     {
         const auto [venuesPerUser, included] = Fetch<qsizetype, qsizetype>();
         const CatalogueGenerator generator({.venueCount = 50, .venuesPerUser = venuesPerUser});
-        const QJsonObject document
-            = QJsonDocument::fromJson(generator.Body(u"venues.test.example"_s)).object();
-        const QJsonArray data = document.value(u"data"_s).toArray();
-        QCOMPARE(data.size(), 50);
-        QCOMPARE(data.at(49).toObject().value(u"attributes"_s).toObject().value(u"title"_s).toString(),
-                 generator.Venue(49).title);
-        QCOMPARE(document.value(u"included"_s).toArray().size(), included);
+        const QJsonObject document = JsonObject(generator.Body(u"venues.test.example"_s));
+        QCOMPARE(At(document, u"data"_s).toArray().size(), 50);
+        QCOMPARE(At(document, u"data.49.attributes.title"_s).toString(), generator.Venue(49).title);
+        QCOMPARE(At(document, u"included"_s).toArray().size(), included);
     }
 
     void VenueTakesAboutAKilobyteAndAQuarter()

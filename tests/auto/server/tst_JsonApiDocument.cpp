@@ -1,10 +1,7 @@
 #include <server/api/JsonApiDocument.h>
+#include <tests/support/Fixture.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 using namespace Qt::StringLiterals;
 using namespace korvel::Demo;
@@ -12,28 +9,9 @@ using namespace korvel::Test;
 
 namespace {
 
-/// The member at the end of \p path, names and array indexes joined by dots.
-QJsonValue At(const QJsonValue& from, const char* path)
-{
-    QJsonValue value = from;
-    const QList<QByteArray> names = QByteArray(path).split('.');
-    for (const QByteArray& name : names) {
-        value = value.isArray() ? value.toArray().at(name.toInt())
-                                : value.toObject().value(QString::fromUtf8(name));
-    }
-    return value;
-}
-
-QString TextAt(const QJsonValue& from, const char* path)
+QString TextAt(const QJsonValue& from, const QString& path)
 {
     return At(from, path).toString(u"(no text)"_s);
-}
-
-QJsonValue Parse(const QByteArray& json)
-{
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    return error.error == QJsonParseError::NoError ? QJsonValue(document.object()) : QJsonValue();
 }
 
 VenueRecord Hall()
@@ -64,9 +42,9 @@ QByteArray DocumentOf(const QStringList& includes)
 QStringList IncludedIds(const QStringList& includes)
 {
     QStringList ids;
-    const QJsonArray included = At(Parse(DocumentOf(includes)), "included").toArray();
+    const QJsonArray included = At(JsonObject(DocumentOf(includes)), u"included"_s).toArray();
     for (const QJsonValue& value : included)
-        ids.append(TextAt(value, "type") + QLatin1Char(' ') + TextAt(value, "id"));
+        ids.append(TextAt(value, u"type"_s) + QLatin1Char(' ') + TextAt(value, u"id"_s));
     return ids;
 }
 
@@ -80,20 +58,20 @@ private Q_SLOTS:
     void EmptyDocumentIsComplete()
     {
         JsonApiDocument document(u"h.example"_s, "/api/venue?x", {u"editor"_s});
-        const QJsonValue json = Parse(document.Finish());
-        QCOMPARE(TextAt(json, "jsonapi.version"), u"1.0"_s);
-        QVERIFY(At(json, "data").isArray());
-        QVERIFY(At(json, "included").isArray());
-        QCOMPARE(At(json, "meta.count").toInt(-1), 0);
-        QCOMPARE(TextAt(json, "links.self.href"), u"https://h.example/api/venue?x"_s);
+        const QJsonValue json = JsonObject(document.Finish());
+        QCOMPARE(TextAt(json, u"jsonapi.version"_s), u"1.0"_s);
+        QVERIFY(At(json, u"data"_s).isArray());
+        QVERIFY(At(json, u"included"_s).isArray());
+        QCOMPARE(At(json, u"meta.count"_s).toInt(-1), 0);
+        QCOMPARE(TextAt(json, u"links.self.href"_s), u"https://h.example/api/venue?x"_s);
     }
 
     void TextsSurviveTheirEscaping()
     {
-        const QJsonValue attributes = At(Parse(DocumentOf({})), "data.0.attributes");
-        QCOMPARE(At(attributes, "entity_id").toInt(), 7);
-        QCOMPARE(TextAt(attributes, "address.locality"), Hall().locality);
-        QCOMPARE(TextAt(attributes, "comment"), Hall().comment);
+        const QJsonValue attributes = At(JsonObject(DocumentOf({})), u"data.0.attributes"_s);
+        QCOMPARE(At(attributes, u"entity_id"_s).toInt(), 7);
+        QCOMPARE(TextAt(attributes, u"address.locality"_s), Hall().locality);
+        QCOMPARE(TextAt(attributes, u"comment"_s), Hall().comment);
     }
 
     void SlashesAndMarkupAreEscaped()
@@ -107,28 +85,28 @@ private Q_SLOTS:
 
     void MissingTextsAreLeftOut()
     {
-        const QJsonObject attributes = At(Parse(DocumentOf({})), "data.0.attributes").toObject();
+        const QJsonObject attributes = At(JsonObject(DocumentOf({})), u"data.0.attributes"_s).toObject();
         QVERIFY(!attributes.contains(u"venue_room_name"_s));
-        QVERIFY(!At(attributes, "address").toObject().contains(u"postal_code"_s));
+        QVERIFY(!At(attributes, u"address"_s).toObject().contains(u"postal_code"_s));
 
         VenueRecord bare;
         bare.entityId = 1;
         JsonApiDocument document(u"h.example"_s, "/", {});
         document.AddVenue(bare, nullptr);
-        const QJsonValue json = Parse(document.Finish());
-        QVERIFY(!At(json, "data.0.attributes").toObject().contains(u"address"_s));
-        QVERIFY(At(json, "data.0.relationships.editor.data").isNull());
-        QVERIFY(!json.toObject().contains(u"included"_s));
+        const QJsonObject json = JsonObject(document.Finish());
+        QVERIFY(!At(json, u"data.0.attributes"_s).toObject().contains(u"address"_s));
+        QVERIFY(At(json, u"data.0.relationships.editor.data"_s).isNull());
+        QVERIFY(!json.contains(u"included"_s));
     }
 
     void RelationshipsNameTheirResources()
     {
-        const QJsonValue relationships = At(Parse(DocumentOf({})), "data.0.relationships");
-        QCOMPARE(TextAt(relationships, "editor.data.type"), u"user"_s);
-        QCOMPARE(TextAt(relationships, "editor.data.id"), u"user-3"_s);
-        QCOMPARE(At(relationships, "stage_left.data").toArray().size(), 2);
-        QCOMPARE(TextAt(relationships, "stage_left.data.1.id"), u"p3"_s);
-        QCOMPARE(TextAt(relationships, "tessra.data.0.type"), u"tessra"_s);
+        const QJsonValue relationships = At(JsonObject(DocumentOf({})), u"data.0.relationships"_s);
+        QCOMPARE(TextAt(relationships, u"editor.data.type"_s), u"user"_s);
+        QCOMPARE(TextAt(relationships, u"editor.data.id"_s), u"user-3"_s);
+        QCOMPARE(At(relationships, u"stage_left.data"_s).toArray().size(), 2);
+        QCOMPARE(TextAt(relationships, u"stage_left.data.1.id"_s), u"p3"_s);
+        QCOMPARE(TextAt(relationships, u"tessra.data.0.type"_s), u"tessra"_s);
         for (const QString& view : VenueCatalogue::Views())
             QVERIFY(relationships.toObject().contains(view));
     }
@@ -138,12 +116,12 @@ private Q_SLOTS:
         JsonApiDocument document(u"h.example"_s, "/", {u"editor"_s});
         document.AddVenue(Hall(), &c_user);
         document.AddVenue(Hall(), &c_user);
-        const QJsonValue json = Parse(document.Finish());
-        QCOMPARE(At(json, "data").toArray().size(), 2);
-        QCOMPARE(At(json, "included").toArray().size(), 1);
-        QCOMPARE(TextAt(json, "included.0.type"), u"user"_s);
-        QCOMPARE(TextAt(json, "included.0.id"), u"user-3"_s);
-        QCOMPARE(At(json, "included.0.attributes.entity_id").toInt(), 3);
+        const QJsonValue json = JsonObject(document.Finish());
+        QCOMPARE(At(json, u"data"_s).toArray().size(), 2);
+        QCOMPARE(At(json, u"included"_s).toArray().size(), 1);
+        QCOMPARE(TextAt(json, u"included.0.type"_s), u"user"_s);
+        QCOMPARE(TextAt(json, u"included.0.id"_s), u"user-3"_s);
+        QCOMPARE(At(json, u"included.0.attributes.entity_id"_s).toInt(), 3);
     }
 
     void ResourcesAreIncluded_data()
@@ -164,38 +142,31 @@ private Q_SLOTS:
         QTEST(IncludedIds(includes), "ids");
     }
 
-    void PictureFileHasItsLinks()
+    void PicturesAndModelFilesHaveTheirMembers()
     {
-        const QJsonValue json = Parse(DocumentOf({u"stage_left.file"_s}));
-        QCOMPARE(TextAt(json, "included.0.attributes.name"), u"Left"_s);
-        QCOMPARE(TextAt(json, "included.0.attributes.created"), u"2023"_s);
-        QCOMPARE(TextAt(json, "included.0.relationships.file.data.id"), u"file-p1"_s);
-        QCOMPARE(TextAt(json, "included.0.relationships.file.data.meta.alt"), u"From the left"_s);
-        QCOMPARE(TextAt(json, "included.2.attributes.url"), u"/files/pictures/p1-large.jpg"_s);
-        QCOMPARE(TextAt(json, "included.2.links.small.href"),
-                 u"https://h.example/files/pictures/p1-small.jpg"_s);
-        QCOMPARE(TextAt(json, "included.2.links.medium.href"),
-                 u"https://h.example/files/pictures/p1-medium.jpg"_s);
-        QCOMPARE(TextAt(json, "included.2.links.large.href"),
-                 u"https://h.example/files/pictures/p1-large.jpg"_s);
-    }
-
-    void ModelFileHasItsPath()
-    {
-        const QJsonValue json = Parse(DocumentOf({u"tessra.file"_s}));
-        QCOMPARE(TextAt(json, "included.0.attributes.name"), u"Hall.tessra"_s);
-        QCOMPARE(TextAt(json, "included.0.attributes.created"), u"2024"_s);
-        QCOMPARE(TextAt(json, "included.0.attributes.file_version"), u"4.2"_s);
-        QCOMPARE(TextAt(json, "included.0.relationships.file.data.id"), u"file-t1"_s);
-        QCOMPARE(TextAt(json, "included.1.attributes.url"), u"/files/models/a%20hall%231.tessra"_s);
+        const QJsonValue included
+            = At(JsonObject(DocumentOf({u"stage_left.file"_s, u"tessra.file"_s})), u"included"_s);
+        QCOMPARE(At(included, u"0.attributes"_s).toObject(),
+                 JsonObject(R"({"name": "Left", "created": "2023"})"));
+        QCOMPARE(TextAt(included, u"0.relationships.file.data.id"_s), u"file-p1"_s);
+        QCOMPARE(TextAt(included, u"0.relationships.file.data.meta.alt"_s), u"From the left"_s);
+        QCOMPARE(TextAt(included, u"2.attributes.url"_s), u"/files/pictures/p1-large.jpg"_s);
+        for (const QString& rendition : {u"small"_s, u"medium"_s, u"large"_s}) {
+            QCOMPARE(TextAt(included, u"2.links.%1.href"_s.arg(rendition)),
+                     u"https://h.example/files/pictures/p1-%1.jpg"_s.arg(rendition));
+        }
+        QCOMPARE(At(included, u"4.attributes"_s).toObject(),
+                 JsonObject(R"({"name": "Hall.tessra", "created": "2024", "file_version": "4.2"})"));
+        QCOMPARE(TextAt(included, u"4.relationships.file.data.id"_s), u"file-t1"_s);
+        QCOMPARE(TextAt(included, u"5.attributes.url"_s), u"/files/models/a%20hall%231.tessra"_s);
     }
 
     void ErrorsAreDocuments()
     {
-        const QJsonValue json = Parse(JsonApiDocument::Error(404, u"No /x"_s));
-        QCOMPARE(TextAt(json, "errors.0.status"), u"404"_s);
-        QCOMPARE(TextAt(json, "errors.0.title"), u"Not Found"_s);
-        QCOMPARE(TextAt(json, "errors.0.detail"), u"No /x"_s);
+        const QJsonValue json = JsonObject(JsonApiDocument::Error(404, u"No /x"_s));
+        QCOMPARE(TextAt(json, u"errors.0.status"_s), u"404"_s);
+        QCOMPARE(TextAt(json, u"errors.0.title"_s), u"Not Found"_s);
+        QCOMPARE(TextAt(json, u"errors.0.detail"_s), u"No /x"_s);
     }
 };
 
