@@ -1,14 +1,12 @@
 #include <server/VenueServer.h>
 #include <server/api/VenueService.h>
 #include <server/catalogue/CatalogueGenerator.h>
+#include <tests/support/Fixture.h>
 #include <tests/support/QtVersion.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
 #include <QElapsedTimer>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QRegularExpression>
@@ -56,12 +54,7 @@ private Q_SLOTS:
     void init()
     {
         StrictTest::init();
-        m_server = std::make_unique<VenueServer>(TestOptions());
-        m_server->SetCatalogue(
-            CatalogueGenerator({.venueCount = 20, .picturesPerVenue = 2, .modelFilesPerVenue = 1})
-                .Catalogue());
-        QVERIFY2(m_server->Start(), qPrintable(m_server->ErrorText()));
-        m_guard = m_server->InstallInApplication();
+        StartServer(TestOptions());
         m_manager = std::make_unique<QNetworkAccessManager>();
     }
 
@@ -72,32 +65,15 @@ private Q_SLOTS:
         m_server.reset();
     }
 
-    void PlainTlsClientIsServed()
-    {
-        QSslSocket socket;
-        socket.setProxy(QNetworkProxy::NoProxy);
-        socket.connectToHostEncrypted(u"localhost"_s, m_server->HttpsPort());
-        QVERIFY2(socket.waitForEncrypted(5000), qPrintable(socket.errorString()));
-        socket.write(
-            "GET /api/venue?filter[entity_id]=3 HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n\r\n");
-        QSignalSpy disconnected(&socket, &QSslSocket::disconnected);
-        QVERIFY(disconnected.wait(5000));
-        const QByteArray answer = socket.readAll();
-        QVERIFY(answer.startsWith("HTTP/1.1 200 OK\r\n"));
-        QVERIFY(answer.contains("\r\nContent-Type: application/vnd.api+json\r\n"));
-        const QJsonDocument document = QJsonDocument::fromJson(answer.mid(answer.indexOf("\r\n\r\n") + 4));
-        QCOMPARE(document.object().value(u"data"_s).toArray().size(), 1);
-    }
-
     void ReachedThroughTheProxyUnderItsName()
     {
         const Outcome outcome = Get(u"/api/venue?include=editor"_s);
         QCOMPARE(outcome.error, QNetworkReply::NoError);
         QCOMPARE(outcome.status, 200);
         QCOMPARE(outcome.contentType, c_jsonApi);
-        const QJsonObject document = QJsonDocument::fromJson(outcome.body).object();
-        QCOMPARE(document.value(u"data"_s).toArray().size(), 20);
-        QCOMPARE(document.value(u"included"_s).toArray().size(), 2);
+        const QJsonObject document = JsonObject(outcome.body);
+        QCOMPARE(At(document, u"data"_s).toArray().size(), 20);
+        QCOMPARE(At(document, u"included"_s).toArray().size(), 2);
         QCOMPARE(m_server->Log().LastRequest().host, m_server->Host());
     }
 
@@ -125,15 +101,14 @@ private Q_SLOTS:
         const Outcome outcome = Get(target);
         QCOMPARE(outcome.status, status);
         QCOMPARE(outcome.contentType, c_jsonApi);
-        const QJsonObject document = QJsonDocument::fromJson(outcome.body).object();
+        const QJsonObject document = JsonObject(outcome.body);
         QVERIFY(document.contains(u"jsonapi"_s));
         if (count >= 0) {
-            QCOMPARE(document.value(u"data"_s).toArray().size(), count);
+            QCOMPARE(At(document, u"data"_s).toArray().size(), count);
             QVERIFY(!document.contains(u"errors"_s));
         } else {
-            const QJsonObject error = document.value(u"errors"_s).toArray().at(0).toObject();
-            QCOMPARE(error.value(u"status"_s).toString(), QString::number(status));
-            QVERIFY(!error.value(u"detail"_s).toString().isEmpty());
+            QCOMPARE(At(document, u"errors.0.status"_s).toString(), QString::number(status));
+            QVERIFY(!At(document, u"errors.0.detail"_s).toString().isEmpty());
             QVERIFY(!document.contains(u"data"_s));
         }
         QCOMPARE(m_server->Log().LastRequest().status, status);
@@ -168,7 +143,7 @@ private Q_SLOTS:
                                "&filter[title][condition][value]=what?%20where?%20%26%20100%25%20+"_s;
         const Outcome outcome = Get(target);
         QCOMPARE(outcome.status, 200);
-        QCOMPARE(QJsonDocument::fromJson(outcome.body).object().value(u"data"_s).toArray().size(), 1);
+        QCOMPARE(At(JsonObject(outcome.body), u"data"_s).toArray().size(), 1);
         QCOMPARE(m_server->Log().LastRequest().target, target.toLatin1());
         QCOMPARE(m_server->Log().LastRequest().query.last().second, u"what? where? & 100% +"_s);
     }
@@ -252,27 +227,19 @@ private Q_SLOTS:
     {
         const QString query = u"/api/venue?include=from_the_auditorium.file,tessra.file"
                               "&filter[entity_id]=5"_s;
-        const QJsonArray included
-            = QJsonDocument::fromJson(Get(query).body).object().value(u"included"_s).toArray();
+        const QJsonArray included = At(JsonObject(Get(query).body), u"included"_s).toArray();
         QCOMPARE(included.size(), 4); // picture, its file, model file, its content
-        const QJsonObject pictureFile = included.at(1).toObject();
-        const QUrl small(pictureFile.value(u"links"_s)
-                             .toObject()
-                             .value(u"small"_s)
-                             .toObject()
-                             .value(u"href"_s)
-                             .toString());
+        const QUrl small(At(included, u"1.links.small.href"_s).toString());
         QCOMPARE(small.host(), m_server->Host());
         const Outcome picture = OutcomeOf(Send(small));
         QCOMPARE(picture.status, 200);
         QCOMPARE(picture.contentType, QByteArray("image/png"));
         QCOMPARE(picture.body, c_smallPicture + "pic-5-1 480");
 
-        const QString original = pictureFile.value(u"attributes"_s).toObject().value(u"url"_s).toString();
+        const QString original = At(included, u"1.attributes.url"_s).toString();
         QCOMPARE(Get(original).body, c_smallPicture + "pic-5-1 3000");
 
-        const QString model
-            = included.at(3).toObject().value(u"attributes"_s).toObject().value(u"url"_s).toString();
+        const QString model = At(included, u"3.attributes.url"_s).toString();
         const Outcome file = Get(model);
         QCOMPARE(file.status, 200);
         QCOMPARE(file.body.size(), 1000);
@@ -384,14 +351,6 @@ private Q_SLOTS:
         QVERIFY(outcome.milliseconds >= 290);
     }
 
-    void ChunksWithoutAnEndAreBroken()
-    {
-        m_server->AddFault(Fault::On({}).WithBody("0123456789").WithChunks().WithCutAfter(10));
-        const Outcome outcome = Get(u"/api/venue"_s);
-        QVERIFY(outcome.error != QNetworkReply::NoError);
-        QCOMPARE(outcome.body, QByteArray("0123456789"));
-    }
-
     void DripComesPieceByPiece()
     {
         m_server->AddFault(Fault::On({}).WithBody("abcdef").WithDrip(1, 30));
@@ -421,6 +380,7 @@ private Q_SLOTS:
         m_server->AddFault(Fault::On({}).ForHost(u"second.example"_s).WithStatus(500));
         QCOMPARE(Get(u"/api/venue"_s).status, 200);
         QCOMPARE(Get(u"/api/venue"_s, u"second.example"_s).status, 500);
+        QCOMPARE(m_server->Log().LastRequest().host, u"second.example"_s);
     }
 
     void StopInterruptsEveryWait_data()
@@ -494,12 +454,7 @@ private Q_SLOTS:
             painted->acquire();
             return c_smallPicture;
         };
-        m_guard.reset();
-        const VenueCatalogue catalogue = *m_server->Catalogue();
-        m_server = std::make_unique<VenueServer>(options);
-        m_server->SetCatalogue(catalogue);
-        QVERIFY2(m_server->Start(), qPrintable(m_server->ErrorText()));
-        m_guard = m_server->InstallInApplication();
+        StartServer(options);
 
         QNetworkReply* picture = Send(Url(u"/files/pictures/pic-1-1-small.jpg"_s));
         QTRY_COMPARE(m_server->Log().RequestCount(u"pic-1-1"_s), 1);
@@ -546,6 +501,17 @@ private Q_SLOTS:
     }
 
 private:
+    void StartServer(const VenueServer::Options& options)
+    {
+        m_guard.reset();
+        m_server = std::make_unique<VenueServer>(options);
+        m_server->SetCatalogue(
+            CatalogueGenerator({.venueCount = 20, .picturesPerVenue = 2, .modelFilesPerVenue = 1})
+                .Catalogue());
+        QVERIFY2(m_server->Start(), qPrintable(m_server->ErrorText()));
+        m_guard = m_server->InstallInApplication();
+    }
+
     QUrl Url(const QString& pathAndQuery, const QString& host = {}) const
     {
         return QUrl(u"https://"_s + (host.isEmpty() ? m_server->Host() : host) + pathAndQuery);
