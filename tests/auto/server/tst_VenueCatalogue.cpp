@@ -1,10 +1,9 @@
 #include <server/catalogue/VenueCatalogue.h>
+#include <tests/support/Files.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 using namespace korvel::Demo;
@@ -105,10 +104,10 @@ private Q_SLOTS:
     void FolderIsReadInTheOrderOfNames()
     {
         const QTemporaryDir folder;
-        Write(folder.filePath(u"venues-b.json"_s), R"({"venues":[{"entity_id":2}]})");
-        Write(folder.filePath(u"venues-a.json"_s), R"({"venues":[{"entity_id":1,"editor":"user-1"}]})");
-        Write(folder.filePath(u"users.json"_s), R"({"users":[{"id":"user-1","entity_id":5}]})");
-        Write(folder.filePath(u"other.json"_s), "nonsense");
+        WriteFile(folder.filePath(u"venues-b.json"_s), R"({"venues":[{"entity_id":2}]})");
+        WriteFile(folder.filePath(u"venues-a.json"_s), R"({"venues":[{"entity_id":1,"editor":"user-1"}]})");
+        WriteFile(folder.filePath(u"users.json"_s), R"({"users":[{"id":"user-1","entity_id":5}]})");
+        WriteFile(folder.filePath(u"other.json"_s), "nonsense");
         QString error = u"before"_s;
         const VenueCatalogue catalogue = VenueCatalogue::Load(folder.path(), &error);
         QCOMPARE(error, QString());
@@ -122,9 +121,9 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         QVERIFY(QDir(folder.path()).mkdir(u"models"_s));
-        Write(folder.filePath(u"models/a.tessra"_s), "model");
-        Write(folder.filePath(u"models/empty.tessra"_s), "");
-        Write(
+        WriteFile(folder.filePath(u"models/a.tessra"_s), "model");
+        WriteFile(folder.filePath(u"models/empty.tessra"_s));
+        WriteFile(
             folder.filePath(u"venues-a.json"_s),
             R"({"venues":[{"entity_id":1,"model_files":[{"id":"1","file":"a.tessra"},{"id":"2","file":"none.tessra"},
              {"id":"3","file":"empty.tessra"}]}]})");
@@ -146,8 +145,8 @@ private Q_SLOTS:
     void MistakeNamesTheFile()
     {
         const QTemporaryDir folder;
-        Write(folder.filePath(u"venues-a.json"_s), R"({"venues":[{"entity_id":1}]})");
-        Write(folder.filePath(u"venues-b.json"_s), R"({"venues":[{}]})");
+        WriteFile(folder.filePath(u"venues-a.json"_s), R"({"venues":[{"entity_id":1}]})");
+        WriteFile(folder.filePath(u"venues-b.json"_s), R"({"venues":[{}]})");
         QString error;
         QVERIFY(VenueCatalogue::Load(folder.path(), &error).Venues().isEmpty());
         QVERIFY2(error.startsWith(u"venues-b.json: "_s), qPrintable(error));
@@ -166,14 +165,6 @@ private Q_SLOTS:
         QCOMPARE(catalogue.FindPicture(u"none"_s, &venue), nullptr);
         QCOMPARE(catalogue.FindModelFile(u"f"_s), &catalogue.Venues().at(1).modelFiles.at(0));
         QCOMPARE(catalogue.FindModelFile(u"none"_s), nullptr);
-    }
-
-private:
-    static void Write(const QString& path, const QByteArray& content)
-    {
-        QFile file(path);
-        QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-        file.write(content);
     }
 };
 

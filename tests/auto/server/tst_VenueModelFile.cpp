@@ -1,10 +1,10 @@
 #include <demo/VenueModelFile.h>
+#include <tests/support/Files.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 using namespace korvel::Demo;
@@ -75,13 +75,7 @@ private Q_SLOTS:
 
     void WrongContentIsRefused_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<QString>("part");
-        const auto row
-            = [](const char* name, const QByteArray& content, const char* start, const char* part) {
-                  QTest::newRow(name) << content << QString::fromUtf8(start) << QString::fromUtf8(part);
-              };
+        const Rows<QByteArray, QByteArray, QByteArray> row("content", "start", "part");
         row("nothing", {}, "", "empty");
         row("picture", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), "", "UTF-8");
         row("NUL in a text", FileWith("# a") + '\0' + "b\n", "", "UTF-8");
@@ -125,13 +119,11 @@ private Q_SLOTS:
     }
     void WrongContentIsRefused()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, start);
-        QFETCH(QString, part);
+        const auto [content, start, part] = Fetch<QByteArray, QByteArray, QByteArray>();
         QString error;
         QVERIFY(!VenueModelFile::Parse(content, &error));
-        QVERIFY2(error.startsWith(start), qPrintable(error));
-        QVERIFY2(error.contains(part), qPrintable(error));
+        QVERIFY2(error.toUtf8().startsWith(start), qPrintable(error));
+        QVERIFY2(error.toUtf8().contains(part), qPrintable(error));
     }
 
     void LimitsAreExact()
@@ -170,16 +162,13 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"hall.tessra"_s);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(FileWith("rigging 4,5 600\n"));
-        file.close();
+        WriteFile(path, FileWith("rigging 4,5 600\n"));
         QString error;
         const std::optional<VenueModel> model = VenueModelFile::Read(path, &error);
         QVERIFY2(model, qPrintable(error));
         QCOMPARE(model->riggingPoints.size(), 1);
 
-        QVERIFY(file.resize(VenueModelFile::c_maximumSize + 1));
+        QVERIFY(QFile::resize(path, VenueModelFile::c_maximumSize + 1));
         QVERIFY(!VenueModelFile::Read(path, &error));
         QVERIFY2(error.contains(u"larger than 4 MB"_s), qPrintable(error));
     }
