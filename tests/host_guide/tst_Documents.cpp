@@ -1,10 +1,10 @@
+#include <tests/support/Files.h>
 #include <tests/support/StrictTest.h>
 
 #include <ui/VenueDbDialog.h>
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -27,10 +27,7 @@ QString SourcePath(const QString& path)
 
 QString ReadText(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("Cannot read %s", qPrintable(path));
-    return QString::fromUtf8(file.readAll());
+    return QString::fromUtf8(ContentOf(path));
 }
 
 /// The files of \p folder below the source folder that \p filters match, relative to the source folder.
@@ -59,46 +56,34 @@ QStringList PublicHeaders()
     return headers;
 }
 
-/// \p lines as one text, without the blanks that all of them begin with.
-QString WithoutIndent(const QStringList& lines)
+/// \p text without the blanks that all of its lines begin with.
+QString WithoutIndent(const QString& text)
 {
-    qsizetype indent = -1;
-    for (const QString& line : lines) {
-        const qsizetype own = line.size() - QStringView(line).trimmed().size();
-        if (!line.isEmpty() && (indent < 0 || own < indent))
-            indent = own;
-    }
-    QString text;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    qsizetype indent = text.size();
     for (const QString& line : lines)
-        text += line.mid(qMax(indent, 0)) + QLatin1Char('\n');
-    return text;
+        if (!line.isEmpty())
+            indent = qMin(indent, line.size() - QStringView(line).trimmed().size());
+    QStringList moved;
+    for (const QString& line : lines)
+        moved.append(line.mid(indent));
+    return moved.join(QLatin1Char('\n'));
 }
 
 /// The code between each pair of lines "//! [name]" or "#! [name]" of the file \p path.
 QList<Code> NamedSnippets(const QString& path)
 {
-    static const QRegularExpression marker(u"^ *(//|#)! \\[(.+)\\]$"_s);
+    static const QRegularExpression snippet(uR"(^ *(?://|#)! \[(.+)\]\n((?s:.*?))^ *(?://|#)! \[(.+)\]$)"_s,
+                                            QRegularExpression::MultilineOption);
     QList<Code> snippets;
-    QString open;
-    QStringList lines;
-    const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
-    for (const QString& line : all) {
-        const QRegularExpressionMatch match = marker.match(line);
-        if (match.hasMatch() && open.isEmpty()) {
-            open = match.captured(2);
-            lines.clear();
-        } else if (match.hasMatch()) {
-            if (match.captured(2) != open)
-                qFatal("%s: [%s] ends as [%s]", qPrintable(path), qPrintable(open),
-                       qPrintable(match.captured(2)));
-            snippets.append({path + u" ["_s + open + QLatin1Char(']'), WithoutIndent(lines)});
-            open.clear();
-        } else {
-            lines.append(line);
-        }
+    const QString text = ReadText(SourcePath(path));
+    for (const QRegularExpressionMatch& match : snippet.globalMatch(text)) {
+        const QString name = match.captured(1);
+        if (match.captured(3) != name)
+            qFatal("%s: [%s] ends as [%s]", qPrintable(path), qPrintable(name),
+                   qPrintable(match.captured(3)));
+        snippets.append({path + u" ["_s + name + QLatin1Char(']'), WithoutIndent(match.captured(2))});
     }
-    if (!open.isEmpty())
-        qFatal("%s: [%s] does not end", qPrintable(path), qPrintable(open));
     return snippets;
 }
 
@@ -123,24 +108,13 @@ QList<Code> CompiledTexts()
 /// The fenced blocks of C++ and CMake in the Markdown file \p path.
 QList<Code> CodeOfDocument(const QString& path)
 {
+    static const QRegularExpression block(uR"(^```(?:cpp|cmake)\n((?s:.*?))^```$)"_s,
+                                          QRegularExpression::MultilineOption);
     QList<Code> blocks;
-    QStringList lines;
-    bool isInside = false;
-    int number = 0;
-    int begin = 0;
-    const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
-    for (const QString& line : all) {
-        ++number;
-        if (!isInside && (line == u"```cpp"_s || line == u"```cmake"_s)) {
-            isInside = true;
-            begin = number;
-            lines.clear();
-        } else if (isInside && line == u"```"_s) {
-            isInside = false;
-            blocks.append({u"%1:%2"_s.arg(path).arg(begin), WithoutIndent(lines)});
-        } else if (isInside) {
-            lines.append(line);
-        }
+    const QString text = ReadText(SourcePath(path));
+    for (const QRegularExpressionMatch& match : block.globalMatch(text)) {
+        const qsizetype line = text.left(match.capturedStart()).count(QLatin1Char('\n')) + 1;
+        blocks.append({u"%1:%2"_s.arg(path).arg(line), WithoutIndent(match.captured(1))});
     }
     return blocks;
 }
@@ -148,22 +122,13 @@ QList<Code> CodeOfDocument(const QString& path)
 /// The examples in the comments of the header \p path.
 QList<Code> CodeOfHeader(const QString& path)
 {
+    static const QRegularExpression example(uR"(^ */// @code.*\n((?s:.*?))^ */// @endcode$)"_s,
+                                            QRegularExpression::MultilineOption);
+    static const QRegularExpression start(u"^ */// ?"_s, QRegularExpression::MultilineOption);
     QList<Code> blocks;
-    QStringList lines;
-    bool isInside = false;
-    const QStringList all = ReadText(SourcePath(path)).split(QLatin1Char('\n'));
-    for (const QString& line : all) {
-        const QString comment = line.trimmed();
-        if (comment.startsWith(u"/// @code"_s)) {
-            isInside = true;
-            lines.clear();
-        } else if (comment == u"/// @endcode"_s) {
-            isInside = false;
-            blocks.append({path, WithoutIndent(lines)});
-        } else if (isInside) {
-            lines.append(comment.mid(4));
-        }
-    }
+    const QString text = ReadText(SourcePath(path));
+    for (const QRegularExpressionMatch& match : example.globalMatch(text))
+        blocks.append({path, WithoutIndent(match.captured(1).remove(start))});
     return blocks;
 }
 
@@ -175,15 +140,8 @@ QList<Code> CodeOf(const QString& path)
 /// Markdown without its fenced blocks, in which nothing is a link.
 QString Prose(const QString& path)
 {
-    QString prose;
-    bool isCode = false;
-    const QStringList lines = ReadText(path).split(QLatin1Char('\n'));
-    for (const QString& line : lines)
-        if (line.startsWith(u"```"_s))
-            isCode = !isCode;
-        else if (!isCode)
-            prose += line + QLatin1Char('\n');
-    return prose;
+    static const QRegularExpression block(u"^```(?s:.*?)^```$"_s, QRegularExpression::MultilineOption);
+    return ReadText(path).remove(block);
 }
 
 /// The anchors that a page of this Markdown has on the web: its headings in lower case, blanks as hyphens.
