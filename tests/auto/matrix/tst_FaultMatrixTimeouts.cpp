@@ -127,90 +127,67 @@ QList<EntryPoint> EntryPoints()
 class Wait : public QThread
 {
 public:
-    Wait(const FaultRow& fault, const EntryPoint& entry)
-        : m_fault(fault)
-        , m_entry(entry)
+    Wait(const FaultRow& faultRow, const EntryPoint& entryPoint)
+        : fault(faultRow)
+        , entry(entryPoint)
     {
     }
 
     QString Name() const
     {
-        return u"%1: %2"_s.arg(QLatin1String(m_entry.name), QString::fromLatin1(m_fault.name));
+        return u"%1: %2"_s.arg(QLatin1String(entry.name), QString::fromLatin1(fault.name));
     }
-    const FaultRow& Fault() const
-    {
-        return m_fault;
-    }
-    const EntryPoint& Entry() const
-    {
-        return m_entry;
-    }
-    const QString& Result() const
-    {
-        return m_complaint;
-    }
-    /// Of the query, in milliseconds.
-    qint64 Longest() const
-    {
-        return m_longest;
-    }
+
+    const FaultRow fault;
+    const EntryPoint entry;
+    /// What is wrong with the query's result, and how many milliseconds it took.
+    QString complaint = u"was not run"_s;
+    qint64 elapsed = 0;
     /// Of the same query once more, after a time-out.
-    const QString& NextResult() const
-    {
-        return m_nextComplaint;
-    }
-    qint64 NextElapsed() const
-    {
-        return m_next;
-    }
+    QString nextComplaint = u"was not run"_s;
+    qint64 nextElapsed = 0;
 
 protected:
     void run() override
     {
         FaultConnector connector;
         connector.Manager()->setProxy(m_server.Server().Proxy());
-        const FaultTarget target{.request = QRegularExpression(m_entry.request),
+        const FaultTarget target{.request = QRegularExpression(entry.request),
                                  .body = c_reply,
                                  .mediaType = MediaType(),
-                                 .requestsBefore = m_entry.isLater ? 1 : 0,
+                                 .requestsBefore = entry.isLater ? 1 : 0,
                                  .manager = connector.Manager()};
         // The request before comes on a connection of its own.
-        if (m_entry.isLater) {
+        if (entry.isLater) {
             m_server.AddFault(
                 Demo::Fault::OnPattern(QRegularExpression(u"^/api/venue\\?(filter|include=tessra)"_s))
                     .WithBody(c_reply)
                     .WithMediaType(c_jsonApi)
                     .WithHeader("Connection", "close"));
         }
-        m_fault.make(m_server, target);
+        fault.make(m_server, target);
         m_server.Answer(QString(), c_reply, c_jsonApi);
         QElapsedTimer timer;
         timer.start();
-        m_complaint = m_entry.complaint(connector, m_fault.search);
-        m_longest = timer.elapsed();
-        if (m_fault.search != Timeout)
+        complaint = entry.complaint(connector, fault.search);
+        elapsed = timer.elapsed();
+        if (fault.search != Timeout)
             return;
         // The way is free again.
         m_server.Reset();
         m_server.Answer(QString(), c_reply, MediaType());
         timer.start();
-        m_nextComplaint = m_entry.complaint(connector, Ok);
-        m_next = timer.elapsed();
+        nextComplaint = entry.complaint(connector, Ok);
+        nextElapsed = timer.elapsed();
     }
 
 private:
     QByteArray MediaType() const
     {
-        return m_entry.name == "picture bytes"_ba ? "image/png" : c_jsonApi;
+        return entry.name == "picture bytes"_ba ? "image/png" : c_jsonApi;
     }
 
-    FaultRow m_fault;
-    EntryPoint m_entry;
     ScriptedServer m_server;
-    QString m_complaint = u"was not run"_s;
-    qint64 m_longest = 0;
-    QString m_nextComplaint = u"was not run"_s;
-    qint64 m_next = 0;
 };
 
 } // namespace
@@ -270,14 +247,14 @@ private Q_SLOTS:
     {
         QFETCH(int, index);
         const Wait& wait = *m_waits.at(std::size_t(index));
-        QCOMPARE(wait.Result(), QString());
-        QVERIFY2(wait.Longest() <= c_longest, qPrintable(QString::number(wait.Longest())));
-        if (wait.Fault().search != Timeout)
+        QCOMPARE(wait.complaint, QString());
+        QVERIFY2(wait.elapsed <= c_longest, qPrintable(QString::number(wait.elapsed)));
+        if (wait.fault.search != Timeout)
             return;
-        QVERIFY2(wait.Longest() >= c_shortest, qPrintable(QString::number(wait.Longest())));
+        QVERIFY2(wait.elapsed >= c_shortest, qPrintable(QString::number(wait.elapsed)));
         // What ended this query does not end the next one.
-        QCOMPARE(wait.NextResult(), QString());
-        QVERIFY2(wait.NextElapsed() < c_shortest, qPrintable(QString::number(wait.NextElapsed())));
+        QCOMPARE(wait.nextComplaint, QString());
+        QVERIFY2(wait.nextElapsed < c_shortest, qPrintable(QString::number(wait.nextElapsed)));
     }
 
     void EveryTimeoutIsLoggedOnce()
@@ -285,12 +262,11 @@ private Q_SLOTS:
         // A failed search is shown to the user instead.
         QStringList expected;
         for (const auto& wait : m_waits) {
-            if (wait->Fault().search == Timeout && !wait->Entry().logged.isEmpty()) {
-                const QString path
-                    = wait->Entry().request.contains(u"bytes"_s) ? u"/bytes"_s : u"/api/venue"_s;
-                const QString status = wait->Fault().status == 0 ? u"no HTTP status"_s : u"HTTP status 200"_s;
+            if (wait->fault.search == Timeout && !wait->entry.logged.isEmpty()) {
+                const QString path = wait->entry.request.contains(u"bytes"_s) ? u"/bytes"_s : u"/api/venue"_s;
+                const QString status = wait->fault.status == 0 ? u"no HTTP status"_s : u"HTTP status 200"_s;
                 expected.append(u"%1 failed: %2%3 - %4 - no reply within 30000 ms"_s.arg(
-                    wait->Entry().logged, m_server->Server().Host(), path, status));
+                    wait->entry.logged, m_server->Server().Host(), path, status));
             }
         }
         expected.sort();
@@ -392,12 +368,11 @@ private:
         connector.asksForVenues = true;
         connector.Manager()->setProxy(m_server->Server().Proxy());
         VenueDbDialog dialog;
-        auto* panel = dialog.findChild<VenueDbCentralWidget*>();
-        panel->SetConnector(&connector);
+        SearchPanel(dialog)->SetConnector(&connector);
         dialog.show();
         ErrorBoxes boxes(QMessageBox::Close);
         QTimer::singleShot(15'000, &dialog, [&]() { m_statusMeanwhile = dialog.GetStatusLabel()->text(); });
-        panel->PerformQuery();
+        SearchPanel(dialog)->PerformQuery();
         m_boxes = boxes.shown;
         m_dialogElapsed = connector.longest;
         m_isDialogHidden = dialog.isHidden();
