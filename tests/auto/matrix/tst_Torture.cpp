@@ -1,4 +1,3 @@
-#include <data/ConnectorJsonRest.h>
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureSlider.h>
 #include <ui/PictureView.h>
@@ -38,7 +37,6 @@
 #include <QRandomGenerator>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -237,9 +235,6 @@ public:
             return c_scenarioHangs;
         const QNetworkProxy proxy(QNetworkProxy::HttpProxy, u"127.0.0.1"_s, arguments.at(5).toUShort());
         m_network = std::make_unique<ApplicationNetworkGuard>(proxy, QSslCertificate(&authority));
-        m_turns = std::make_unique<TurnCounter>();
-        m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
-        m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);
         m_reportsDeed = true;
         const Outcome outcome = Run(scenario, {{arguments.at(4).toInt(), deed}}, u"child"_s);
         delete m_dialog;
@@ -285,13 +280,13 @@ private:
     VenueServer m_server{ServerOptions()};
     VenueCatalogue m_catalogue;
     std::unique_ptr<ApplicationNetworkGuard> m_network;
-    std::unique_ptr<TurnCounter> m_turns;
-    std::unique_ptr<BoxAnswerer> m_answerer;
-    std::unique_ptr<HangGuard> m_hangGuard;
+    QPointer<VenueDbDialog> m_dialog;
+    TurnCounter m_turns;
+    BoxAnswerer m_answerer{m_dialog};
+    HangGuard m_hangGuard{4 * c_scenarioLimit};
     /// How many selections of rows are on the stack.
     int m_selections = 0;
     QTemporaryDir m_folder;
-    QPointer<VenueDbDialog> m_dialog;
 
     QString m_fileToSave;
     int m_importCount = 0;
@@ -343,6 +338,18 @@ private:
     static QString Name(Deed deed)
     {
         return QString::fromLatin1(QMetaEnum::fromType<Deed>().valueToKey(int(deed)));
+    }
+
+    /// A row for each of \p deeds in each scenario that is meant.
+    static void AddRows(const QList<Deed>& deeds, const std::function<bool(const Scenario&)>& isMeant)
+    {
+        QTest::addColumn<int>("scenario");
+        QTest::addColumn<Deed>("deed");
+        for (int index = 0; index < Scenarios().size(); ++index)
+            for (const Deed deed : deeds)
+                if (isMeant(Scenarios().at(index)))
+                    QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed)))
+                        << index << deed;
     }
 
     QTableView* Table() const
@@ -440,11 +447,11 @@ private:
 
     bool ListsAllVenues()
     {
-        return Rows() == c_venueCount && m_answerer->Boxes() == 0;
+        return Rows() == c_venueCount && m_answerer.Boxes() == 0;
     }
     bool ListsAllVenuesAfterRetry()
     {
-        return Rows() == c_venueCount && m_answerer->Boxes() == 1;
+        return Rows() == c_venueCount && m_answerer.Boxes() == 1;
     }
     bool ShowsDetails()
     {
@@ -461,7 +468,7 @@ private:
     }
     bool HasSaved()
     {
-        return QImage(m_fileToSave).size() == QSize(360, 240) && m_answerer->Boxes() >= 1;
+        return QImage(m_fileToSave).size() == QSize(360, 240) && m_answerer.Boxes() >= 1;
     }
     bool HasImported()
     {
@@ -533,7 +540,7 @@ private:
     Outcome Run(const Scenario& scenario, const QList<Injection>& injections, const QString& what,
                 const std::function<void()>& begin = {})
     {
-        const HangGuard::Watch watch(*m_hangGuard, what);
+        const HangGuard::Watch watch(m_hangGuard, what);
         Outcome outcome;
         m_hasActed = false;
         m_isQuitting = false;
@@ -543,7 +550,7 @@ private:
             m_server.AddFault(Fault::On(u"/api/venue"_s).WithStatus(503).Times(1));
         m_fileToSave = m_folder.filePath(u"saved.jpg"_s);
         QFile::remove(m_fileToSave);
-        m_answerer->Start(m_fileToSave, scenario.needsRetry);
+        m_answerer.Start(m_fileToSave, scenario.needsRetry);
         m_dialog = new VenueDbDialog;
         m_dialog->ConnectVdb(u"JSONREST"_s);
 
@@ -559,23 +566,23 @@ private:
         }
 
         QList<Step> steps = scenario.prelude + scenario.steps;
-        m_turns->OnRest([this]() { return IsAtRest(); },
-                        [&]() {
-                            // The host's own exit code is not to be replaced in the same turn.
-                            if (m_isQuitting)
-                                return;
-                            if (steps.size() == scenario.steps.size()) {
-                                m_turns->Start(actions);
-                                if (begin)
-                                    begin();
-                            }
-                            if (steps.isEmpty()) {
-                                m_turns->Stop();
-                                QCoreApplication::exit(c_scenarioEnded);
-                                return;
-                            }
-                            (this->*steps.takeFirst())();
-                        });
+        m_turns.OnRest([this]() { return IsAtRest(); },
+                       [&]() {
+                           // The host's own exit code is not to be replaced in the same turn.
+                           if (m_isQuitting)
+                               return;
+                           if (steps.size() == scenario.steps.size()) {
+                               m_turns.Start(actions);
+                               if (begin)
+                                   begin();
+                           }
+                           if (steps.isEmpty()) {
+                               m_turns.Stop();
+                               QCoreApplication::exit(c_scenarioEnded);
+                               return;
+                           }
+                           (this->*steps.takeFirst())();
+                       });
         QTimer limit;
         // In slices: a machine that stood still meanwhile has used up one of them, not all.
         int slices = c_limitSlices;
@@ -587,8 +594,8 @@ private:
         outcome.code = QCoreApplication::exec();
         limit.stop();
         outcome.elapsed = m_hasActed ? m_sinceDeed.elapsed() : 0;
-        outcome.turns = m_turns->Turns();
-        m_turns->Stop();
+        outcome.turns = m_turns.Turns();
+        m_turns.Stop();
         outcome.diedByDeed = !m_dialog;
         outcome.hasSucceeded = m_dialog && (this->*scenario.hasSucceeded)();
         return outcome;
@@ -628,7 +635,7 @@ private:
             if (!did(Deed::Quit) && !did(Deed::Exit))
                 QCOMPARE(outcome.code, c_scenarioEnded);
         }
-        QVERIFY2(m_answerer->Orphans().isEmpty(), qPrintable(m_answerer->Orphans().join(QLatin1Char(' '))));
+        QVERIFY2(m_answerer.Orphans().isEmpty(), qPrintable(m_answerer.Orphans().join(QLatin1Char(' '))));
         QVERIFY(!QApplication::activePopupWidget());
 
         if (m_dialog) {
@@ -683,9 +690,6 @@ private Q_SLOTS:
         m_server.SetCatalogue(m_catalogue);
         QVERIFY2(m_server.Start(), qPrintable(m_server.ErrorText()));
         m_network = m_server.InstallInApplication();
-        m_turns = std::make_unique<TurnCounter>();
-        m_answerer = std::make_unique<BoxAnswerer>(m_dialog);
-        m_hangGuard = std::make_unique<HangGuard>(4 * c_scenarioLimit);
         connect(VenueDbSignalHandler::GetInstance(), &VenueDbSignalHandler::ImportVenueFromTempFileRequest,
                 this, &tst_Torture::OnImportRequest);
         QVERIFY(m_folder.isValid());
@@ -715,9 +719,6 @@ private Q_SLOTS:
     {
         qInfo("torture: %d injections", m_injections);
         qInstallMessageHandler(g_previousHandler);
-        m_answerer.reset();
-        m_turns.reset();
-        m_hangGuard.reset();
         m_network.reset();
     }
 
@@ -744,11 +745,7 @@ private Q_SLOTS:
 
     void OneDeedInAnyTurn_data()
     {
-        QTest::addColumn<int>("scenario");
-        QTest::addColumn<Deed>("deed");
-        for (int index = 0; index < Scenarios().size(); ++index)
-            for (const Deed deed : Deeds())
-                QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
+        AddRows(Deeds(), [](const Scenario&) { return true; });
     }
     void OneDeedInAnyTurn()
     {
@@ -799,15 +796,9 @@ private Q_SLOTS:
 
     void EveryWaitForASilentServerEnds_data()
     {
-        QTest::addColumn<int>("scenario");
-        QTest::addColumn<Deed>("deed");
-        for (int index = 0; index < Scenarios().size(); ++index) {
-            if (!Scenarios().at(index).asksServer)
-                continue;
-            for (const Deed deed : {Deed::Delete, Deed::DeleteLater, Deed::Disconnect, Deed::ConnectAnew,
-                                    Deed::Quit, Deed::Exit})
-                QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
-        }
+        AddRows(
+            {Deed::Delete, Deed::DeleteLater, Deed::Disconnect, Deed::ConnectAnew, Deed::Quit, Deed::Exit},
+            [](const Scenario& scenario) { return scenario.asksServer; });
     }
     void EveryWaitForASilentServerEnds()
     {
@@ -865,14 +856,7 @@ private Q_SLOTS:
 
     void ProcessEndsSoonAfterExit_data()
     {
-        QTest::addColumn<int>("scenario");
-        QTest::addColumn<Deed>("deed");
-        for (int index = 0; index < Scenarios().size(); ++index) {
-            if (Scenarios().at(index).needsRetry)
-                continue;
-            for (const Deed deed : {Deed::Quit, Deed::Exit})
-                QTest::addRow("%s, %s", Scenarios().at(index).name, qPrintable(Name(deed))) << index << deed;
-        }
+        AddRows({Deed::Quit, Deed::Exit}, [](const Scenario& scenario) { return !scenario.needsRetry; });
     }
     void ProcessEndsSoonAfterExit()
     {
