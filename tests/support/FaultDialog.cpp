@@ -24,10 +24,9 @@ FaultDialog::FaultDialog()
     : boxes(QMessageBox::Close)
 {
     connector.venues = {MakeVenue(c_venueId, u"Complex"_s)};
-    auto* panel = dialog.findChild<VenueDbCentralWidget*>();
-    panel->SetConnector(&connector);
+    SearchPanel(dialog)->SetConnector(&connector);
     dialog.show();
-    panel->PerformQuery();
+    SearchPanel(dialog)->PerformQuery();
 }
 
 FaultDialog::~FaultDialog() = default;
@@ -89,7 +88,7 @@ QString FaultDialog::Complaint() const
         return u"the dialog has gone"_s;
     if (!dialog.GetStatusLabel()->text().isEmpty())
         return u"status: "_s + dialog.GetStatusLabel()->text();
-    if (dialog.findChild<VenueDbCentralWidget*>()->cursor().shape() != Qt::ArrowCursor)
+    if (SearchPanel(dialog)->cursor().shape() != Qt::ArrowCursor)
         return u"the panel still waits"_s;
     if (!Details()->isVisible() || !Details()->isEnabled())
         return u"the details cannot be used"_s;

@@ -1,11 +1,9 @@
 #include <tests/support/SaveDriver.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
-
-using namespace Qt::StringLiterals;
 
 namespace korvel::Test {
 
@@ -31,11 +29,9 @@ void SaveDriver::Look()
             fileDialog->reject();
             return;
         }
-        fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(m_path);
         if (beforeSaving)
             beforeSaving();
-        // Hidden in QFileDialog, but this is what its button does.
-        static_cast<QDialog*>(fileDialog)->accept();
+        SaveAs(fileDialog, m_path);
     }
 }
 

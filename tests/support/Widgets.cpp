@@ -103,6 +103,7 @@ void MoveMouse(QWidget* widget, const QPoint& position, Qt::MouseButtons buttons
 void SaveAs(QFileDialog* fileDialog, const QString& path)
 {
     fileDialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
+    // Hidden in QFileDialog, but this is what its button does.
     static_cast<QDialog*>(fileDialog)->accept();
 }
 
@@ -139,7 +140,10 @@ QPushButton* FullscreenButton(const PictureSlider& slider)
 
 QLabel* FoldIcon(const QWidget& details)
 {
-    const QLayout* bar = Label(details, u"Venue details"_s)->parentWidget()->layout();
+    const QLabel* caption = First(details.findChildren<QLabel*>(), [](const QLabel* label) {
+        return StyleOf(label) == u"labelKorvelSectionCaptionDark"_s;
+    });
+    const QLayout* bar = caption->parentWidget()->layout();
     return qobject_cast<QLabel*>(bar->itemAt(0)->widget());
 }
 

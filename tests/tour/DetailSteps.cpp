@@ -5,12 +5,10 @@
 
 #include <ui/PictureNavigationButton.h>
 #include <ui/PictureSlider.h>
-#include <ui/VenueDbDialog.h>
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QSet>
 #include <QTextEdit>
@@ -70,25 +68,15 @@ QString SelectedVenue(TourContext& context)
         .arg(venue.modelFiles.size());
 }
 
-/// The fold icon is the one label of the panel that shows a picture.
-QLabel* FoldIcon(const QWidget* details)
-{
-    for (QLabel* label : details->findChildren<QLabel*>())
-        if (!label->pixmap().isNull())
-            return label;
-    throw TourFailure{u"there is no fold icon"_s};
-}
-
 QString CollapsedPanel(TourContext& context)
 {
     QWidget* details = context.Details();
     auto* body = details->findChild<QScrollArea*>();
-    QLabel* icon = FoldIcon(details);
+    QLabel* icon = Test::FoldIcon(*details);
     const QImage open = icon->pixmap().toImage();
     Hands::Click(icon);
     Require(!body->isVisible() && details->isVisible(), u"only the caption bar is left"_s);
     Require(icon->pixmap().toImage() != open, u"the icon shows the closed state"_s);
-    Hands::Settle();
     context.takePicture();
     Hands::Click(icon);
     Require(body->isVisible(), u"the details are back"_s);
@@ -108,7 +96,6 @@ QString PictureSteps(TourContext& context)
     step(false);
     step(false);
     RequireEqual(context.PictureCaption(), Caption(venue, venue.pictures.size() - 1), u"caption"_s);
-    Hands::Settle();
     context.takePicture();
     step(true);
     RequireEqual(context.PictureCaption(), Caption(venue, 0), u"caption"_s);

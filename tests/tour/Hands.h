@@ -8,9 +8,7 @@
 #include <functional>
 
 class QComboBox;
-class QLabel;
 class QPushButton;
-class QTableView;
 class QWidget;
 
 namespace korvel::Demo {

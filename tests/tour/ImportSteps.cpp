@@ -13,7 +13,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QStatusBar>
 
 #include <algorithm>
 
@@ -63,20 +62,14 @@ bool PlanShowsAStage(const TourContext& context)
     return pixels > 500;
 }
 
-void CloseDialog(const TourContext& context)
+/// Takes the step's picture of the plan, without the dialog in front of it.
+void TakePictureOfThePlan(const TourContext& context)
 {
     auto* dialog = context.Dialog();
     Hands::Click(Hands::Button(dialog, Texts::OfModule("VenueDbDialogBase", "Close")));
     Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, u"\"Close\" closes"_s);
-}
-
-void ReopenDialog(const TourContext& context)
-{
-    context.window->activateWindow();
-    Hands::WaitUntil([&] { return context.window->isActiveWindow(); }, u"the main window is active"_s);
-    Hands::Press(Qt::Key_D, Qt::ControlModifier);
-    const auto* dialog = context.Dialog();
-    Hands::WaitUntil([dialog] { return dialog->isActiveWindow(); }, u"Ctrl+D opens again"_s);
+    context.takePicture();
+    context.Reopen();
     // On a small screen the host maximises it, which the window manager does a little later.
     if (dialog->isMaximized())
         Hands::WaitUntil(
@@ -91,10 +84,7 @@ QString Import(TourContext& context)
     const QString title = context.window->windowTitle();
     Require(title.contains(u"Palais Garnier"_s), u"the plan is named after the hall: "_s + title);
     Require(PlanShowsAStage(context), u"the plan shows the stage"_s);
-    CloseDialog(context);
-    Hands::Settle();
-    context.takePicture();
-    ReopenDialog(context);
+    TakePictureOfThePlan(context);
     return u"the plan shows %1"_s.arg(title.section(u"– "_s, 1));
 }
 
@@ -109,10 +99,7 @@ QString ChosenModel(TourContext& context)
     ChooseFile(context, int(names.size()) - 1);
     Hands::Click(ImportButton(context));
     Require(context.window->windowTitle().contains(venue.title), u"the plan is of "_s + venue.title);
-    CloseDialog(context);
-    Hands::Settle();
-    context.takePicture();
-    ReopenDialog(context);
+    TakePictureOfThePlan(context);
     return u"%1, the last of %2 files"_s.arg(names.constLast()).arg(names.size());
 }
 

@@ -7,13 +7,11 @@
 
 #include <ui/VenueDbDialog.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
-#include <QStatusBar>
 #include <QTableView>
 #include <QToolButton>
 
@@ -43,11 +41,10 @@ QString EmptyPlan(TourContext& context)
 {
     // The window started in the other theme, so this one comes as it does for users: by a key, at run time.
     Hands::Press(Qt::Key_B, Qt::ControlModifier);
-    const auto* plan = context.window->findChild<PlanView*>();
+    auto* plan = context.window->findChild<PlanView*>();
     Require(!plan->HasVenue(), u"the plan is empty"_s);
     const QColor paper = Theme(context.dayMode).Colour(u"plan-paper"_s);
-    QWidget* view = context.window->findChild<PlanView*>();
-    const QImage image = view->grab().toImage();
+    const QImage image = plan->grab().toImage();
     Require(image.pixelColor(3, 3) == paper || image.pixelColor(7, 5) == paper,
             u"the plan has the theme's paper"_s);
     return u"Ctrl+B changed the theme, the plan says how to begin"_s;
@@ -99,7 +96,6 @@ QString CountrySearch(TourContext& context)
 
     Hands::Choose(chooser, [&] {
         Hands::Type(u"jap"_s);
-        Hands::Settle();
         context.takePicture();
     });
     RequireEqual(chooser->currentText(), u"Japan"_s, u"chosen"_s);
@@ -141,7 +137,6 @@ QString DateSort(TourContext& context)
     clickDates();
     RequireNewestFirst(context, false);
     const QString newest = Test::ColumnTexts(context.Table(), 5).constFirst();
-    Hands::Settle();
     context.takePicture();
     clickDates();
     RequireNewestFirst(context, true);

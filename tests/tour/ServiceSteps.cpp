@@ -9,7 +9,6 @@
 
 #include <ui/PictureNavigationButton.h>
 #include <ui/VenueDbDialog.h>
-#include <ui/VenueDetailsWidget.h>
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -77,7 +76,6 @@ QString Help(TourContext& context)
     Hands::WaitUntil([help] { return help->isActiveWindow(); }, u"the help is in front"_s);
     Require(help->findChild<QTextBrowser*>()->toPlainText().contains(ImportText()),
             u"the help explains the import"_s);
-    Hands::Settle();
     context.takePicture();
     Hands::Click(help->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close));
     Hands::WaitUntil([&] { return !help->isVisible() && context.Dialog()->isActiveWindow(); },
@@ -91,11 +89,8 @@ QString ReopenedWithResults(TourContext& context)
     auto* dialog = context.Dialog();
     Hands::Press(Qt::Key_Escape);
     Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, u"Escape closes the venue database"_s);
-    context.window->activateWindow();
-    Hands::WaitUntil([&] { return context.window->isActiveWindow(); }, u"the main window is active"_s);
     const qsizetype requests = context.server.Log().RequestCount();
-    Hands::Press(Qt::Key_D, Qt::ControlModifier);
-    Hands::WaitUntil([dialog] { return dialog->isActiveWindow(); }, u"Ctrl+D opens it again"_s);
+    context.Reopen();
     Hands::Settle();
     RequireEqual(context.ListedIds(), listed, u"listed"_s);
     RequireEqual(context.server.Log().RequestCount(), requests, u"requests"_s);
@@ -114,7 +109,6 @@ QString OtherTheme(TourContext& context)
     Require(isInTheme(context.dayMode), u"the dialog has the theme's colour"_s);
     Hands::Press(Qt::Key_B, Qt::ControlModifier);
     Require(isInTheme(!context.dayMode), u"Ctrl+B in the dialog changes the theme"_s);
-    Hands::Settle();
     context.takePicture();
     Hands::Press(Qt::Key_B, Qt::ControlModifier);
     Require(isInTheme(context.dayMode), u"and back"_s);

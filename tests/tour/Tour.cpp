@@ -115,16 +115,15 @@ bool Tour::RunStep(const TourStep& step, TourContext& context)
     bool isTaken = false;
     context.takePicture = [&] {
         isTaken = true;
+        Hands::Settle();
         Require(TakePicture(file), u"the picture can be written"_s);
     };
     const Test::HangGuard::Watch watch(m_hangGuard, heading);
     try {
         Hands::WaitUntil([] { return QApplication::activeWindow() != nullptr; }, u"a window is active"_s);
         const QString result = step.run(context);
-        if (!isTaken) {
-            Hands::Settle();
+        if (!isTaken)
             context.takePicture();
-        }
         PrintLine(u"ok    %1: %2"_s.arg(heading, result));
         return true;
     } catch (const TourFailure& failure) {

@@ -1,6 +1,7 @@
 #include <tests/tour/TourSteps.h>
 
 #include <demo/MainWindow.h>
+#include <tests/support/Widgets.h>
 #include <tests/tour/Hands.h>
 #include <tests/tour/Texts.h>
 
@@ -45,9 +46,8 @@ QTableView* TourContext::Table() const
 QList<qint64> TourContext::ListedIds() const
 {
     QList<qint64> ids;
-    const QAbstractItemModel* model = Table()->model();
-    for (int row = 0; model && row < model->rowCount(); ++row)
-        ids.append(model->index(row, 0).data().toLongLong());
+    for (const QString& id : Test::ColumnTexts(Table(), 0))
+        ids.append(id.toLongLong());
     return ids;
 }
 
@@ -96,9 +96,17 @@ void TourContext::ClickReset() const
     Hands::Click(Hands::Button(Dialog(), Texts::OfModule("VenueDbCentralWidget", "Reset")));
 }
 
+void TourContext::Reopen() const
+{
+    window->activateWindow();
+    Hands::WaitUntil([this] { return window->isActiveWindow(); }, u"the main window is active"_s);
+    Hands::Press(Qt::Key_D, Qt::ControlModifier);
+    Hands::WaitUntil([this] { return Dialog()->isActiveWindow(); }, u"Ctrl+D opens the dialog again"_s);
+}
+
 QString TourContext::PictureCaption() const
 {
-    return Details()->findChild<PictureSlider*>()->findChild<QLabel*>()->text();
+    return Test::Caption(*Details()->findChild<PictureSlider*>())->text();
 }
 
 } // namespace korvel::Demo

@@ -9,7 +9,6 @@
 #include <memory>
 #include <span>
 
-class QLabel;
 class QTableView;
 class QWidget;
 
@@ -31,7 +30,7 @@ struct TourContext
     /// Where a step puts the files that it saves.
     QString folder;
     std::unique_ptr<MainWindow> window;
-    /// Takes the step's picture now, for steps that show something only in between.
+    /// Takes the step's picture, once the windows are drawn, for steps that show something only in between.
     std::function<void()> takePicture;
 
     /// The venue database, once it was opened.
@@ -47,6 +46,8 @@ struct TourContext
     void SelectVenue(qint64 id) const;
     void ClickSearch() const;
     void ClickReset() const;
+    /// Opens the venue database again, by its key in the main window.
+    void Reopen() const;
     /// The picture slider's caption.
     QString PictureCaption() const;
 };

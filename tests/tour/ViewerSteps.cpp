@@ -59,7 +59,6 @@ QString ViewerBeforeTheLargePicture(TourContext& context)
     RequireEqual(QApplication::overrideCursor() != nullptr, true, u"wait cursor"_s);
     Hands::WaitUntil([viewer] { return viewer->isMaximized() && viewer->isActiveWindow(); },
                      u"the viewer fills the screen"_s);
-    Hands::Settle();
     context.takePicture();
     return u"the small picture, %1 wide, while the large one loads"_s.arg(width);
 }
@@ -87,7 +86,6 @@ QString Zoomed(TourContext& context)
     const double zoomed = View(context)->transform().m11();
     const double factor = zoomed / fitted;
     Require(factor > 2.4 && factor < 2.6, u"five steps of 1.2 zoom by %1"_s.arg(factor));
-    Hands::Settle();
     context.takePicture();
     for (int i = 0; i < c_steps + 2; ++i)
         Hands::Press(Qt::Key_Minus);
@@ -132,7 +130,6 @@ QString NextPictureAndBack(TourContext& context)
     Hands::WaitUntil([&] { return View(context)->sceneRect().width() > 2000; },
                      u"the next picture arrives"_s);
     Require(caption().startsWith(u"2/"_s) && caption() != first, u"the next picture: "_s + caption());
-    Hands::Settle();
     context.takePicture();
     const QString shown = caption();
     auto* viewer = Viewer(context);
