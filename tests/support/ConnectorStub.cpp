@@ -6,13 +6,6 @@ namespace korvel::Test {
 
 using namespace Data::VenueDatabase;
 
-ConnectorStub::ConnectorStub(QObject* parent)
-    : QObject(parent)
-{
-}
-
-ConnectorStub::~ConnectorStub() = default;
-
 void ConnectorStub::Reset()
 {
     onFindVenues = nullptr;
@@ -44,11 +37,6 @@ ResultStatus ConnectorStub::FindVenueEntries(Filters filters, QList<Venue>& foun
     return result;
 }
 
-QList<User> ConnectorStub::FindUserEntries(Filters /*filters*/)
-{
-    return {};
-}
-
 QList<Picture> ConnectorStub::GetPictureEntries(qint64 venueId)
 {
     Note(u"pictures %1"_s.arg(venueId));
@@ -62,31 +50,6 @@ QList<TsFile> ConnectorStub::GetTSFileEntries(qint64 venueId)
     Note(u"files %1"_s.arg(venueId));
     if (const auto script = onGetFiles)
         return script(venueId);
-    return {};
-}
-
-QByteArray ConnectorStub::GetPictureBinaryData(const QString& /*url*/)
-{
-    return {};
-}
-
-QList<Venue> ConnectorStub::GetAllVenueEntries()
-{
-    return {};
-}
-
-QList<Venue> ConnectorStub::GetVenueEntries()
-{
-    return {};
-}
-
-QList<User> ConnectorStub::GetAllUserEntries()
-{
-    return {};
-}
-
-QList<User> ConnectorStub::GetUserEntries()
-{
     return {};
 }
 

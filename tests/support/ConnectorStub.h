@@ -19,8 +19,7 @@ class ConnectorStub : public QObject, public Data::VenueDatabase::Connector_Inte
 public:
     using Filters = QList<std::pair<QString, QString>>;
 
-    explicit ConnectorStub(QObject* parent = nullptr);
-    ~ConnectorStub() override;
+    using QObject::QObject;
 
     /// Forgets scripts, venues and calls.
     void Reset();
@@ -44,17 +43,35 @@ public:
 
     Data::VenueDatabase::ResultStatus FindVenueEntries(Filters filters,
                                                        QList<Data::VenueDatabase::Venue>& found) override;
-    QList<Data::VenueDatabase::User> FindUserEntries(Filters filters) override;
+    QList<Data::VenueDatabase::User> FindUserEntries(Filters /*filters*/) override
+    {
+        return {};
+    }
     QList<Data::VenueDatabase::Picture> GetPictureEntries(qint64 venueId) override;
     QList<Data::VenueDatabase::TsFile> GetTSFileEntries(qint64 venueId) override;
-    QByteArray GetPictureBinaryData(const QString& url) override;
+    QByteArray GetPictureBinaryData(const QString& /*url*/) override
+    {
+        return {};
+    }
 
 private:
     void Note(const QString& call);
-    QList<Data::VenueDatabase::Venue> GetAllVenueEntries() override;
-    QList<Data::VenueDatabase::Venue> GetVenueEntries() override;
-    QList<Data::VenueDatabase::User> GetAllUserEntries() override;
-    QList<Data::VenueDatabase::User> GetUserEntries() override;
+    QList<Data::VenueDatabase::Venue> GetAllVenueEntries() override
+    {
+        return {};
+    }
+    QList<Data::VenueDatabase::Venue> GetVenueEntries() override
+    {
+        return {};
+    }
+    QList<Data::VenueDatabase::User> GetAllUserEntries() override
+    {
+        return {};
+    }
+    QList<Data::VenueDatabase::User> GetUserEntries() override
+    {
+        return {};
+    }
 };
 
 } // namespace korvel::Test

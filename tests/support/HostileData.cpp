@@ -1,7 +1,7 @@
 #include <tests/support/HostileData.h>
+#include <tests/support/PictureFixtures.h>
 #include <tests/support/QtVersion.h>
 
-#include <QBuffer>
 #include <QImage>
 #include <QRandomGenerator>
 #include <QtEndian>
@@ -41,15 +41,6 @@ QByteArray PngChunk(const QByteArray& type, const QByteArray& content)
 {
     return BigEndian(static_cast<quint32>(content.size())) + type + content
         + BigEndian(Crc32(type + content));
-}
-
-QByteArray Encoded(const QImage& image, const char* format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
 }
 
 QImage Noise(const QSize& size)
@@ -145,7 +136,7 @@ QList<NamedText> HugeTexts()
 
 QByteArray NoisePicture(const QSize& size)
 {
-    return Encoded(Noise(size), "PNG");
+    return Png(Noise(size));
 }
 
 QByteArray BlankPng(const QSize& size)

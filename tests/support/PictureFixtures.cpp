@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace korvel::Test {
 
-namespace {
-
 QByteArray Encoded(const QImage& image, const QByteArray& format)
 {
     QByteArray data;
@@ -18,8 +16,6 @@ QByteArray Encoded(const QImage& image, const QByteArray& format)
     image.save(&buffer, format.constData());
     return data;
 }
-
-} // namespace
 
 QByteArray Png(const QImage& image)
 {

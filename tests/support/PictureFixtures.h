@@ -8,6 +8,8 @@
 
 namespace korvel::Test {
 
+/// \p image as a file of that format.
+QByteArray Encoded(const QImage& image, const QByteArray& format);
 /// \p image encoded as PNG.
 QByteArray Png(const QImage& image);
 /// A picture of one colour.
