@@ -43,7 +43,7 @@ FaultRow Harmless(const QByteArray& name, const Change& change)
 }
 
 /// An answer whose header arrives and whose body does not, or not in full.
-FaultRow Broken(const QByteArray& name, const Change& change, Received received)
+FaultRow Broken(const QByteArray& name, Received received, const Change& change)
 {
     FaultRow row = Harmless(name, change);
     row.search = WrongContentType;
@@ -57,14 +57,14 @@ FaultRow Broken(const QByteArray& name, const Change& change, Received received)
 /// No header arrives.
 FaultRow Unanswered(const QByteArray& name, const Change& change)
 {
-    FaultRow row = Broken(name, change, Received::Nothing);
+    FaultRow row = Broken(name, Received::Nothing, change);
     row.viewer = Signals::TwoFailures;
     row.status = 0;
     return row;
 }
 
 /// An answer of a media type other than the honest one; \p isImage where it begins like that of a picture.
-FaultRow OtherType(const QByteArray& name, const Change& change, bool isImage)
+FaultRow OtherType(const QByteArray& name, bool isImage, const Change& change)
 {
     FaultRow row = Harmless(name, change);
     row.search = WrongContentType;
@@ -78,18 +78,16 @@ FaultRow SecondType(const QByteArray& name, const std::function<QByteArray(const
 {
     const Change change
         = [second](Fault& fault, const FaultTarget& target) { fault.WithSecondMediaType(second(target)); };
-    return c_tellsFirstMediaType ? Harmless(name, change) : OtherType(name, change, true);
+    return c_tellsFirstMediaType ? Harmless(name, change) : OtherType(name, true, change);
 }
 
 /// An error page.
 FaultRow Page(int status, const char* mediaType, const QByteArray& page, const char* name)
 {
-    FaultRow row = Broken(
-        QByteArray("status ") + QByteArray::number(status) + " as " + name,
-        [=](Fault& fault, const FaultTarget&) {
-            fault.WithStatus(status).WithMediaType(mediaType).WithBody(page);
-        },
-        Received::Page);
+    FaultRow row = Broken(QByteArray("status ") + QByteArray::number(status) + " as " + name, Received::Page,
+                          [=](Fault& fault, const FaultTarget&) {
+                              fault.WithStatus(status).WithMediaType(mediaType).WithBody(page);
+                          });
     row.picture = Received::Nothing;
     row.viewer = Signals::TwoFailures;
     row.status = status;
@@ -101,9 +99,8 @@ FaultRow Page(int status, const char* mediaType, const QByteArray& page, const c
 FaultRow ImagePage(int status)
 {
     FaultRow row = Broken(
-        "status " + QByteArray::number(status) + " as an image",
-        [status](Fault& fault, const FaultTarget&) { fault.WithStatus(status).WithMediaType("image/png"); },
-        Received::Whole);
+        "status " + QByteArray::number(status) + " as an image", Received::Whole,
+        [status](Fault& fault, const FaultTarget&) { fault.WithStatus(status).WithMediaType("image/png"); });
     row.status = status;
     return row;
 }
@@ -123,12 +120,10 @@ FaultRow HonestPage(int status)
 /// A status without a body and without a media type, which is no error.
 FaultRow Bodiless(int status)
 {
-    FaultRow row = OtherType(
-        "status " + QByteArray::number(status),
-        [status](Fault& fault, const FaultTarget&) {
-            fault.WithStatus(status).WithBody({}).WithoutMediaType();
-        },
-        false);
+    FaultRow row = OtherType("status " + QByteArray::number(status), false,
+                             [status](Fault& fault, const FaultTarget&) {
+                                 fault.WithStatus(status).WithBody({}).WithoutMediaType();
+                             });
     row.file = Received::Nothing;
     row.status = status;
     return row;
@@ -164,7 +159,7 @@ FaultRow Redirect(const QByteArray& name, const QByteArray& url, int status = 30
 FaultRow RefusedRedirect(const QByteArray& name, const QByteArray& url)
 {
     const FaultRow followed = Redirect(name, url);
-    FaultRow row = Broken(followed.name, {}, Received::Nothing);
+    FaultRow row = Broken(followed.name, Received::Nothing, {});
     row.make = followed.make;
     row.viewer = Signals::TwoFailures;
     row.status = 302;
@@ -300,28 +295,20 @@ QList<FaultRow> BrokenBodyRows()
     return {
         Unanswered("reset before the header", [](Fault& fault, const FaultTarget&) { fault.WithReset(); }),
         Unanswered("closed before the header", [](Fault& fault, const FaultTarget&) { fault.WithClose(); }),
-        Broken(
-            "cut before the body", [](Fault& fault, const FaultTarget&) { fault.WithCutAfter(0); },
-            Received::Nothing),
-        Broken(
-            "cut in the body", [=](Fault& fault, const FaultTarget&) { fault.WithCutAfter(begin); },
-            Received::Begin),
-        Broken(
-            "cut in a chunked body",
-            [=](Fault& fault, const FaultTarget&) { fault.WithChunks().WithCutAfter(begin); },
-            Received::Begin),
-        Broken(
-            "reset in the body", [=](Fault& fault, const FaultTarget&) { fault.WithResetAfter(begin); },
-            Received::Begin),
-        Broken(
-            "reset in a chunked body",
-            [=](Fault& fault, const FaultTarget&) { fault.WithChunks().WithResetAfter(begin); },
-            Received::Begin),
-        Broken(
-            "broken gzip", [](Fault& fault, const FaultTarget&) { fault.WithBrokenGzip(); },
-            Received::Nothing),
-        Broken(
-            "gzip bomb", [](Fault& fault, const FaultTarget&) { fault.WithGzipBomb(50); }, Received::Scrap),
+        Broken("cut before the body", Received::Nothing,
+               [](Fault& fault, const FaultTarget&) { fault.WithCutAfter(0); }),
+        Broken("cut in the body", Received::Begin,
+               [=](Fault& fault, const FaultTarget&) { fault.WithCutAfter(begin); }),
+        Broken("cut in a chunked body", Received::Begin,
+               [=](Fault& fault, const FaultTarget&) { fault.WithChunks().WithCutAfter(begin); }),
+        Broken("reset in the body", Received::Begin,
+               [=](Fault& fault, const FaultTarget&) { fault.WithResetAfter(begin); }),
+        Broken("reset in a chunked body", Received::Begin,
+               [=](Fault& fault, const FaultTarget&) { fault.WithChunks().WithResetAfter(begin); }),
+        Broken("broken gzip", Received::Nothing,
+               [](Fault& fault, const FaultTarget&) { fault.WithBrokenGzip(); }),
+        Broken("gzip bomb", Received::Scrap,
+               [](Fault& fault, const FaultTarget&) { fault.WithGzipBomb(50); }),
         Raw("other protocol", "SSH-2.0-OpenSSH_9.2\r\n"),
         Raw("body without a header", c_page),
         Raw("status line without a number", "HTTP/1.1 good OK\r\nContent-Type: TYPE\r\n\r\n{}"),
@@ -417,24 +404,19 @@ QList<FaultRow> MediaTypeRows()
 {
     QList<FaultRow> rows;
     for (const char* type : {"text/html", "application/json", "application/octet-stream", "x-image/png"}) {
-        rows.append(OtherType(
-            QByteArray("media type ") + type,
-            [type](Fault& fault, const FaultTarget&) { fault.WithMediaType(type); }, false));
+        rows.append(OtherType(QByteArray("media type ") + type, false,
+                              [type](Fault& fault, const FaultTarget&) { fault.WithMediaType(type); }));
     }
-    rows.append(OtherType(
-        "media type with a charset",
-        [](Fault& fault, const FaultTarget& target) {
-            fault.WithMediaType(target.mediaType + "; charset=utf-8");
-        },
-        true));
-    rows.append(OtherType(
-        "media type in capitals",
-        [](Fault& fault, const FaultTarget& target) { fault.WithMediaType(target.mediaType.toUpper()); },
-        false));
+    rows.append(OtherType("media type with a charset", true, [](Fault& fault, const FaultTarget& target) {
+        fault.WithMediaType(target.mediaType + "; charset=utf-8");
+    }));
+    rows.append(OtherType("media type in capitals", false, [](Fault& fault, const FaultTarget& target) {
+        fault.WithMediaType(target.mediaType.toUpper());
+    }));
     rows.append(SecondType("media type twice", [](const FaultTarget& target) { return target.mediaType; }));
     rows.append(SecondType("right media type, then another", [](const FaultTarget&) { return "text/html"; }));
-    rows.append(OtherType(
-        "no media type", [](Fault& fault, const FaultTarget&) { fault.WithoutMediaType(); }, false));
+    rows.append(OtherType("no media type", false,
+                          [](Fault& fault, const FaultTarget&) { fault.WithoutMediaType(); }));
     return rows;
 }
 
@@ -510,6 +492,14 @@ QString FailureMessage(const FaultRow& row, const QString& what, const QString& 
 {
     const QString status = row.status == 0 ? u"no HTTP status"_s : u"HTTP status %1"_s.arg(row.status);
     return u"^%1 failed: %2 - %3 - .+$"_s.arg(what, QRegularExpression::escape(place), status);
+}
+
+void VerifyNothingLeft(const FaultRow& row, ScriptedServer& server, int requests)
+{
+    if (row.isRequestSent)
+        return;
+    QCOMPARE(server.Log().RequestCount(), requests);
+    QCOMPARE(server.ReceivedBytesAfter(requests), 0);
 }
 
 QString ReceivedComplaint(Received expected, const FaultRow& row, const FaultTarget& target,

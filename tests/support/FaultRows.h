@@ -93,6 +93,10 @@ QString FailureMessage(const FaultRow& row, const QString& what, const QString& 
 QString ReceivedComplaint(Received expected, const FaultRow& row, const FaultTarget& target,
                           const QByteArray& bytes);
 
+/// Verifies, where the request of \p row does not leave, that nothing reached \p server after the first
+/// \p requests, each of which had a connection of its own.
+void VerifyNothingLeft(const FaultRow& row, ScriptedServer& server, int requests);
+
 /// The honest answer to \p target as a fault, to be made dishonest.
 Demo::Fault Honest(const FaultTarget& target);
 

@@ -1,7 +1,6 @@
 #include <data/DownloadManager.h>
 #include <ui/PictureFullscreenDialog.h>
 #include <ui/PictureSlider.h>
-#include <ui/PictureView.h>
 #include <ui/VenueDbCentralWidget.h>
 #include <ui/VenueDbSignalHandler.h>
 #include <ui/VenueDetailsWidget.h>
@@ -19,7 +18,6 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
@@ -95,7 +93,7 @@ private Q_SLOTS:
         const auto [body, rows] = Fetch<QByteArray, int>();
         Connector().asksForVenues = true;
         m_server->AnswerJsonApi(u"/api/venue"_s, body);
-        Panel()->PerformQuery();
+        SearchPanel(m_dialog->dialog)->PerformQuery();
         QCOMPARE(Connector().statuses, QList({Ok, Ok}));
         QCOMPARE(m_dialog->boxes.shown, QStringList());
         QCOMPARE(Table()->model()->rowCount(), rows);
@@ -127,7 +125,7 @@ private Q_SLOTS:
                 R"("general_comment": "TEXT", "rigging_specialties": "TEXT", "created": "TEXT",)"
                 R"("address": {"locality": "TEXT", "address_line1": "TEXT", "country_code": "TEXT"}}}]})")
                 .replace("TEXT", text));
-        Panel()->PerformQuery();
+        SearchPanel(m_dialog->dialog)->PerformQuery();
         QCOMPARE(Table()->model()->rowCount(), 1);
         QCOMPARE(Table()->model()->index(0, 1).data().toString(), shown);
         m_dialog->SelectVenue();
@@ -242,10 +240,6 @@ private:
     FaultConnector& Connector() const
     {
         return m_dialog->connector;
-    }
-    VenueDbCentralWidget* Panel() const
-    {
-        return m_dialog->dialog.findChild<VenueDbCentralWidget*>();
     }
     QTableView* Table() const
     {

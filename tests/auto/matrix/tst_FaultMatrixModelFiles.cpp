@@ -86,10 +86,7 @@ private Q_SLOTS:
             VerifyNoFile();
             VdbMessages::Verify({FailureMessage(fault, u"Model file query"_s, m_host + u"/api/venue"_s)});
         }
-        if (!fault.isRequestSent) {
-            QCOMPARE(m_server->Log().RequestCount(), 0);
-            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
-        }
+        VerifyNothingLeft(fault, *m_server, 0);
     }
 
     void Bytes_data()
@@ -117,10 +114,7 @@ private Q_SLOTS:
             VdbMessages::Verify(
                 {FailureMessage(fault, u"Model file download"_s, m_host + u"/files/hall.tessra"_s)});
         VerifyImport(bytes);
-        if (!fault.isRequestSent) {
-            QCOMPARE(m_server->Log().RequestCount(), 1);
-            QCOMPARE(m_server->ReceivedBytesAfter(1), 0);
-        }
+        VerifyNothingLeft(fault, *m_server, 1);
     }
 
     void BodyThatIsNoList_data()

@@ -19,7 +19,6 @@
 #include <QFile>
 #include <QImageReader>
 #include <QLabel>
-#include <QNetworkAccessManager>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -132,10 +131,7 @@ private Q_SLOTS:
         }
         if (fault.isError || fault.viewer == Signals::NotAnImage)
             VdbMessages::Verify({FailureMessage(fault, u"Picture download"_s, m_host + c_path)});
-        if (!fault.isRequestSent) {
-            QCOMPARE(m_server->Log().RequestCount(), 0);
-            QCOMPARE(m_server->ReceivedBytesAfter(0), 0);
-        }
+        VerifyNothingLeft(fault, *m_server, 0);
     }
 
     void Address_data()
@@ -181,9 +177,7 @@ private Q_SLOTS:
         const QByteArray bytes = picture.bytes;
         // Once for the screen, once for the file.
         ExpectWarnings(picture.warnings + picture.warnings);
-        m_server->Answer(c_path, bytes, "image/png");
-        Show(ScriptedServer::Url(c_path));
-        VerifyOutcome(Signals::Image);
+        ShowLarge(bytes);
         QCOMPARE(m_buffer, bytes);
         QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
         QCOMPARE(ShownSize(*m_viewer), picture.isTooLarge ? c_smallSize : QSize(0, 0));
@@ -199,9 +193,7 @@ private Q_SLOTS:
     void EmptyRendition()
     {
         // Nothing arrived, so the small picture is still the largest at hand.
-        m_server->Answer(c_path, QByteArray(), "image/png");
-        Show(ScriptedServer::Url(c_path));
-        VerifyOutcome(Signals::Image);
+        ShowLarge(QByteArray());
         QCOMPARE(m_viewer->GetStatusLabel()->text(), QString());
         QVERIFY(m_viewer->SaveImage(SavePath()));
         QCOMPARE(QImageReader(SavePath()).size(), c_smallSize);
@@ -221,9 +213,7 @@ private Q_SLOTS:
     void OddShape()
     {
         const auto [size, isSaved] = Fetch<QSize, bool>();
-        m_server->Answer(c_path, BlankPng(size), "image/png");
-        Show(ScriptedServer::Url(c_path));
-        VerifyOutcome(Signals::Image);
+        ShowLarge(BlankPng(size));
         QCOMPARE(ShownSize(*m_viewer), size);
         for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Minus})
             QTest::keyClick(m_viewer.get(), key);
@@ -263,9 +253,7 @@ private Q_SLOTS:
         QFETCH(bool, isFull);
         WriteFile(m_home.filePath(u"file"_s));
         // Noise: as many bytes as a picture of that size can have.
-        m_server->Answer(c_path, NoisePicture(size), "image/png");
-        Show(ScriptedServer::Url(c_path));
-        VerifyOutcome(Signals::Image);
+        ShowLarge(NoisePicture(size));
         const QString target = QDir(m_home.path()).absoluteFilePath(path);
         QVERIFY(!QFile::exists(target));
         // What does not fit into the buffers fails inside the encoder.
@@ -281,9 +269,7 @@ private Q_SLOTS:
     {
         const QString path = SavePath();
         WriteFile(path, "old");
-        m_server->Answer(c_path, NoisePicture(QSize(700, 500)), "image/png");
-        Show(ScriptedServer::Url(c_path));
-        VerifyOutcome(Signals::Image);
+        ShowLarge(NoisePicture(QSize(700, 500)));
         ExpectWarnings(c_encoderFailed);
         SaveDriver user(path);
         {
@@ -303,9 +289,7 @@ private Q_SLOTS:
     void CaptionIsPlain()
     {
         QFETCH(QString, text);
-        m_server->Answer(c_path, EncodedPicture(c_largeSize, Qt::blue), "image/png");
-        Show(ScriptedServer::Url(c_path), text);
-        VerifyOutcome(Signals::Image);
+        ShowLarge(EncodedPicture(c_largeSize, Qt::blue), text);
         const auto* caption = Caption(*m_viewer);
         QCOMPARE(caption->text(), u"1/1 "_s + text);
         QCOMPARE(caption->textFormat(), Qt::PlainText);
@@ -333,6 +317,14 @@ private:
         QCOMPARE(m_viewer->GetStatusLabel()->text(), c_loading);
         QCOMPARE(ShownSize(*m_viewer), c_smallSize);
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+
+    /// Opens the viewer on a picture with that large rendition and waits for it.
+    void ShowLarge(const QByteArray& bytes, const QString& description = u"Hall"_s)
+    {
+        m_server->Answer(c_path, bytes, "image/png");
+        Show(ScriptedServer::Url(c_path), description);
+        VerifyOutcome(Signals::Image);
     }
 
     void VerifyOutcome(Signals sequence)

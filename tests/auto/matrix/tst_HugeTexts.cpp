@@ -9,8 +9,10 @@
 #include <tests/support/HangGuard.h>
 #include <tests/support/HostileData.h>
 #include <tests/support/PictureFixtures.h>
+#include <tests/support/Records.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
+#include <tests/support/Widgets.h>
 
 #include <QApplication>
 #include <QClipboard>
@@ -58,8 +60,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, text);
         ConnectorStub stub;
-        Venue venue;
-        venue.SetComplexName(text);
+        Venue venue = MakeVenue(0, text);
         venue.SetVenueRoomName(text);
         venue.SetCity(text);
         stub.venues = QList<Venue>(20, venue);
@@ -92,8 +93,7 @@ private Q_SLOTS:
     void DetailsShowTheBeginning()
     {
         QFETCH(QString, text);
-        Venue venue;
-        venue.SetComplexName(text);
+        Venue venue = MakeVenue(0, text);
         venue.SetGeneralComment(text);
         QList<Picture> pictures;
         QList<TsFile> files;
@@ -139,21 +139,18 @@ private Q_SLOTS:
     void CaptionsDrawNoMoreThanAScreenShows()
     {
         QFETCH(QString, text);
-        Picture picture;
-        picture.SetAlternativeDescription(text);
-        picture.SetPictureDataSmall(EncodedPicture(QSize(40, 30), Qt::red));
-        picture.SetPictureDataLarge(EncodedPicture(QSize(400, 300), Qt::red));
-        QList<Picture> pictures{picture, picture};
+        const Picture picture = MakePicture(EncodedPicture(QSize(40, 30), Qt::red),
+                                            EncodedPicture(QSize(400, 300), Qt::red), text);
         PictureSlider slider;
         auto* viewer = slider.findChild<PictureFullscreenDialog*>();
 
         const HangGuard::Watch watch(m_guard, u"captions"_s);
-        slider.UpdateUi(&pictures);
+        Show(slider, {picture, picture});
         QVERIFY(!slider.grab().isNull());
         slider.ShowFullScreen();
         QVERIFY(!viewer->grab().isNull());
-        QCOMPARE(slider.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->text(), u"1/2 "_s + text);
-        const auto* caption = viewer->findChild<PictureView*>()->findChild<QLabel*>();
+        QCOMPARE(Caption(slider)->text(), u"1/2 "_s + text);
+        const QLabel* caption = Caption(*viewer);
         QCOMPARE(caption->text(), u"1/2 "_s + text);
         QVERIFY(viewer->findChild<PictureView*>()->rect().contains(caption->geometry()));
         viewer->hide();
@@ -166,14 +163,10 @@ private Q_SLOTS:
     void ModelFilesDrawNoMoreThanAScreenShows()
     {
         QFETCH(QString, text);
-        TsFile file;
-        file.SetFileName(text);
-        file.SetTsVersion(text);
-        QList<TsFile> files{file, file};
         TsFileOpener opener;
 
         const HangGuard::Watch watch(m_guard, u"model files"_s);
-        opener.UpdateUi(&files);
+        Show(opener, {MakeFile(text, text), MakeFile(text, text)});
         opener.show();
         QVERIFY(!opener.grab().isNull());
         auto* box = opener.findChild<QComboBox*>();
