@@ -77,9 +77,7 @@ private Q_SLOTS:
     void SteppingInTheViewerSaysWhatIsShown()
     {
         PictureFullscreenDialog viewer;
-        QList<Picture> pictures = TwoPictures();
-        viewer.SetPictures(&pictures);
-        viewer.SetPicturesIndex(0);
+        Show(viewer, TwoPictures());
         const Listener alerts(QAccessible::Alert);
         QTest::keyClick(&viewer, Qt::Key_D);
         QCOMPARE(Listener::TakeNames(), QStringList(u"2/2 Dock"_s));
@@ -90,9 +88,8 @@ private Q_SLOTS:
     void SteppingInTheSliderSaysWhatIsShown()
     {
         PictureSlider slider;
-        QList<Picture> pictures = TwoPictures();
         const Listener alerts(QAccessible::Alert);
-        slider.UpdateUi(&pictures);
+        Show(slider, TwoPictures());
         // The details of a venue are many: they wait until they are asked for.
         QCOMPARE(Listener::TakeNames(), QStringList());
         NavigationButton(slider, 1)->click();

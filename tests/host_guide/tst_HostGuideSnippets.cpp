@@ -9,7 +9,9 @@
 #include <server/network/CertificateAuthority.h>
 
 #include <tests/support/ConnectorStub.h>
+#include <tests/support/Files.h>
 #include <tests/support/ModalDriver.h>
+#include <tests/support/Records.h>
 #include <tests/support/Rows.h>
 #include <tests/support/StrictTest.h>
 
@@ -119,14 +121,12 @@ private Q_SLOTS:
     void AuthorityOfAFileIsTrusted()
     {
         const korvel::Demo::CertificateAuthority authority;
-        QTemporaryDir folder;
-        QFile file(folder.filePath(u"company.pem"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(authority.Pem());
-        file.close();
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"company.pem"_s);
+        WriteFile(path, authority.Pem());
 
         const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
-        QVERIFY(Network::TrustAuthority(file.fileName()));
+        QVERIFY(Network::TrustAuthority(path));
         const QList<QSslCertificate> trusted = QSslConfiguration::defaultConfiguration().caCertificates();
         QSslConfiguration::setDefaultConfiguration(before);
         QVERIFY(trusted.contains(authority.Certificate()));
@@ -175,9 +175,9 @@ private Q_SLOTS:
 
     void DialogIsMaximisedOnASmallScreen_data()
     {
-        QTest::addColumn<bool>("fits");
-        QTest::newRow("the screen has room") << true;
-        QTest::newRow("the title bar would push it out") << false;
+        const Rows<bool> row("fits");
+        row("the screen has room", true);
+        row("the title bar would push it out", false);
     }
     void DialogIsMaximisedOnASmallScreen()
     {
@@ -278,9 +278,7 @@ private Q_SLOTS:
         Embedding embedding(&mainWindow);
         const QPointer<VenueDbDialog> dialog = embedding.Dialog();
         ConnectorStub connector;
-        korvel::Data::VenueDatabase::Venue venue;
-        venue.SetId(7);
-        connector.venues = {venue};
+        connector.venues = {MakeVenue(7)};
         bool wasAliveInTheWait = false;
         connector.onGetPictures = [&](qint64) {
             embedding.RemoveVenueDatabase();
@@ -302,11 +300,10 @@ private Q_SLOTS:
         SilentProxy proxy;
         VenueDbDialog dialog;
         connect(&proxy, &QTcpServer::newConnection, &dialog, &VenueDbDialog::DisconnectVdb);
-        const ModalDriver<QMessageBox> driver(
-            [](QMessageBox* box) { box->button(QMessageBox::Close)->click(); });
+        const auto driver = AnswerBox(QMessageBox::Close);
         dialog.ConnectVdb(u"JSONREST"_s);
         dialog.Open(nullptr);
-        QTRY_COMPARE(driver.Count(), 1);
+        QTRY_COMPARE(driver->Count(), 1);
         QTRY_VERIFY(!dialog.isVisible());
     }
 
