@@ -17,35 +17,36 @@ struct Growth
     qint64 rounds = 0;
     qint64 heap = 0;
     qint64 descriptors = 0;
+    qint64 tempFiles = 0;
 };
 
 Growth GrowthOf(const QList<Sample>& phase)
 {
     const Sample& first = phase.constFirst();
     const Sample& last = phase.constLast();
-    return {last.round - first.round, last.heap - first.heap, last.descriptors - first.descriptors};
+    return {last.round - first.round, last.heap - first.heap, last.descriptors - first.descriptors,
+            last.tempFiles - first.tempFiles};
 }
 
 /// The heap that a whole phase may add, in bytes.
 qint64 HeapLimit(const QString& phase, qint64 rounds)
 {
     constexpr qint64 c_kilobyte = 1024;
-    constexpr qint64 c_megabyte = 1024 * c_kilobyte;
     // The viewer's replies live as long as the viewer.
     if (phase == "downloads"_L1)
         return 16 * c_kilobyte * rounds;
-    // The files that the host may still read live until the application ends.
+    // The names of the files that the host may still read. What they were written through is gone.
     if (phase == "new imports"_L1)
         return 4 * c_kilobyte * rounds;
-    return 2 * c_megabyte;
+    if (phase == "viewer steps"_L1 || phase == "imports"_L1)
+        return 512 * c_kilobyte;
+    return 2048 * c_kilobyte;
 }
 
-qint64 DescriptorLimit(const QString& phase, qint64 rounds)
+/// The files that stay for the host, open, until the application ends.
+qint64 FileCount(const QString& phase, qint64 rounds)
 {
-    // A connection of client, forwarder and server may be made anew at the moment of a sample.
-    constexpr qint64 c_connection = 4;
-    // The file of an earlier record stays for the host until the application ends.
-    return (phase == "new imports"_L1 ? rounds : 0) + c_connection;
+    return phase == "new imports"_L1 ? rounds : 0;
 }
 
 } // namespace
@@ -87,8 +88,13 @@ QStringList Complaints(const QList<Sample>& samples)
         const Growth growth = GrowthOf(phase);
         if (growth.heap > HeapLimit(name, growth.rounds))
             complaints.append(u"%1: the heap grew by %2 bytes"_s.arg(name).arg(growth.heap));
-        if (growth.descriptors > DescriptorLimit(name, growth.rounds))
+        const qint64 files = FileCount(name, growth.rounds);
+        // A connection of client, forwarder and server may be made anew at the moment of a sample.
+        constexpr qint64 c_connection = 4;
+        if (growth.descriptors > files + c_connection)
             complaints.append(u"%1: %2 descriptors more"_s.arg(name).arg(growth.descriptors));
+        if (growth.tempFiles != files)
+            complaints.append(u"%1: %2 temporary files more"_s.arg(name).arg(growth.tempFiles));
         for (const Sample& sample : phase) {
             if (sample.replies > 0) {
                 complaints.append(u"%1: %2 replies are left after round %3"_s.arg(name)
@@ -111,7 +117,7 @@ QStringList Summary(const QList<Sample>& samples)
                          .arg(growth.heap, 10)
                          .arg(double(growth.heap) / double(qMax(qint64(1), growth.rounds)), 0, 'f', 1)
                          .arg(growth.descriptors)
-                         .arg(phase.constLast().tempFiles - phase.constFirst().tempFiles));
+                         .arg(growth.tempFiles));
     }
     return lines;
 }

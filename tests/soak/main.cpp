@@ -1,12 +1,10 @@
 // Uses the module for a long time and tells what it holds on to: vdbsoak --help
-#include <tests/soak/SoakChart.h>
 #include <tests/soak/SoakRun.h>
 #include <tests/soak/SoakSample.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -48,14 +46,8 @@ int Work(const QCommandLineParser& parser)
     return 0;
 }
 
-bool Write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
-}
-
 /// Lets a worker work and judges what it held, and what it left when it had ended.
-int Watch(const QCommandLineParser& parser)
+int Watch()
 {
     const QTemporaryDir temp;
     // Where none is set, Qt makes one in the temporary folder.
@@ -86,16 +78,7 @@ int Watch(const QCommandLineParser& parser)
     if (!left.isEmpty())
         complaints.append(u"left in the temporary folder: "_s + left.join(QLatin1Char(' ')));
 
-    const QString csvPath = parser.value(u"csv"_s);
-    const bool isCsvWritten = csvPath.isEmpty()
-        ? std::fwrite(csv.constData(), 1, size_t(csv.size()), stdout) == size_t(csv.size())
-        : Write(csvPath, csv);
-    if (!isCsvWritten)
-        complaints.append(u"The samples cannot be written."_s);
-    const QString chartPath = parser.value(u"chart"_s);
-    if (!chartPath.isEmpty() && !DrawChart(samples).save(chartPath))
-        complaints.append(u"The chart cannot be written."_s);
-
+    std::fwrite(csv.constData(), 1, size_t(csv.size()), stdout);
     for (const QString& line : Summary(samples))
         std::fprintf(stderr, "%s\n", qPrintable(line));
     for (const QString& complaint : std::as_const(complaints))
@@ -123,11 +106,9 @@ int main(int argc, char* argv[])
     AddNumber(parser, "selections", standard.selections);
     AddNumber(parser, "steps", standard.viewerSteps);
     AddNumber(parser, "imports", standard.imports);
-    parser.addOption({u"csv"_s, u"Where to write the samples; else to the standard output."_s, u"file"_s});
-    parser.addOption({u"chart"_s, u"Where to draw the curves."_s, u"file"_s});
     QCommandLineOption worker(WorkerOption());
     worker.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOption(worker);
     parser.process(application);
-    return parser.isSet(worker) ? Work(parser) : Watch(parser);
+    return parser.isSet(worker) ? Work(parser) : Watch();
 }
