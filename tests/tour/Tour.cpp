@@ -68,6 +68,8 @@ Tour::Tour(VenueServer& server, const QString& folder, const QList<bool>& dayMod
     , m_hangGuard(c_stepLimit)
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    // No step is a double click, and each click waits until it cannot become one.
+    QApplication::setDoubleClickInterval(50);
     // The two runs close their main windows; the tour ends the application, not they.
     QApplication::setQuitOnLastWindowClosed(false);
 }
