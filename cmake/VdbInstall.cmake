@@ -1,4 +1,4 @@
-# What `cmake --install` puts into place. Runtime is what a running host needs, Development what its build needs besides:
+# What `cmake --install` puts into place. Runtime is what a running host needs, Development what its build also needs:
 # the public headers, the packages that find_package() and pkg-config read, and vdbprobe.
 include(CMakePackageConfigHelpers)
 

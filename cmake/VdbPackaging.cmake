@@ -1,5 +1,5 @@
-# The Debian packages that script/package makes: one with what a running host needs, one with what its build needs
-# besides.
+# The Debian packages that script/package makes: one with what a running host needs, one with what its build also
+# needs.
 if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
   message(FATAL_ERROR "Debian packages need the install prefix /usr; use the preset \"package\"")
 endif()

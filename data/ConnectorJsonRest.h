@@ -20,8 +20,8 @@ class CountryCodeTranslator;
 ///
 /// Each query runs a nested event loop that holds back user input. It ends early, with its failure result,
 /// when the application quits or when the connector is deleted meanwhile, which is allowed. Texts and bytes
-/// of the server are handed on unchecked, but never those of another request. Whatever befell a query, the
-/// next one does not suffer from it. User-interface thread only.
+/// of the server are handed on unchecked, but never those of another request. Whatever happens to a query,
+/// the next one does not suffer from it. User-interface thread only.
 ///
 /// @code{.cpp}
 /// ConnectorJsonRest connector;

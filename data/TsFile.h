@@ -71,8 +71,8 @@ public:
     /// record and its copies had before.
     ///
     /// True when every byte is on disk and GetTempPath() names the file. Otherwise false and nothing stays
-    /// behind: no temporary folder, no space, or a file name that is no plain one (a path separator, NUL, "."
-    /// or ".."). The file is removed by the next call or when the application ends.
+    /// behind: no temporary folder, no space, or a file name that is not a plain one (a path separator, NUL,
+    /// "." or ".."). The file is removed by the next call or when the application ends.
     bool CopyToTempFolder();
     /// Full path of the temporary file; empty while there is none.
     QString GetTempPath() const;

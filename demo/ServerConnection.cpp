@@ -29,7 +29,7 @@ bool ServerConnection::UseProxy(const QString& address, const QString& caFile)
     bool isNumber = false;
     const quint16 port = address.mid(colon + 1).toUShort(&isNumber);
     if (colon < 1 || !isNumber || port == 0)
-        return Fail(u"\"%1\" is no host:port"_s.arg(address));
+        return Fail(u"\"%1\" is not of the form host:port"_s.arg(address));
     const QList<QSslCertificate> authorities = QSslCertificate::fromPath(caFile, QSsl::Pem);
     if (authorities.isEmpty())
         return Fail(u"\"%1\" holds no PEM certificate"_s.arg(caFile));

@@ -12,7 +12,7 @@ namespace korvel::Demo {
 /// One of Tessra's two appearances: named colours and the style sheets made with them.
 ///
 /// The sheet of the venue database is the one that is installed for every host; what Tessra's own windows
-/// need besides is a second one.
+/// also need is a second one.
 class Theme
 {
 public:

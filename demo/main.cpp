@@ -44,7 +44,7 @@ int main(int argc, char* argv[])
     if (themeName != u"day"_s && themeName != u"night"_s)
         return Fail(u"the theme is day or night"_s);
     if (parser.isSet(language) && QLocale(parser.value(language)).language() == QLocale::C)
-        return Fail(u"\"%1\" is no language"_s.arg(parser.value(language)));
+        return Fail(u"\"%1\" is not a language"_s.arg(parser.value(language)));
 
     // The network before the first request of the module: a proxy and a trusted authority count from then on.
     ServerConnection server;

@@ -103,7 +103,7 @@ Q_SIGNALS:
     void FitViewAfterOpen();
 
 protected:
-    /// The keys of the class description, besides what the frame and QDialog make of them. May run a nested
+    /// The keys of the class description, in addition to those of the frame and of QDialog. May run a nested
     /// event loop.
     void keyPressEvent(QKeyEvent* event) override;
     /// Fits the picture when maximised and places the buttons and the caption again.

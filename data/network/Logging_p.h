@@ -32,9 +32,9 @@ void LogFailedRequest(QLatin1String what, const QUrl& url, const QNetworkReply& 
 
 /// Why a reply of the media type \p contentType to a query is not read.
 QString NotJsonApiReason(const QString& contentType);
-/// Why a reply that ended without an error is no answer all the same.
+/// Why a reply that ended without an error is still not an answer.
 QString NotAnAnswerReason();
-/// Why a download of the media type \p contentType is no picture.
+/// Why a download of the media type \p contentType is not a picture.
 QString NotAnImageReason(const QString& contentType);
 
 } // namespace korvel::Data::VenueDatabase

@@ -4,8 +4,8 @@
 
 namespace korvel::Data::VenueDatabase {
 
-/// A network access manager that gives up its connections as soon as one of them spoils what comes later, and
-/// goes on with new ones.
+/// A network access manager that gives up its connections as soon as one of them would harm what comes later,
+/// and goes on with new ones.
 ///
 /// Qt keeps connections for later requests, also these:
 /// - A proxy dropped it before it answered CONNECT: every later request waits there for ever.

@@ -54,7 +54,7 @@ void VenueQuery::ReadPair(const QString& name, const QString& value)
         bool isNumber = false;
         m_entityId = value.toLongLong(&isNumber);
         if (!isNumber)
-            Fail(u"The entity id \"%1\" is no number."_s.arg(value));
+            Fail(u"The entity id \"%1\" is not a number."_s.arg(value));
     } else if (const QRegularExpressionMatch match = c_condition.match(name); match.hasMatch()) {
         Condition& condition = ConditionNamed(match.captured(1));
         if (match.captured(2) == "path"_L1) {
@@ -77,7 +77,7 @@ void VenueQuery::ReadIncludes(const QString& value)
     for (const QString& path : paths) {
         const QString view = path.endsWith(".file"_L1) ? path.chopped(5) : path;
         if (path != "editor"_L1 && view != "tessra"_L1 && !VenueCatalogue::Views().contains(view))
-            Fail(u"\"%1\" is no relationship of a venue that could be included."_s.arg(path));
+            Fail(u"\"%1\" is not a relationship of a venue that can be included."_s.arg(path));
         else if (!m_includes.contains(path))
             m_includes.append(path);
     }

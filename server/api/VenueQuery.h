@@ -17,7 +17,7 @@ public:
     using Pairs = QList<std::pair<QString, QString>>;
 
     /// The pairs of the query part of \p target (path and query as sent), decoded, in their order.
-    /// A plus sign stays one: the query is no form.
+    /// A plus sign stays one: the query is not a form.
     static Pairs Split(const QByteArray& target);
 
     /// Understands \p pairs; whether that succeeded is told by Error().

@@ -17,7 +17,7 @@ struct NetworkFault
         NeverAnswer, ///< CONNECT is never answered
         NoProxy, ///< CONNECT is answered as by a server of mail
         BadCertificate, ///< the server shows \a certificate
-        GarbageInsteadOfTls, ///< the tunnel opens, then bytes arrive that are no TLS
+        GarbageInsteadOfTls, ///< the tunnel opens, then bytes arrive that are not TLS
         ResetAfter, ///< TCP reset once \a value bytes (TLS included) have gone to the client; 0: at once
         Latency, ///< each direction is \a value milliseconds late
         Jitter, ///< each piece is up to \a value milliseconds late, a different time each

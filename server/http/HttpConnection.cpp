@@ -168,7 +168,7 @@ bool HttpConnection::ReadHead()
     m_isAnswering = true;
     m_effect = {};
     m_request.id = m_shared.log.AddRequest(m_request);
-    Deliver(ErrorAnswer(error == 0 ? 400 : error, u"This is no request that the server serves."_s));
+    Deliver(ErrorAnswer(error == 0 ? 400 : error, u"The server does not serve such a request."_s));
     return false;
 }
 

@@ -210,7 +210,7 @@ void Tunnel::OpenTunnel()
     if (FindFault(NetworkFault::Kind::GarbageInsteadOfTls) != nullptr) {
         m_isOpen = false;
         m_ignoreClient = true;
-        m_client->write(QByteArray(200, '?') + "\r\nThese bytes are no TLS.\r\n");
+        m_client->write(QByteArray(200, '?') + "\r\nThese bytes are not TLS.\r\n");
         m_client->disconnectFromHost();
         return;
     }

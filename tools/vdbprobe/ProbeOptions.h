@@ -29,7 +29,7 @@ struct ProbeOptions
     quint16 port = 443;
     bool usesSystemProxy = true; ///< otherwise \a proxy
     QNetworkProxy proxy{QNetworkProxy::NoProxy};
-    QList<QSslCertificate> authorities; ///< trusted besides the system's own
+    QList<QSslCertificate> authorities; ///< trusted in addition to those of the system
     int timeout = 30000; ///< of every single wait, in milliseconds
     bool isVerbose = false;
 

@@ -12,7 +12,7 @@ void ServeScreenReaders();
 /// Has a screen reader say the accessible name of \p widget now.
 void Announce(QWidget* widget);
 
-/// To be called when \p widget, which is a group, became busy or is no longer.
+/// To be called when \p widget, which is a group, became busy, or has become free again.
 void TellBusyChange(QWidget* widget);
 
 } // namespace korvel::Ui::VenueDatabase

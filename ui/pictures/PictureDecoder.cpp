@@ -37,7 +37,7 @@ bool IsAllowed(const QSize& size, int bitsPerPixel = c_leastBitsPerPixel)
 /// What each pixel of a picture of \p size will take.
 int BitsPerPixel(const QImageReader& reader, const QSize& size)
 {
-    // Where there is no header some of Qt's readers name a format that is none.
+    // Where there is no header some of Qt's readers name a wrong format.
     const QImage::Format format = size.isValid() ? reader.imageFormat() : QImage::Format_Invalid;
     if (format <= QImage::Format_Invalid || format >= QImage::NImageFormats)
         return c_leastBitsPerPixel;

@@ -11,7 +11,7 @@ using Data::VenueDatabase::Venue;
 
 namespace {
 
-/// In place of the day: a text that is no date. Two of them are never one before the other.
+/// In place of the day: a text that is not a date. Two of them are never one before the other.
 constexpr qint64 c_noDate = std::numeric_limits<qint64>::min();
 /// In place of the day: another invalid date, on which Qt decides.
 constexpr qint64 c_invalidDate = c_noDate + 1;
