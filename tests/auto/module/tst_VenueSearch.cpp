@@ -192,6 +192,7 @@ private Q_SLOTS:
     {
         const Rows<QByteArray, bool> row("changed", "valid");
         row("+00:00", R"("2024-03-01T10:20:30+00:00")", true);
+        row("Z", R"("2024-03-01T10:20:30Z")", false);
         row("-00:00", R"("2024-03-01T10:20:30-00:00")", false);
         row("+0000", R"("2024-03-01T10:20:30+0000")", false);
         row("fraction of a second", R"("2024-03-01T10:20:30.123+00:00")", false);
