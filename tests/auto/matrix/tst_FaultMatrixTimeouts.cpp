@@ -4,6 +4,7 @@
 #include <ui/VenueDbDialog.h>
 
 #include <tests/support/ErrorBoxes.h>
+#include <tests/support/FairTimer.h>
 #include <tests/support/FaultConnector.h>
 #include <tests/support/FaultRows.h>
 #include <tests/support/PictureFixtures.h>
@@ -140,9 +141,11 @@ public:
 
     const FaultRow fault;
     const EntryPoint entry;
-    /// What is wrong with the query's result, and how many milliseconds it took.
+    /// What is wrong with the query's result, how many milliseconds it took, and how many of them are its
+    /// own.
     QString complaint = u"was not run"_s;
     qint64 elapsed = 0;
+    qint64 ownElapsed = 0;
     /// Of the same query once more, after a time-out.
     QString nextComplaint = u"was not run"_s;
     qint64 nextElapsed = 0;
@@ -167,18 +170,24 @@ protected:
         }
         fault.make(m_server, target);
         m_server.Answer(QString(), c_reply, c_jsonApi);
-        QElapsedTimer timer;
-        timer.start();
+        FairTimer timer;
+        // Each request has its time: that of a later one counts from the end of the one before.
+        if (entry.isLater) {
+            connect(
+                connector.Manager(), &QNetworkAccessManager::finished, &connector,
+                [&timer]() { timer.Restart(); }, Qt::SingleShotConnection);
+        }
         complaint = entry.complaint(connector, fault.search);
-        elapsed = timer.elapsed();
+        elapsed = timer.Elapsed();
+        ownElapsed = timer.OwnElapsed();
         if (fault.search != Timeout)
             return;
         // The way is free again.
         m_server.Reset();
         m_server.Answer(QString(), c_reply, MediaType());
-        timer.start();
+        timer.Restart();
         nextComplaint = entry.complaint(connector, Ok);
-        nextElapsed = timer.elapsed();
+        nextElapsed = timer.Elapsed();
     }
 
 private:
@@ -207,6 +216,7 @@ private Q_SLOTS:
                 m_waits.push_back(std::make_unique<Wait>(fault, entry));
         // One more for what the user sees.
         m_server = std::make_unique<ScriptedServer>();
+        LoadWhatQtNeeds();
         m_server->Withhold(u"/api/venue"_s);
 
         for (const auto& wait : m_waits)
@@ -248,7 +258,8 @@ private Q_SLOTS:
         QFETCH(int, index);
         const Wait& wait = *m_waits.at(std::size_t(index));
         QCOMPARE(wait.complaint, QString());
-        QVERIFY2(wait.elapsed <= c_longest, qPrintable(QString::number(wait.elapsed)));
+        QVERIFY2(wait.ownElapsed <= c_longest,
+                 qPrintable(u"%1 of %2"_s.arg(wait.ownElapsed).arg(wait.elapsed)));
         if (wait.fault.search != Timeout)
             return;
         QVERIFY2(wait.elapsed >= c_shortest, qPrintable(QString::number(wait.elapsed)));
@@ -278,7 +289,8 @@ private Q_SLOTS:
     {
         QCOMPARE(m_boxes, QStringList{ErrorBoxes::ServerUnreachable()});
         QVERIFY(m_dialogElapsed >= c_shortest);
-        QVERIFY2(m_dialogElapsed <= c_longest, qPrintable(QString::number(m_dialogElapsed)));
+        QVERIFY2(m_dialogOwnElapsed <= c_longest,
+                 qPrintable(u"%1 of %2"_s.arg(m_dialogOwnElapsed).arg(m_dialogElapsed)));
         QCOMPARE(m_statusMeanwhile, u"Loading..."_s);
         QVERIFY(m_isDialogHidden);
     }
@@ -328,6 +340,15 @@ private:
         int outcomes = 0;
     };
 
+    /// Qt's first request loads libraries and certificates. Those that come meanwhile would wait for that.
+    void LoadWhatQtNeeds()
+    {
+        m_server->Answer(QString(), c_reply, c_jsonApi);
+        FaultConnector connector;
+        QCOMPARE(SearchComplaint(connector, Ok), QString());
+        m_server->Reset();
+    }
+
     void ShowViewers()
     {
         for (const FaultRow& fault : EndlessViewerFaultRows()) {
@@ -372,9 +393,11 @@ private:
         dialog.show();
         ErrorBoxes boxes(QMessageBox::Close);
         QTimer::singleShot(15'000, &dialog, [&]() { m_statusMeanwhile = dialog.GetStatusLabel()->text(); });
+        const FairTimer timer;
         SearchPanel(dialog)->PerformQuery();
         m_boxes = boxes.shown;
-        m_dialogElapsed = connector.longest;
+        m_dialogElapsed = timer.Elapsed();
+        m_dialogOwnElapsed = timer.OwnElapsed();
         m_isDialogHidden = dialog.isHidden();
     }
 
@@ -388,6 +411,7 @@ private:
     QStringList m_boxes;
     QString m_statusMeanwhile;
     qint64 m_dialogElapsed = 0;
+    qint64 m_dialogOwnElapsed = 0;
     bool m_isDialogHidden = false;
 };
 
