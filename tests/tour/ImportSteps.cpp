@@ -12,7 +12,6 @@
 #include <QComboBox>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
 
 #include <algorithm>
 
@@ -70,11 +69,6 @@ void TakePictureOfThePlan(const TourContext& context)
     Hands::WaitUntil([dialog] { return !dialog->isVisible(); }, u"\"Close\" closes"_s);
     context.takePicture();
     context.Reopen();
-    // On a small screen the host maximises it, which the window manager does a little later.
-    if (dialog->isMaximized())
-        Hands::WaitUntil(
-            [dialog] { return dialog->width() >= dialog->screen()->availableGeometry().width(); },
-            u"the dialog fills the screen"_s);
 }
 
 QString Import(TourContext& context)

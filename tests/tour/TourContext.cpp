@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 
 #include <algorithm>
@@ -102,6 +103,21 @@ void TourContext::Reopen() const
     Hands::WaitUntil([this] { return window->isActiveWindow(); }, u"the main window is active"_s);
     Hands::Press(Qt::Key_D, Qt::ControlModifier);
     Hands::WaitUntil([this] { return Dialog()->isActiveWindow(); }, u"Ctrl+D opens the dialog again"_s);
+    WaitForItsSize();
+}
+
+void TourContext::WaitForItsSize() const
+{
+    const VenueDbDialog* dialog = Dialog();
+    const QSize room = dialog->screen()->availableGeometry().size();
+    const QSize own(1062, 768);
+    // A busy window system takes its time, and tells of a normal window first.
+    Hands::WaitUntil(
+        [&] {
+            return room.height() > 800 ? dialog->size() == own
+                                       : dialog->isMaximized() && dialog->width() == room.width();
+        },
+        u"the dialog has its size"_s);
 }
 
 QString TourContext::PictureCaption() const

@@ -48,6 +48,8 @@ struct TourContext
     void ClickReset() const;
     /// Opens the venue database again, by its key in the main window.
     void Reopen() const;
+    /// Waits until the open dialog has its own size, or that of a screen which is too small for it.
+    void WaitForItsSize() const;
     /// The picture slider's caption.
     QString PictureCaption() const;
 };
