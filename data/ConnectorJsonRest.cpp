@@ -284,7 +284,7 @@ bool ConnectorJsonRest::QueryIncluded(QLatin1String what, const QString& include
     }
     const QJsonDocument document = QJsonDocument::fromJson(body);
     if (!document.isObject())
-        LogFailedRequest(what, url, *reply, u"the reply is no JSON object"_s);
+        LogFailedRequest(what, url, *reply, u"the reply is not a JSON object"_s);
     included = document.object().value("included"_L1).toArray();
     return true;
 }

@@ -81,7 +81,7 @@ QByteArray Early(const QByteArray& status, const QByteArray& headers = {})
 }
 
 /// Whether Qt takes \p early for the answer. Every Qt knows that 100 is none.
-bool Spoils(const QByteArray& early)
+bool BreaksRequest(const QByteArray& early)
 {
     return !c_skipsEarlyAnswers && early != Early("100 Continue");
 }
@@ -126,7 +126,7 @@ extern "C" Q_DECL_EXPORT quint32 gss_acquire_cred(quint32*, void*, quint32, void
     return noCredentials;
 }
 
-/// Connections that went bad: what befell one request ends with it, and no request gets what another one
+/// Connections that went bad: what happens to one request ends with it, and no request gets what another one
 /// asked for.
 class tst_FaultMatrixConnections : public ConnectorTest
 {
@@ -301,8 +301,8 @@ private Q_SLOTS:
         QCOMPARE(proxy.heard.contains(c_offerOfHttp2), isOffered);
     }
 
-    // A provisional answer comes before the real one. It spoils its own request, unless Qt skips it, and no
-    // other one.
+    // A provisional answer comes before the real one. It makes its own request fail, unless Qt skips it, and
+    // no other one.
 
     void EarlyAnswer_data()
     {
@@ -335,8 +335,8 @@ private Q_SLOTS:
         m_server->AnswerJsonApi(u"second"_s, titled("second"));
         QList<Venue> venues;
         QCOMPARE(m_connector->FindVenueEntries({{u"title"_s, u"first"_s}}, venues),
-                 Spoils(early) ? WrongContentType : Ok);
-        QCOMPARE(NamesOf(venues), Spoils(early) ? QStringList() : QStringList{u"first"_s});
+                 BreaksRequest(early) ? WrongContentType : Ok);
+        QCOMPARE(NamesOf(venues), BreaksRequest(early) ? QStringList() : QStringList{u"first"_s});
         for (int count = 0; count < 3; ++count) {
             QCOMPARE(m_connector->FindVenueEntries({{u"title"_s, u"second"_s}}, venues), Ok);
             QCOMPARE(NamesOf(venues), QStringList{u"second"_s});
@@ -360,7 +360,8 @@ private Q_SLOTS:
         QCOMPARE(pictures.size(), paths.size());
         QCOMPARE(files.size(), paths.size());
         for (int index = 0; index < paths.size(); ++index) {
-            const QByteArray bytes = index == 1 && Spoils(early) ? QByteArray() : BytesOf(paths.at(index));
+            const QByteArray bytes
+                = index == 1 && BreaksRequest(early) ? QByteArray() : BytesOf(paths.at(index));
             QCOMPARE(pictures.at(index).GetPictureDataSmall(), bytes);
             QCOMPARE(files.at(index).GetFileData(), bytes);
         }
@@ -381,7 +382,7 @@ private Q_SLOTS:
                                .WithBody(Files(paths))
                                .WithMediaType(c_jsonApi));
         ServeLists(paths.first(1));
-        const qsizetype found = Spoils(early) ? 0 : paths.size();
+        const qsizetype found = BreaksRequest(early) ? 0 : paths.size();
         QCOMPARE(m_connector->GetPictureEntries(7).size(), found);
         QCOMPARE(m_connector->GetTSFileEntries(8).size(), 1);
         QCOMPARE(m_connector->GetTSFileEntries(7).size(), found);
@@ -405,7 +406,7 @@ private Q_SLOTS:
             QTRY_VERIFY(HasEnded(path));
         }
         for (const QString& path : paths)
-            VerifyDownload(path, path == paths.at(1) && Spoils(early));
+            VerifyDownload(path, path == paths.at(1) && BreaksRequest(early));
         VerifyMessageOfEarlyAnswer(early, u"Picture download"_s, paths.at(1));
     }
 
@@ -427,11 +428,11 @@ private Q_SLOTS:
             QTRY_VERIFY(HasEnded(path));
         for (const QString& path : paths) {
             // Where it fails those beside it may fail with it.
-            const bool hasFailed = Spoils(early) && m_outcomes.value(Url(path)).bytes.isEmpty();
+            const bool hasFailed = BreaksRequest(early) && m_outcomes.value(Url(path)).bytes.isEmpty();
             VerifyDownload(path, hasFailed);
         }
         for (const int index : {0, 3, 8})
-            VerifyDownload(paths.at(index), Spoils(early));
+            VerifyDownload(paths.at(index), BreaksRequest(early));
         // The next ones have nothing to do with it.
         m_outcomes.clear();
         Download(paths.at(1));
@@ -514,7 +515,7 @@ private:
     {
         const QString message = QRegularExpression::escape(what + u" failed: "_s + m_host + path)
             + u" - HTTP status \\d+ - .+"_s;
-        VdbMessages::Verify(Spoils(early) ? QStringList{message} : QStringList());
+        VdbMessages::Verify(BreaksRequest(early) ? QStringList{message} : QStringList());
     }
 
     std::unique_ptr<DownloadManager> m_downloads;

@@ -130,7 +130,7 @@ private Q_SLOTS:
         m_dialog->SelectVenue();
         VerifyNoFile();
         VdbMessages::Verify({u"^Model file query failed: "_s + m_host
-                             + u"/api/venue - HTTP status 200 - the reply is no JSON object$"_s});
+                             + u"/api/venue - HTTP status 200 - the reply is not a JSON object$"_s});
     }
 
     void ListOfWrongTypes_data()

@@ -134,7 +134,7 @@ private Q_SLOTS:
         VerifySlider(u"-/0"_s, u"No Image"_s);
         // An object that is nested too deeply has no more of an object than an array has.
         VdbMessages::Verify({u"^Picture query failed: "_s + m_host
-                             + u"/api/venue - HTTP status 200 - the reply is no JSON object$"_s});
+                             + u"/api/venue - HTTP status 200 - the reply is not a JSON object$"_s});
     }
 
     void ListOfWrongTypes_data()

@@ -69,7 +69,7 @@ private Q_SLOTS:
         m_boxes.reset();
         m_dialog.reset();
         m_connector.reset();
-        // The box tells the user; nothing is logged besides.
+        // The box tells the user; nothing else is logged.
         ServerTest::cleanup();
     }
 

@@ -201,7 +201,7 @@ private:
 /// What hosts do at the worst moment: every scenario is run again and again, each time with one thing done to
 /// the dialog in another turn of the event loop, until the scenario ends before that turn.
 ///
-/// Without further ado a part of the turns is tried; all of them with VDB_TORTURE=full in the environment.
+/// By default a part of the turns is tried; all of them with VDB_TORTURE=full in the environment.
 class tst_Torture : public StrictTest
 {
     Q_OBJECT
@@ -809,7 +809,7 @@ private Q_SLOTS:
         bool isReached = true;
         // The request that is never answered; -1 for the connection that is never made.
         for (int request = -1; isReached; ++request) {
-            // Without further ado every second one.
+            // By default every second one.
             if (!IsFull() && (request + int(deed)) % 2 != 0)
                 continue;
             const QString what = u"%1: %2 while request %3 waits"_s

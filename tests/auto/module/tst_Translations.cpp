@@ -47,7 +47,7 @@ struct Text
     QString context;
     QString source;
     QString translation;
-    /// What the file says besides: "unfinished", "vanished", "obsolete".
+    /// What the file says of its state: "unfinished", "vanished", "obsolete".
     QString type;
 };
 

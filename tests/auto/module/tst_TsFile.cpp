@@ -345,7 +345,7 @@ private Q_SLOTS:
         QCOMPARE(Tree(m_folder->Root()), before);
         QCOMPARE(QDir::root().entryList(QDir::AllEntries | QDir::Hidden | QDir::System), rootBefore);
 
-        // The record is not spoiled: it works again with the folder.
+        // Nothing is wrong with the record: it works again with the folder.
         m_folder->Pretend(m_tempFolder);
         QVERIFY(model.CopyToTempFolder());
         QCOMPARE(ContentOf(model.GetTempPath()), QByteArray("model"));

@@ -72,7 +72,7 @@ struct FailingRows
     const Rows<int, QStringList, QString, Script, QStringList, bool> rows{"step",   "words",     "misleading",
                                                                           "script", "arguments", "goesOn"};
 
-    /// \p arguments stand besides or instead of the usual ones. \p goesOn where the other steps are tried.
+    /// \p arguments are added to the usual ones or replace them. \p goesOn where the other steps are tried.
     void operator()(const char* name, int step, const QStringList& words, const QString& misleading,
                     const Script& script, const QStringList& arguments = {}, bool goesOn = false) const
     {
@@ -396,7 +396,7 @@ private:
     {
         return Fault::On(u"/api/venue"_s).WithStatus(200).WithBody(body).WithMediaType(c_jsonApi);
     }
-    /// A document of two venues with the attributes \p attributes besides title and id.
+    /// A document of two venues with title, id and the attributes \p attributes.
     static QByteArray TwoVenues(const QByteArray& attributes, const QByteArray& rest = {})
     {
         const QByteArray venue
@@ -441,9 +441,10 @@ private:
         row("another word of the proxy's", 2,
             {u"the proxy answers \"418 Not This Time\""_s, u"not the server's"_s}, {}, answer(418));
         row("web server as proxy", 2,
-            {u"the proxy answers \"405 Not This Time\""_s, u"This is no proxy for https"_s}, {}, answer(405));
+            {u"the proxy answers \"405 Not This Time\""_s, u"This is not a proxy for https"_s}, {},
+            answer(405));
         row("mail server as proxy", 2,
-            {u"does not speak HTTP: \"220 mail.example ESMTP"_s, u"This is no proxy for https"_s}, {},
+            {u"does not speak HTTP: \"220 mail.example ESMTP"_s, u"This is not a proxy for https"_s}, {},
             With(NetworkFault{.kind = NetworkFault::Kind::NoProxy, .host = {}}));
         row("proxy hangs up", 2, {u"closes the connection without an answer"_s}, {},
             With(NetworkFault{.kind = NetworkFault::Kind::RefuseConnection, .host = {}}));
@@ -528,7 +529,7 @@ private:
             With(OnVenues().WithMediaType("application/vnd.api+json; charset=utf-8")));
         row("web page", 5, {u"\"text/html\" instead of "_s}, {}, With(OnVenues().WithMediaType("text/html")));
         row("no media type", 5, {u"no media type instead of "_s}, {}, With(OnVenues().WithoutMediaType()));
-        row("no JSON", 6, {u"the body is no JSON object: "_s}, {}, With(OnVenues().WithBody("[1")));
+        row("no JSON", 6, {u"the body is not a JSON object: "_s}, {}, With(OnVenues().WithBody("[1")));
         row("header without body", 4,
             {u"HTTP status 200, but the body did not come within 1 s: 0 bytes"_s, u"holds the body back"_s},
             u"no answer"_s, With(OnVenues().WithSilenceAfterHeader()), {u"--timeout"_s, u"1"_s});
@@ -560,7 +561,7 @@ private:
                 R"({"data": [{"attributes": {"title": "a"}}, {"attributes": {"title": "b"}}]})")));
         row("ids too large", 6, {u"for example 4294967296"_s}, {},
             With(OnVenuesSay(TwoVenues("\"entity_id\": 4294967296"))));
-        // What spoils a field only does not keep the probe from going on.
+        // Where only a field is wrong the probe goes on.
         const auto goingOn = [&row](const char* name, const QStringList& words, const QByteArray& attributes,
                                     const QByteArray& rest = {}) {
             row(name, 6, words, {}, With(OnVenuesSay(TwoVenues(attributes, rest))), {}, true);
@@ -602,11 +603,11 @@ private:
             With(onPictures().WithStatus(500)));
         row("list of pictures of another type", 7, {u"list of pictures: the media type is \"text/html\""_s},
             {}, With(onPictures().WithMediaType("text/html")));
-        row("list of pictures is no JSON", 7, {u"list of pictures: the body is no JSON object"_s}, {},
+        row("list of pictures is no JSON", 7, {u"list of pictures: the body is not a JSON object"_s}, {},
             With(onPictures().WithBody("no")));
         row("picture missing", 7, {u"2 at venue "_s, u"; HTTP status 404, "_s}, {},
             With(onPicture().WithStatus(404)));
-        row("picture is a web page", 7, {u" is no image but \"text/html\""_s}, {},
+        row("picture is a web page", 7, {u" is not an image but \"text/html\""_s}, {},
             With(onPicture().WithMediaType("text/html")));
         row("picture is empty", 7, {u" is empty"_s}, {}, With(onPicture().WithBody({})));
         row("list of model files fails", 8, {u"list of model files: HTTP status 503, "_s}, {},

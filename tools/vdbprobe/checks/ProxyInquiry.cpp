@@ -116,7 +116,7 @@ QString ProxyInquiry::Hint() const
     if (m_answer.isEmpty())
         return u"Is this the port of an HTTP proxy, and does it let this computer in?"_s;
     if (!IsProxy()) {
-        return u"This is no proxy for https: are its name and port right, and does it know the "
+        return u"This is not a proxy for https: are its name and port right, and does it know the "
                "method CONNECT?"_s;
     }
     switch (m_status) {

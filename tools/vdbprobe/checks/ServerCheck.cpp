@@ -63,7 +63,7 @@ Outcome ServerCheck::ReadVenues()
 {
     const JsonApiAnswer answer(m_answer.body);
     if (!answer.ParseError().isEmpty()) {
-        return Outcome::Failed(u"the body is no JSON object: %1"_s.arg(answer.ParseError()),
+        return Outcome::Failed(u"the body is not a JSON object: %1"_s.arg(answer.ParseError()),
                                u"The answer was damaged on the way, or the server is at fault."_s);
     }
     m_venues = m_connector.ProcessVenueEntriesReply(answer.Document());
@@ -120,7 +120,8 @@ Outcome ServerCheck::LoadPicture()
     const QString found = u"%1 at venue %2; "_s.arg(urls.size()).arg(stored->venueId);
     if (picture.HasSucceeded() && !picture.contentType.startsWith("image"_L1)) {
         return Outcome::Failed(
-            found + u"%1 is no image but \"%2\""_s.arg(Address(picture.url), OneLine(picture.contentType)),
+            found
+                + u"%1 is not an image but \"%2\""_s.arg(Address(picture.url), OneLine(picture.contentType)),
             u"The server, or a filter on the way, answers with something else."_s);
     }
     return DownloadOutcome(picture, found);
@@ -200,7 +201,7 @@ std::optional<Outcome> ServerCheck::FailureOf(const FetchResult& result, const Q
     }
     const JsonApiAnswer answer(result.body);
     if (!answer.ParseError().isEmpty()) {
-        return Outcome::Failed(name + u"the body is no JSON object"_s,
+        return Outcome::Failed(name + u"the body is not a JSON object"_s,
                                u"The answer was damaged on the way, or the server is at fault."_s);
     }
     if (const QString words = answer.Words(); !words.isEmpty())
