@@ -73,8 +73,9 @@ QString WithoutIndent(const QString& text)
 /// The code between each pair of lines "//! [name]" or "#! [name]" of the file \p path.
 QList<Code> NamedSnippets(const QString& path)
 {
-    static const QRegularExpression snippet(uR"(^ *(?://|#)! \[(.+)\]\n((?s:.*?))^ *(?://|#)! \[(.+)\]$)"_s,
-                                            QRegularExpression::MultilineOption);
+    static const QRegularExpression snippet(
+        uR"(^ *(?://|#)! \[(.+)\]\n((?s:.*?))(?:^ *(?://|#)! \[(.+)\]$|\z))"_s,
+        QRegularExpression::MultilineOption);
     QList<Code> snippets;
     const QString text = ReadText(SourcePath(path));
     for (const QRegularExpressionMatch& match : snippet.globalMatch(text)) {
