@@ -351,10 +351,10 @@ QList<FaultRow> StatusRows()
         rows.append(Page(status, c_html, c_page, "HTML"));
     for (const int status : {400, 404, 500, 503})
         rows.append(Page(status, "application/vnd.api+json", c_errors, "JSON:API errors"));
-    for (const int status : {404, 500, 503}) {
+    for (const int status : {404, 500, 503})
         rows.append(ImagePage(status));
+    for (const int status : {401, 403, 404, 410, 418, 429, 500, 502, 503})
         rows.append(HonestPage(status));
-    }
     for (const int status : {204, 304})
         rows.append(Bodiless(status));
     const QByteArray basic = R"(Basic realm="venues")";
